@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/app.h"
+
+#include "core/help.h"
+#include "core/log.h"
+#include "core/screen.h"
+#include "graphics/blit.h"
+#include "graphics/font.h"
+#include "graphics/render.h"
+#include "graphics/video.h"
+#include "input/cursor.h"
+#include "input/input.h"
+#include "persist/best_times.h"
+#include "persist/prefs.h"
+#include "platform/platform.h"
+#include "puzzles/background.h"
+#include "puzzles/board.h"
+#include "resources/archive.h"
+#include "sound/sound.h"
+#include "sprites/effect.h"
+
+#include <SDL.h>
+#include <SDL_thread.h>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <new>
+
+namespace {
+
+constexpr u32 FRAME_PERIOD = 20; // ms
+constexpr i32 EFFECT_VOLUME = 128, MUSIC_VOLUME = 100;
+constexpr int EXIT_NO_SDL = 1, EXIT_NO_START = -1;
+
+// Taken just before a normal exit, for the exit handler; 0 on every other way out.
+u32 open_web_page = 0;
+
+// --- Shutdown ------------------------------------------------------------------------------------
+
+// Every step is safe when its start-up step never ran.
+void app_exit_handler() {
+    screen_shutdown_all();
+    effects_shutdown();
+    board_free_background();
+    help_shutdown();
+    best_times_destroy();
+    app_state_destroy(app);
+    app = nullptr;
+    cursor_shutdown();
+    input_shutdown();
+    font_shutdown();
+    video_shutdown();
+    data_archive_close();
+    sound_shutdown();
+    SDL_Quit();
+    if (open_web_page != 0)
+        platform_open_web_page(TAVIMO_WEB_PAGE);
+}
+
+// --- Start-up ------------------------------------------------------------------------------------
+
+[[noreturn]] void fail_with_sdl_error() {
+    std::fprintf(stderr, "Fatal Error: %s\n", SDL_GetError());
+    std::exit(EXIT_NO_SDL);
+}
+
+i32 set_caption() {
+    SDL_WM_SetCaption("Tavimo", nullptr);
+    return 1;
+}
+
+i32 start_sound() {
+    if (sound_init() < 0) {
+        log_error("Error initializing audio, sound will unavailable\n");
+        return 1;
+    }
+    sound_set_effect_volume(EFFECT_VOLUME);
+    sound_set_music_volume(MUSIC_VOLUME);
+    sound_resume();
+    return 1;
+}
+
+i32 start_app_state() {
+    app = app_state_create();
+    return app != nullptr ? 1 : -1;
+}
+
+i32 load_saved() {
+    prefs_load();
+    best_times_load();
+    return 1;
+}
+
+// In order; a negative result stops the program. The step has logged why.
+constexpr i32 (*START_UP[])() = {
+    data_archive_open, video_init,
+    prim_init,         set_caption,
+    blit_init,         font_init,
+    start_sound,       input_init,
+    cursor_init,       start_app_state,
+    best_times_create, help_init,
+    load_saved,        board_reset_background,
+    effects_init,      screen_init_all,
+};
+
+void start_up() {
+    if (SDL_Init(SDL_INIT_TIMER | SDL_INIT_AUDIO | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE) < 0)
+        fail_with_sdl_error();
+    std::atexit(app_exit_handler);
+    std::srand(static_cast<unsigned>(std::time(nullptr)));
+    log_set_file("errorlog.log");
+    log_set_mode(LOG_FILE);
+    for (auto *step : START_UP)
+        if (step() < 0)
+            std::exit(EXIT_NO_START);
+}
+
+// --- Main loop -----------------------------------------------------------------------------------
+
+// The state is polled, so events are only looked at for what polling cannot tell; then the queue is emptied,
+// because SDL drops new events, closing the window among them, once it is full.
+void handle_events() {
+    SDL_Event event;
+    if (SDL_PeepEvents(&event, 1, SDL_PEEKEVENT, SDL_VIDEOEXPOSEMASK) > 0)
+        screen_request_redraw();
+    while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_ALLEVENTS) > 0)
+        if (event.type == SDL_QUIT)
+            app_request_quit();
+}
+
+void main_loop() {
+    for (;;) {
+        const u32 start = SDL_GetTicks();
+        screen_tick();
+        screen_update();
+        screen_draw();
+        screen_end_frame();
+        handle_events();
+        if (app_has(APP_QUIT))
+            return;
+        const u32 elapsed = SDL_GetTicks() - start;
+        if (elapsed < FRAME_PERIOD)
+            SDL_Delay(FRAME_PERIOD - elapsed);
+    }
+}
+
+} // namespace
+
+app_state *app_state_create() {
+    void *block = std::calloc(1, sizeof(app_state));
+    if (block == nullptr) {
+        log_out_of_memory();
+        return nullptr;
+    }
+    auto *state = new (block) app_state{};
+    state->puzzle = -1;
+    state->board = board_create();
+    if (state->board == nullptr) {
+        app_state_destroy(state);
+        return nullptr;
+    }
+    return state;
+}
+
+void app_state_destroy(app_state *state) {
+    if (state == nullptr)
+        return;
+    board_destroy(state->board);
+    std::free(state->player_name);
+    std::free(state);
+}
+
+void app_run() {
+    start_up();
+    SDL_Thread *renderer = SDL_CreateThread(render_thread, nullptr);
+    if (renderer == nullptr)
+        fail_with_sdl_error();
+    main_loop();
+    prefs_save();
+    best_times_save();
+    SDL_WaitThread(renderer, nullptr);
+    open_web_page = app->flags & APP_OPEN_WEB_PAGE;
+    std::exit(EXIT_SUCCESS);
+}

@@ -1,0 +1,28 @@
+// app_state.cpp: the few operations on the global record. Main thread.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/app_state.h"
+
+#include "core/log.h"
+#include "core/strings.h"
+
+void app_state_set_name(app_state *state, const char *name) {
+    if (string_set(&state->player_name, name) < 0) {
+        log_out_of_memory();
+        return;
+    }
+    state->flags |= APP_NAME_SET;
+}
+
+void app_state_select_puzzle(app_state *state, i32 index) {
+    state->puzzle = index;
+}
+
+void app_request_quit() {
+    app->flags |= APP_QUIT;
+}
+
+void app_quit_to_web_page() {
+    app->flags |= APP_QUIT | APP_OPEN_WEB_PAGE;
+}

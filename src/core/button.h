@@ -1,0 +1,54 @@
+// button.h: picture buttons. Main thread; pictures are borrowed from the screen that loaded them.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/containers.h"
+#include "core/types.h"
+#include "resources/image.h"
+
+#include <cstdint>
+
+inline constexpr u32 BUTTON_PRESSED = 0x1;
+inline constexpr u32 BUTTON_HOVER = 0x2;
+inline constexpr u32 BUTTON_RELEASE_PENDING = 0x4;
+
+enum button_look : i32 { BUTTON_LOOK_NORMAL, BUTTON_LOOK_HOVER, BUTTON_LOOK_PRESSED, BUTTON_LOOK_COUNT };
+
+struct button;
+using button_callback = void (*)(button *pressed, std::intptr_t arg1, std::intptr_t arg2);
+
+struct button {
+    u32 flags;
+    i32 state;                                // a button_look: the picture drawn
+    const image *pictures[BUTTON_LOOK_COUNT]; // borrowed
+    const image *label;                       // borrowed, may be null; centred on the picture
+    button_callback callback;                 // may be null
+    std::intptr_t arg1, arg2;
+    i32 x, y;          // window pixels
+    i32 width, height; // of the picture drawn
+    i32 release_timer; // frames until a pending release
+};
+
+[[nodiscard]] button *button_create(); // null when out of memory (logged)
+void button_free(button *b);
+void button_set_pictures(button *b, const image *normal, const image *hover, const image *pressed, const image *label);
+void button_set_state(button *b, i32 state);
+void button_set_callback(button *b, button_callback callback, std::intptr_t arg1, std::intptr_t arg2);
+void button_draw(const button *b);
+void button_draw_background(const button *b); // normal picture and label into the background
+void button_press(button *b);                 // click, pressed look, callback; ignored while pressed
+void button_release(button *b);
+void button_hover(button *b);
+void button_unhover(button *b);
+void button_release_later(button *b); // in 4 frames, for presses by key
+void button_tick(button *b);
+bool button_hit(const button *b, i32 px, i32 py); // edges included
+
+// Makes a button with pictures, place and callback and appends it to the list; null when out of memory.
+button *button_add(ptr_array<button> *list, const image *const pictures[BUTTON_LOOK_COUNT], i32 x, i32 y,
+                   button_callback callback, std::intptr_t arg1 = 0, std::intptr_t arg2 = 0);
+
+// Ticks every button and returns the last one in list order at the point, or null: the one on top.
+button *button_tick_and_find(ptr_array<button> *list, i32 px, i32 py);

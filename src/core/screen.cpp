@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/screen.h"
+
+#include "core/help.h"
+#include "graphics/draw_list.h"
+#include "graphics/render.h"
+#include "input/input.h"
+#include "sound/sound.h"
+
+namespace {
+
+using operation = void (*)();
+
+// Main thread only.
+screen_id current = SCREEN_NONE;
+screen_id next = SCREEN_NONE;
+bool full_redraw = false; // the next recorded frame first restores the whole window
+
+// The current screen's per-frame operations.
+operation current_update, current_draw, current_tick, current_late;
+
+void run(operation step) {
+    if (step != nullptr)
+        step();
+}
+
+} // namespace
+
+void screen_request(screen_id id) {
+    next = id;
+}
+
+void screen_request_redraw() {
+    full_redraw = true;
+}
+
+screen_id screen_current() {
+    return current;
+}
+
+i32 screen_init_all() {
+    for (auto *init : screen_table.init)
+        if (init != nullptr && init() < 0)
+            return -1;
+    screen_request(SCREEN_SPLASH);
+    screen_activate(SCREEN_SPLASH);
+    current = SCREEN_SPLASH;
+    return 1;
+}
+
+void screen_activate(screen_id id) {
+    current_update = screen_table.update[id];
+    current_draw = screen_table.draw[id];
+    current_tick = screen_table.tick[id];
+    current_late = screen_table.late[id];
+    run(screen_table.enter[id]);
+    full_redraw = true;
+}
+
+void screen_tick() {
+    run(current_tick);
+}
+
+void screen_update() {
+    input_poll();
+    run(current_update);
+    help_step();
+}
+
+void screen_draw() {
+    if (render_begin_frame()) {
+        if (full_redraw) {
+            draw_restore(WHOLE_SCREEN);
+            full_redraw = false;
+        }
+        run(current_draw);
+        help_draw();
+    }
+    render_end_frame();
+}
+
+void screen_end_frame() {
+    run(current_late);
+    if (next != current) {
+        help_stop();
+        run(screen_table.leave[current]);
+        current = next;
+        screen_activate(current);
+    }
+    sound_update();
+}
+
+void screen_shutdown_all() {
+    for (auto *shutdown : screen_table.shutdown)
+        run(shutdown);
+    current = next = SCREEN_NONE;
+    current_update = current_draw = current_tick = current_late = nullptr;
+}

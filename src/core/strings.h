@@ -1,0 +1,22 @@
+// strings.h: owned strings, dates and hexadecimal digits. Main thread; failures are logged and return -1.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+// Makes *target an owned copy of source ("" for null). The length with terminator, or -1 (target untouched).
+i32 string_set(char **target, const char *source);
+
+// Formats into *target, an owned string that is reallocated. The text's length, or -1.
+i32 string_printf(char **target, const char *format, ...) __attribute__((format(printf, 2, 3)));
+
+// Adds k modulo 256 to every byte up to the terminator (128 and -128 undo each other). Accepts null.
+void string_shift(char *text, i32 k);
+
+char char_upper(char c);             // 'a'..'z' to 'A'..'Z', all else unchanged
+u8 hex_byte(const char *text);       // the first two characters as hexadecimal digits; others count as 0
+const char *month_abbrev(i32 month); // "Jan" .. "Dec" for 0..11, else null
+void log_timestamp(char **target);   // local time such as 07/Mar/2004 14:05:09 +0000
+void date_stamp(char **target);      // local time such as 2004-03-07 14:05

@@ -1,0 +1,17 @@
+// dirty.h: the rectangles that changed on the screen since it was last shown.
+//
+// Under the surface lock once the render thread runs. dirty_add and dirty_flush stand in graphics/render.h, for
+// the screens that draw directly.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+#include <SDL_video.h>
+
+#include <span>
+
+std::span<const SDL_Rect> dirty_rects();
+void dirty_free(); // frees the list; it can be used again

@@ -1,0 +1,176 @@
+// draw_ops.h: what each drawing command carries, and the one manifest of the commands.
+//
+// The manifest names each command's id, operand record and player. The recorder's sizes and the player's dispatch
+// come from it, so that a command is added by a row here, its record and its player. Records are copied into the
+// lists byte for byte, without alignment.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "graphics/draw_list.h"
+
+#include <cstring>
+#include <type_traits>
+
+struct no_operands {};
+
+struct area_operands {
+    rect area;
+};
+
+struct image_operands {
+    const image *picture; // borrowed until played
+    i32 x, y;
+};
+
+struct image_ex_operands {
+    const image *picture; // borrowed until played
+    i32 x, y;
+    u32 mode; // BLIT_ bits
+    rgb colour_a, colour_b;
+    u8 unused[2];
+    rect source; // for BLIT_SOURCE_RECT
+};
+
+struct image_clipped_operands {
+    const image *picture; // borrowed until played
+    i32 x, y;
+    rect clip;
+};
+
+struct free_image_operands {
+    image *picture; // handed over
+};
+
+struct fill_operands {
+    rect area;
+    rgb colour;
+    u8 unused;
+    i32 dirty; // not 0: marks what it drew
+};
+
+struct pixel_operands {
+    i32 x, y;
+    rgb colour;
+    u8 unused;
+    i32 dirty;
+};
+
+struct slot_operands {
+    rect area; // unused when restoring
+    i32 slot;
+};
+
+struct noise_operands {
+    rect area;
+    rgb limits; // each channel stays below its own
+    u8 unused;
+};
+
+struct line_operands {
+    i32 x0, y0, x1, y1;
+    rgb colour;
+    u8 unused;
+    i32 dirty;
+};
+
+struct text_operands {
+    i32 x, y;
+    u8 slot; // character code
+    u8 unused[3];
+    i32 red, green, blue; // factors, 255 for full strength
+    i32 to_background;    // not 0: into the background
+};
+
+// clang-format off
+#define DRAW_MANIFEST(ROW)                                                    \
+    /*  id                      operands                player             */ \
+    ROW(DRAW_IMAGE,             image_operands,         play_image)           \
+    ROW(DRAW_RESTORE,           area_operands,          play_restore)         \
+    ROW(DRAW_IMAGE_EX,          image_ex_operands,      play_image_ex)        \
+    ROW(DRAW_IMAGE_BG,          image_operands,         play_image_bg)        \
+    ROW(DRAW_DARKEN,            area_operands,          play_darken)          \
+    ROW(DRAW_FREE_IMAGE,        free_image_operands,    play_free_image)      \
+    ROW(DRAW_FILL,              fill_operands,          play_fill)            \
+    ROW(DRAW_DARKEN_BG,         area_operands,          play_darken_bg)       \
+    ROW(DRAW_FILL_BG,           fill_operands,          play_fill_bg)         \
+    ROW(DRAW_PIXEL,             pixel_operands,         play_pixel)           \
+    ROW(DRAW_SAVE,              slot_operands,          play_save)            \
+    ROW(DRAW_RESTORE_SAVED,     slot_operands,          play_restore_saved)   \
+    ROW(DRAW_STORE_BG,          area_operands,          play_store_bg)        \
+    ROW(DRAW_IMAGE_CLIPPED,     image_clipped_operands, play_image_clipped)   \
+    ROW(DRAW_IMAGE_CLIPPED_BG,  image_clipped_operands, play_image_clipped_bg)\
+    ROW(DRAW_FRAME,             fill_operands,          play_frame)           \
+    ROW(DRAW_PUSH_BG,           no_operands,            play_push_bg)         \
+    ROW(DRAW_POP_BG,            no_operands,            play_pop_bg)          \
+    ROW(DRAW_DIRTY,             area_operands,          play_dirty)           \
+    ROW(DRAW_NOISE_BG,          noise_operands,         play_noise_bg)        \
+    ROW(DRAW_LINE,              line_operands,          play_line)            \
+    ROW(DRAW_TEXT,              text_operands,          play_text)
+// clang-format on
+
+// Bytes that a record takes in a list.
+template <class Operands> constexpr i32 operands_size() {
+    static_assert(std::is_trivially_copyable_v<Operands>);
+    return std::is_empty_v<Operands> ? 0 : static_cast<i32>(sizeof(Operands));
+}
+
+static_assert(operands_size<no_operands>() == 0);
+static_assert(operands_size<area_operands>() == 16);
+static_assert(operands_size<image_operands>() == sizeof(void *) + 8);
+static_assert(offsetof(image_ex_operands, source) == sizeof(void *) + 20);
+static_assert(operands_size<image_clipped_operands>() == sizeof(void *) + 24);
+static_assert(operands_size<free_image_operands>() == sizeof(void *));
+static_assert(operands_size<fill_operands>() == 24);
+static_assert(operands_size<pixel_operands>() == 16);
+static_assert(operands_size<slot_operands>() == 20);
+static_assert(operands_size<noise_operands>() == 20);
+static_assert(operands_size<line_operands>() == 24);
+static_assert(operands_size<text_operands>() == 28);
+
+// Players: on the render thread, under the surface lock and inside a screen_access.
+#define DECLARE_PLAYER(id, operands, player) void player(const operands &op);
+DRAW_MANIFEST(DECLARE_PLAYER)
+#undef DECLARE_PLAYER
+
+struct draw_command {
+    draw_opcode id;
+    i32 size;                   // bytes of operands
+    void (*play)(const u8 *at); // at the operands, which need not be aligned
+};
+
+template <class Operands, void (*player)(const Operands &)> void play_operands(const u8 *at) {
+    Operands op{};
+    std::memcpy(&op, at, static_cast<std::size_t>(operands_size<Operands>()));
+    player(op);
+}
+
+#define COMMAND_ROW(id, operands, player) {id, operands_size<operands>(), play_operands<operands, player>},
+inline constexpr draw_command DRAW_COMMANDS[] = {DRAW_MANIFEST(COMMAND_ROW)};
+#undef COMMAND_ROW
+
+static_assert(std::size(DRAW_COMMANDS) == DRAW_OPCODE_COUNT);
+static_assert([] {
+    for (u8 i = 0; i < DRAW_OPCODE_COUNT; ++i)
+        if (DRAW_COMMANDS[i].id != i)
+            return false;
+    return true;
+}());
+
+// The record of a command, so that recording the wrong one does not compile.
+template <draw_opcode id> struct operands_of;
+#define OPERANDS_OF(id, operands, player)                                                                              \
+    template <> struct operands_of<id> {                                                                               \
+        using type = operands;                                                                                         \
+    };
+DRAW_MANIFEST(OPERANDS_OF)
+#undef OPERANDS_OF
+
+// draw_list_add and draw_list_add_next with the command's own record.
+template <draw_opcode id> void draw_record(const typename operands_of<id>::type &operands) {
+    draw_list_add(id, &operands);
+}
+template <draw_opcode id> void draw_record_next(const typename operands_of<id>::type &operands) {
+    draw_list_add_next(id, &operands);
+}

@@ -1,0 +1,33 @@
+// render.h: the render thread, its lock for recording, and direct drawing while it is paused.
+//
+// Main thread, but for render_thread itself. The render lock guards the two command lists, the pending and the
+// idle flag; the surface lock guards the screen, the background, the spare, the save slots and the dirty
+// rectangles. No thread ever holds both.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+#include "resources/image.h"
+
+// Body of the render thread, for SDL_CreateThread; returns 1 when APP_QUIT is set.
+int render_thread(void *unused);
+
+// Takes the render lock; true when the render thread is ready for a new list, that is, when this frame may
+// be recorded. Always end with render_end_frame.
+[[nodiscard]] bool render_begin_frame();
+void render_end_frame();
+
+// Takes the surface lock once the render thread has taken what was recorded (n = 2: and has shown it).
+// Without a running render thread nothing happens.
+void render_pause(i32 n);
+void render_resume();
+
+// Direct drawing, between render_pause and render_resume.
+void screen_show_background(i32 x, i32 y, i32 w, i32 h); // background to screen, cut to the window
+void screen_store_background(const rect &area);          // screen to background; the area must lie on the screen
+void screen_fill(const rect &area, rgb colour);          // the area must lie on the screen
+void screen_blit(const image *picture, i32 x, i32 y);    // picture onto the screen
+void dirty_add(i32 x, i32 y, i32 w, i32 h);
+void dirty_flush();

@@ -1,0 +1,60 @@
+// span_walk.h: the walk over a picture's run table that every picture routine shares.
+//
+// The walk finds the visible part of each opaque run and hands it to a pixel rule; transparent runs and all that
+// lies outside the box are stepped over without looking at a pixel.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "graphics/frame_buffers.h"
+#include "resources/image.h"
+
+#include <algorithm>
+
+// The visible part of one opaque run.
+template <class Pixel> struct pixel_span {
+    typename Pixel::value *to;
+    const typename Pixel::value *from;
+    i32 count;       // pixels, at least 1
+    bool has_first;  // the run's first pixel is in it
+    bool has_last;   // the run's last pixel is in it
+};
+
+// Steps over rows of a run table; null when the picture ends first.
+inline const i32 *skip_rows(const i32 *entry, i32 rows) {
+    for (; rows > 0; --rows) {
+        while (*entry >= 0)
+            ++entry;
+        if (*entry == RUN_END_PICTURE)
+            return nullptr;
+        ++entry;
+    }
+    return entry;
+}
+
+// Calls rule(pixel_span<Pixel>) for what shows of a picture at (x, y) inside the box, which must lie in the buffer.
+template <class Pixel, class Rule>
+void walk_spans(const frame_buffer &to, const image &picture, i32 x, i32 y, const rect &box, Rule rule) {
+    using value = typename Pixel::value;
+    if (rect_is_empty(box) || picture.runs == nullptr)
+        return;
+    const i32 box_right = box.x + box.w;
+    const i32 bottom = std::min(box.y + box.h, y + picture.height);
+    i32 row = std::max(box.y, y);
+    const i32 *entry = skip_rows(picture.runs, row - y);
+    const auto *pixels = reinterpret_cast<const value *>(picture.pixels);
+    for (; entry != nullptr && row < bottom; ++row, entry = skip_rows(entry, 1)) {
+        value *to_row = reinterpret_cast<value *>(frame_row(to, row));
+        const value *from_row = pixels + (row - y) * picture.width;
+        bool opaque = false;
+        for (i32 column = x; *entry >= 0; ++entry, opaque = !opaque) {
+            const i32 end = column + (*entry >> Pixel::SHIFT);
+            const i32 first = std::max(column, box.x), stop = std::min(end, box_right);
+            if (opaque && first < stop)
+                rule(pixel_span<Pixel>{to_row + first, from_row + (first - x), stop - first, first == column,
+                                       stop == end});
+            column = end;
+        }
+    }
+}

@@ -1,0 +1,25 @@
+// platform.h: what differs between operating systems: file descriptors, the process id, opening a web page.
+//
+// The program's paths use backslashes; every function here turns them into the host's separator. Results are
+// those of the system calls: -1 and errno on failure.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+#include <cstddef>
+
+int platform_open_read(const char *path);   // read-only
+int platform_open_write(const char *path);  // write-only, created (rw-rw-rw- less umask) if missing, not truncated
+std::ptrdiff_t platform_read(int fd, void *bytes, std::size_t count); // goes on after interruptions and short reads
+std::ptrdiff_t platform_write(int fd, const void *bytes, std::size_t count); // likewise
+i32 platform_seek(int fd, i32 offset);      // from the file's start; the new position, or -1
+i32 platform_size(int fd);                  // bytes of the file, at most the largest i32; -1 on failure
+void platform_close(int fd);
+int platform_copy_file(const char *from, const char *to); // replaces `to` and waits for the disk; 0 or -1
+i32 platform_process_id();
+
+// Asks the desktop to open the address, without a shell in between and without waiting for it.
+void platform_open_web_page(const char *address);

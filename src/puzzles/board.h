@@ -1,0 +1,160 @@
+// board.h: the one record of a puzzle run, and its life: create, load a type, start, update, draw, destroy.
+//
+// One board exists for the whole program (app_state owns it). The board owns its pictures, cells, pieces, buttons
+// and effects. Main thread only. Functions that can fail return -1 or null after the failure has been logged; a
+// board whose pictures could not be loaded has no pictures, no pieces and BOARD_NO_TYPE, and draws nothing.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/app_state.h"
+#include "core/button.h"
+#include "core/containers.h"
+#include "core/types.h"
+#include "resources/image.h"
+
+struct effect;
+struct number_entry;
+struct random_list;
+struct sprite;
+
+// Run state.
+inline constexpr u32 BOARD_COMPLETE = 0x1;      // every piece is placed; the run is over
+inline constexpr u32 BOARD_DECK_MOVING = 0x2;   // the deck is being turned
+inline constexpr u32 BOARD_DECK_LOCK = 0x4;     // the cards' faces are not drawn for deck_lock_frames frames
+inline constexpr u32 BOARD_DECK_CLOSED = 0x8;   // the deck has not been opened yet: cards face down
+inline constexpr u32 BOARD_DECK_OPENING = 0x10; // the first deal is being animated
+inline constexpr u32 BOARD_STUDY = 0x20;        // shown by the study screen
+inline constexpr u32 BOARD_CLOCK = 0x40;        // the clock runs
+
+// Features of a puzzle type.
+inline constexpr u32 BOARD_HAS_DECK = 0x1;      // pieces are dealt from a deck
+inline constexpr u32 BOARD_HAS_KEYPAD = 0x2;    // problems are answered on the keypad
+inline constexpr u32 BOARD_HAS_BOX = 0x4;       // all pieces start laid out in a box
+inline constexpr u32 BOARD_KEEP_DROPPED = 0x8;  // a wrongly dropped piece stays when another one is taken
+inline constexpr u32 BOARD_CARD_TEXT = 0x10;    // cards show the problem as text, not the piece's label
+inline constexpr u32 BOARD_LARGE_BURN = 0x20;   // burns use the large pictures
+inline constexpr u32 BOARD_BLINK_PLACED = 0x40; // a placed piece blinks out and disappears
+
+inline constexpr i32 BOARD_NO_TYPE = 255; // value of type while no type is loaded
+
+// Indices of the four pictures of an edge series.
+enum board_edge : i32 { EDGE_TOP, EDGE_RIGHT, EDGE_BOTTOM, EDGE_LEFT, EDGE_COUNT };
+
+inline constexpr i32 DECK_CARDS = 3; // visible cards, the top one first
+inline constexpr i32 CONSOLE_BUTTONS = 2;
+inline constexpr i32 KEY_PICTURES = 6;     // keypad key and next button, three looks each
+inline constexpr i32 CONSOLE_PICTURES = 6; // help and return button, three looks each
+inline constexpr i32 KEY_SYMBOLS = 12;
+inline constexpr i32 ENTRY_DIGITS = 10;
+inline constexpr i32 CARD_CHARACTERS = 255; // characters that a card text can be made of
+
+struct board {
+    i32 type;        // 0..10, or BOARD_NO_TYPE
+    u32 state;       // BOARD_COMPLETE .. BOARD_CLOCK
+    u32 features;    // BOARD_HAS_DECK .. BOARD_BLINK_PLACED
+    u32 clock_start; // ms: the tick count from which the clock counts
+    i32 seconds;     // of the run
+
+    // Geometry, in pixels; cells lie relative to the board's corner.
+    i32 x, y; // of the board picture on the screen
+    i32 cols, rows;
+    i32 top, study_top; // y in play and in study mode
+    i32 width, height;  // of the board picture
+    i32 cell_w, cell_h;
+    i32 grid_x, grid_y; // first cell
+
+    // Pictures, all owned; null or empty where the type has none.
+    i32 label_count;
+    image **labels; // on the pieces
+    i32 symbol_count;
+    image **symbols; // headings on the board
+    i32 cell_picture_count;
+    image **cell_pictures;
+
+    ptr_array<sprite> *cells;  // owned
+    ptr_array<sprite> *pieces; // owned; the last one is on top
+
+    char *dir; // owned; the type's data folder
+
+    image *board_tab_out[EDGE_COUNT];
+    image *board_tab_in[EDGE_COUNT];
+    image *piece_tab_out[EDGE_COUNT]; // of a loose piece
+    image *piece_tab_in[EDGE_COUNT];  // of a placed piece
+
+    i32 snap_radius; // pixels between the centres at which a dropped piece still snaps in
+    i32 placed;      // pieces placed in this run
+
+    image *board_picture, *piece_picture, *box_picture, *card_picture, *keypad_picture, *next_picture;
+    image *empty_deck_picture, *begin_picture, *study_help_picture;
+    image *key_pictures[KEY_PICTURES];
+    image *console_pictures[CONSOLE_PICTURES]; // by look: help, return
+    image *key_symbols[KEY_SYMBOLS];           // by key value
+    image *entered_digits[ENTRY_DIGITS];
+
+    i32 button_x[CONSOLE_BUTTONS], button_y[CONSOLE_BUTTONS];
+    ptr_array<button> *buttons; // owned
+    i32 keypad_x, keypad_y;
+    i32 card_symbol_count;
+    random_list *deck_pool; // owned; the pieces that the deck deals from
+    number_entry *entry;    // owned; the answer display
+    i32 deck_lock_frames;
+    button **key_buttons; // owned block of key_count() entries, null before the first start: a key's button
+    i32 remaining;        // pieces not yet answered
+    i32 box_x, box_y;
+    i32 deck_x, deck_y;
+    sprite *slot[DECK_CARDS]; // borrowed from pieces: the pieces on the cards
+    sprite *leaving;          // borrowed: the piece on the card that slides under the stack
+    i32 slot_x[DECK_CARDS], leaving_x;
+    i32 slot_y[DECK_CARDS], leaving_y;
+    i32 char_map[CARD_CHARACTERS];      // character to index of its card symbol, -1 for none
+    i32 card_label_dx, card_label_dy;   // of a label drawn on a card
+    image **card_symbols;
+    i32 deck_timer, deck_phase;
+
+    ptr_array<effect> *effects;     // owned
+    ptr_array<effect> *new_effects; // queued during this frame; they move into effects at its end
+    char *clock_text;               // owned; "0:00" at the start
+};
+
+[[nodiscard]] board *board_create(); // null when out of memory (logged)
+void board_destroy(board *b);        // accepts null
+
+// Loads a puzzle type's layout and pictures; 1, or -1, after which no type is loaded. An unknown type leaves the
+// board as it is. Whatever run there was is dropped.
+[[nodiscard]] i32 board_load(board *b, i32 type);
+
+// Loads the puzzle that is selected in the state, unless it is loaded already, and centres the board. 1, or -1:
+// the caller then goes back to the title screen; the next call tries again.
+[[nodiscard]] i32 board_prepare(app_state *state);
+
+void board_free_images(board *b);
+
+// Starts a new run of the loaded type. 1, or -1 when no type is loaded or memory is short (logged); there is then
+// no run, and the caller goes back to the title screen.
+[[nodiscard]] i32 board_start(board *b);
+
+void board_update(board *b); // one frame of the run
+void board_draw(const board *b);            // the moving parts, into this frame's list
+void board_draw_background(const board *b); // the still parts, into the background
+
+// The smallest place, 0..3, whose master time the run keeps; -1 for none.
+i32 board_master_rank(const board *b);
+
+void board_show_help(const board *b); // the type's help bubbles; nothing while bubbles show
+
+i32 board_add_button(board *b, button *added); // takes ownership; 1, or -1 when out of memory (the button is freed)
+void board_set_key(board *b, button *pressed, i32 key); // binds a key code; the board keeps borrowing the button
+void board_start_clock(board *b);
+void board_add_effect(board *b, effect *added, i32 x, i32 y); // takes ownership; null is ignored
+
+// What the return button does in every run from now on; null (the start value) for nothing. The screens set it.
+void board_set_return_action(button_callback action);
+
+inline bool board_is(const board *b, u32 state_flags) {
+    return (b->state & state_flags) != 0;
+}
+inline bool board_has(const board *b, u32 feature) {
+    return (b->features & feature) != 0;
+}

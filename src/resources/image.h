@@ -1,0 +1,39 @@
+// image.h: pictures in the screen's pixel format, with the run table that drawing walks.
+//
+// Pictures are decoded once from the archive's XPM entries (main thread). Whoever loads or creates one frees
+// it. A picture that a recorded drawing command refers to must stay alive until the command has been played.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+struct image {
+    u8 *pixels;    // owned; width x height pixels, rows without padding
+    i32 size;      // bytes
+    i32 width;     // pixels
+    i32 height;    // pixels
+    i32 *runs;     // owned; see image_build_runs; null for a blank image until built
+    i32 run_count; // entries
+};
+
+inline constexpr i32 RUN_END_ROW = -1;
+inline constexpr i32 RUN_END_PICTURE = -2;
+
+// Decodes the archive entry "xpm/NAME"; null on failure (logged).
+[[nodiscard]] image *image_load(const char *name);
+
+// A picture with undefined pixels and no run table; null when out of memory (logged).
+[[nodiscard]] image *image_create(i32 width, i32 height);
+
+void image_free(image *picture); // accepts null
+
+// (Re)builds the run table: per row the lengths, in bytes, of alternating transparent and opaque runs,
+// transparent first (perhaps 0), then RUN_END_ROW; after the last row RUN_END_PICTURE. False when out of memory.
+bool image_build_runs(image *picture);
+
+// Loads "PREFIX001.xpm" .. into array[0 .. count - 1]; 1, or -1 at the first failure (earlier ones stay).
+[[nodiscard]] i32 image_load_sequence(image **array, i32 count, const char *prefix);
+
+void image_free_array(image **array, i32 count); // frees and empties every slot

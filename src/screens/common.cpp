@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "screens/common.h"
+
+#include "core/app_state.h"
+#include "core/screen_id.h"
+#include "input/input.h"
+
+#include <SDL.h>
+
+void quit_to_web_page(button *, std::intptr_t, std::intptr_t) {
+    app_quit_to_web_page();
+}
+
+void request_screen(button *, std::intptr_t id, std::intptr_t) {
+    screen_request(static_cast<screen_id>(id));
+}
+
+void button_change_hover(button **hovered, button *hit) {
+    if (hit == *hovered)
+        return;
+    if (hit != nullptr)
+        button_hover(hit);
+    if (*hovered != nullptr) {
+        button_release(*hovered);
+        button_unhover(*hovered);
+    }
+    *hovered = hit;
+}
+
+void button_follow_mouse(button *hovered) {
+    if (hovered == nullptr)
+        return;
+    if (mouse_pressed(MOUSE_LEFT))
+        button_press(hovered);
+    else if (!mouse_held(MOUSE_LEFT))
+        button_release(hovered);
+}
+
+bool pass_took_longer(u32 *start, u32 limit) {
+    const u32 now = SDL_GetTicks();
+    const bool longer = now - *start > limit;
+    *start = now;
+    return longer;
+}

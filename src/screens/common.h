@@ -1,0 +1,31 @@
+// common.h: the small things that several screens do alike. Main thread.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/button.h"
+#include "core/types.h"
+
+inline constexpr i32 RENDER_ALL_SHOWN = 2; // for render_pause: wait until all that was recorded is on the screen
+inline constexpr i32 COLUMN_RIGHT = 795;   // right end of the button columns
+inline constexpr i32 COLUMN_BOTTOM = 595;  // bottom of their lowest button
+inline constexpr i32 COLUMN_GAP = 5;       // between the buttons
+
+// Top of the nth button from the bottom (1 the lowest) in a column of buttons h pixels high.
+constexpr i32 column_top(i32 n, i32 h) {
+    return COLUMN_BOTTOM - COLUMN_GAP * (n - 1) - n * h;
+}
+
+// Button callbacks.
+void quit_to_web_page(button *, std::intptr_t, std::intptr_t);
+void request_screen(button *, std::intptr_t id, std::intptr_t); // arg1: the screen_id
+
+// Moves the hover from *hovered to `hit` (either may be null).
+void button_change_hover(button **hovered, button *hit);
+
+// Presses the hovered button when the left mouse button went down, releases it when that is not held.
+void button_follow_mouse(button *hovered);
+
+// Whether the pass that began at *start took longer than `limit` ms; the next pass begins now.
+bool pass_took_longer(u32 *start, u32 limit);

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "screens/credits.h"
+
+#include "core/screen_id.h"
+#include "graphics/draw_list.h"
+#include "graphics/font.h"
+#include "input/cursor.h"
+#include "input/input.h"
+#include "screens/title_pictures.h"
+#include "sprites/glyph_mover.h"
+
+#include <initializer_list>
+
+namespace {
+
+constexpr i32 PICTURE_COUNT = 7;
+constexpr i32 PICTURE_LOWEST = 6, PICTURE_MIDDLE = 1, PICTURE_UPPER = 0; // the stack at the bottom
+constexpr i32 PICTURE_PLATE = 2, PLATE_COUNT = 4;                        // the "Developed using" row
+constexpr i32 STACK_BOTTOM = 597, STACK_GAP = 5;
+constexpr i32 PLATES_WIDTH = 506, PLATES_BOTTOM = 550, PLATE_GAP = 10;
+constexpr i32 DEVELOPED_Y = 543; // less the plates' height
+constexpr i32 VERSION_Y = 194;
+
+constexpr i32 LOW_Y = 500, HIGH_Y = 100; // bottom of the lowered heading, top of the risen one
+constexpr i32 SINK_STEPS = 25, RISE_STEPS = 40, BACK_STEPS = 10, PAUSE = 40; // frames
+constexpr i32 ROLE_OUTDENT = 40, NAME_OUTDENT = 40;                          // beyond the heading's right and left edge
+
+constexpr u32 CREDITS_FIRST_FRAME = 0x1;
+constexpr u32 CREDITS_RISING = 0x2; // or risen
+constexpr u32 CREDITS_LEAVING = 0x4;
+
+constexpr u8 GREEN_MAX = 128; // the names run between red and orange
+constexpr rgb NAME_START[] = {{255, 0, 0}, {255, GREEN_MAX, 0}};
+
+enum credited : i32 { NOBODY = -1, DEVELOPERS = 0, DESIGNERS = 1 };
+constexpr const char *NAMES[] = {"The Tavimo developers", "The Tavimo designers"};
+
+struct credit_row {
+    i32 y;
+    const char *role;
+    credited person;
+};
+constexpr credit_row ROWS[] = {
+    {360, "Art", NOBODY},
+    {340, "Sound", NOBODY},
+    {320, "Programming", DEVELOPERS},
+    {280, "Art", NOBODY},
+    {260, "Concept / Design", DESIGNERS},
+};
+
+image *credits_pictures[PICTURE_COUNT];
+glyph_mover heading_mover;
+u32 credits_flags = 0;
+i32 pause_frames = 0; // before rising
+i32 pulse = 1;
+rgb name_colours[2];
+
+void start_heading(i32 x, i32 y, i32 steps) {
+    glyph_mover_start(&heading_mover, title_image_heading(), heading_mover.x, heading_mover.y, x, y, steps);
+}
+
+i32 heading_centre_x() {
+    return center_x(title_image_heading()->width);
+}
+
+void rise() {
+    start_heading(heading_centre_x(), HIGH_Y, RISE_STEPS);
+    credits_flags |= CREDITS_RISING;
+}
+
+bool risen() {
+    return (credits_flags & CREDITS_RISING) != 0 && glyph_mover_arrived(&heading_mover);
+}
+
+void pulse_names() {
+    name_colours[0].g = static_cast<u8>(name_colours[0].g + pulse);
+    name_colours[1].g = static_cast<u8>(name_colours[1].g - pulse);
+    if (name_colours[0].g == GREEN_MAX || name_colours[1].g == GREEN_MAX)
+        pulse = -pulse;
+}
+
+void skip_or_leave() {
+    if (risen()) {
+        start_heading(HEADING_X, HEADING_Y, BACK_STEPS);
+        credits_flags &= ~CREDITS_RISING;
+        credits_flags |= CREDITS_LEAVING;
+    } else {
+        rise();
+        glyph_mover_finish(&heading_mover);
+    }
+}
+
+void draw_rows() {
+    const image *heading = title_image_heading();
+    for (const credit_row &row : ROWS) {
+        if (heading_mover.y + heading->height >= row.y)
+            continue;
+        const i32 right = heading_mover.x + heading->width + ROLE_OUTDENT;
+        text_draw(row.role, right - text_measure(row.role).width, row.y, LIGHT_GREY, TEXT_TRANSIENT);
+        if (row.person != NOBODY)
+            text_draw(NAMES[row.person], heading_mover.x - NAME_OUTDENT, row.y, name_colours[row.person],
+                      TEXT_TRANSIENT);
+    }
+}
+
+void draw_stack() {
+    i32 bottom = STACK_BOTTOM;
+    for (const i32 k : {PICTURE_LOWEST, PICTURE_MIDDLE, PICTURE_UPPER}) {
+        const image *line = credits_pictures[k];
+        draw_image(line, center_x(line->width), bottom - line->height, true);
+        bottom -= line->height + STACK_GAP;
+    }
+}
+
+void draw_plates() {
+    i32 x = center_x(PLATES_WIDTH);
+    for (i32 k = 0; k < PLATE_COUNT; ++k) {
+        const image *plate = credits_pictures[PICTURE_PLATE + k];
+        draw_image(plate, x, PLATES_BOTTOM - plate->height, true);
+        x += plate->width + PLATE_GAP;
+    }
+    const i32 last_height = credits_pictures[PICTURE_PLATE + PLATE_COUNT - 1]->height;
+    text_draw("Developed using", 0, DEVELOPED_Y - last_height, WHITE, TEXT_TRANSIENT | TEXT_CENTER_X);
+}
+
+} // namespace
+
+i32 credits_init() {
+    return image_load_sequence(credits_pictures, PICTURE_COUNT, "credits/");
+}
+
+void credits_enter() {
+    const image *heading = title_image_heading();
+    heading_mover = {};
+    glyph_mover_start(&heading_mover, heading, HEADING_X, HEADING_Y, heading_centre_x(), LOW_Y - heading->height,
+                      SINK_STEPS);
+    credits_flags = CREDITS_FIRST_FRAME;
+    pause_frames = PAUSE;
+    pulse = 1;
+    name_colours[0] = NAME_START[0];
+    name_colours[1] = NAME_START[1];
+}
+
+void credits_update() {
+    glyph_mover_step(&heading_mover);
+    if ((credits_flags & CREDITS_RISING) == 0 && glyph_mover_arrived(&heading_mover)) {
+        if ((credits_flags & CREDITS_LEAVING) != 0)
+            screen_request(SCREEN_TITLE);
+        else if (--pause_frames == 0)
+            rise();
+    }
+    if ((credits_flags & CREDITS_LEAVING) != 0)
+        return;
+    pulse_names();
+    if (first_pressed_key() != 0 || mouse_pressed(MOUSE_LEFT))
+        skip_or_leave();
+}
+
+void credits_draw() {
+    if ((credits_flags & CREDITS_FIRST_FRAME) != 0) {
+        draw_image_bg(title_image_background(), 0, 0);
+        draw_restore(WHOLE_SCREEN);
+        credits_flags &= ~CREDITS_FIRST_FRAME;
+    }
+    draw_image(title_image_heading(), heading_mover.x, heading_mover.y, true);
+    if ((credits_flags & CREDITS_RISING) == 0)
+        return;
+    draw_rows();
+    if (!risen())
+        return;
+    text_draw("Version " TAVIMO_VERSION, 0, VERSION_Y, LIGHT_GREY, TEXT_TRANSIENT | TEXT_CENTER_X);
+    draw_stack();
+    draw_plates();
+}
+
+void credits_shutdown() {
+    image_free_array(credits_pictures, PICTURE_COUNT);
+}

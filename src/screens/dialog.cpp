@@ -1,0 +1,329 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "screens/dialog.h"
+
+#include "core/app_state.h"
+#include "core/button.h"
+#include "core/containers.h"
+#include "core/log.h"
+#include "core/screen_id.h"
+#include "core/settings.h"
+#include "core/strings.h"
+#include "graphics/draw_list.h"
+#include "graphics/font.h"
+#include "input/cursor.h"
+#include "input/input.h"
+#include "persist/best_times.h"
+#include "puzzles/board.h"
+#include "screens/common.h"
+#include "screens/score_log.h"
+#include "screens/splash.h"
+#include "sprites/effect.h"
+
+#include <SDL.h>
+#include <cstring>
+
+namespace {
+
+// Places in the set; each is followed by its hover and pressed picture.
+enum dialog_picture : i32 { PICTURE_FIRST = 0, PICTURE_SECOND = 3, PICTURE_OK = 6, PICTURE_COUNT = 9 };
+
+constexpr i32 ANSWER_Y = 290, ANSWER_GAP = 10;
+constexpr i32 NAME_OK_Y = 330, NAME_Y = 310;
+constexpr i32 LINE_1_Y = 310, LINE_2_Y = 330;
+constexpr i32 COMPLETED_OK_Y = 310, EMPTY_LINE_DROP = 15, LINE_DROP = 30, SECOND_LINE_DROP = 15;
+constexpr i32 TITLE_LOW_Y = 300, TITLE_REST_Y = 276; // slides down to the first, settles at the second
+constexpr i32 TITLE_SLIDE_STEP = 24, TITLE_SETTLE_STEP = 2;
+constexpr i32 CONFETTI_ONE_IN = 5; // frames, on average
+constexpr i32 LINE_COUNT = 5;
+constexpr i32 LINE_HIDDEN = -1; // as line_x
+constexpr i32 NAME_LIMIT = 16;    // characters
+constexpr char KEY_CHAR_RETURN = 10, KEY_CHAR_BACKSPACE = 8;
+
+constexpr u32 DIALOG_FIRST_FRAME = 0x1; // dim and restore the whole screen at the next draw
+constexpr u32 DIALOG_SLIDE_IN = 0x2;
+constexpr u32 DIALOG_SETTLE = 0x4;
+constexpr u32 DIALOG_NAME_ENTRY = 0x8;
+constexpr u32 DIALOG_CELEBRATE = 0x10;
+constexpr u32 DIALOG_NAME_UNTOUCHED = 0x20; // the first typed character replaces the name
+constexpr u32 DIALOG_ENTRANCE = DIALOG_SLIDE_IN | DIALOG_SETTLE;
+
+struct dialog_state {
+    image *pictures[PICTURE_COUNT];
+    char *title; // owned
+    i32 title_x, title_y;
+    char *lines[LINE_COUNT]; // owned
+    i32 line_x[LINE_COUNT], line_y[LINE_COUNT];
+    u32 dialog_flags;
+    ptr_array<button> *buttons; // owned
+    button *hovered;
+    button **key_buttons; // owned; key code to the button that it presses
+    char name_text[NAME_LIMIT + 1];
+    i32 name_length;
+    ptr_array<effect> *confetti; // owned
+};
+dialog_state dialog;
+
+// --- Set-up --------------------------------------------------------------------------------------
+
+void bind_key(i32 key, button *target) {
+    if (key < key_count())
+        dialog.key_buttons[key] = target;
+}
+
+void set_title(const char *text) {
+    string_set(&dialog.title, text);
+    const text_size size = text_measure(text);
+    dialog.title_x = center_x(size.width);
+    dialog.title_y = 1 - size.height - size.top;
+}
+
+void set_line(i32 line, const char *text, i32 y) {
+    string_set(&dialog.lines[line], text);
+    dialog.line_x[line] = center_x(text_measure(text).width);
+    dialog.line_y[line] = y;
+}
+
+void reset(const char *title) {
+    for (i32 &x : dialog.line_x)
+        x = LINE_HIDDEN;
+    ptr_array_clear(dialog.buttons);
+    dialog.dialog_flags &= ~(DIALOG_NAME_ENTRY | DIALOG_CELEBRATE);
+    for (i32 key = 0; key < key_count(); ++key)
+        dialog.key_buttons[key] = nullptr;
+    std::memset(dialog.name_text, 0, sizeof dialog.name_text);
+    dialog.name_length = 0;
+    dialog.hovered = nullptr;
+    set_title(title);
+}
+
+void add_answers(button_callback yes, std::intptr_t yes_arg, screen_id no) {
+    const i32 w = dialog.pictures[PICTURE_FIRST]->width;
+    const i32 x = center_x(2 * w + ANSWER_GAP);
+    button *first = button_add(dialog.buttons, dialog.pictures + PICTURE_FIRST, x, ANSWER_Y, yes, yes_arg);
+    button *second =
+        button_add(dialog.buttons, dialog.pictures + PICTURE_SECOND, x + w + ANSWER_GAP, ANSWER_Y, request_screen, no);
+    bind_key(SDLK_y, first);
+    bind_key(SDLK_n, second);
+}
+
+void add_ok(i32 y, button_callback callback, std::intptr_t arg = 0) {
+    button *ok = button_add(dialog.buttons, dialog.pictures + PICTURE_OK,
+                            center_x(dialog.pictures[PICTURE_FIRST]->width), y, callback, arg);
+    bind_key(SDLK_RETURN, ok);
+    bind_key(SDLK_KP_ENTER, ok);
+}
+
+// --- Answers -------------------------------------------------------------------------------------
+
+void exit_confirmed(button *, std::intptr_t, std::intptr_t) {
+    splash_layout_closing();
+    screen_request(SCREEN_SPLASH);
+}
+
+void name_confirmed(button *, std::intptr_t next, std::intptr_t) {
+    app_state_set_name(app, dialog.name_text[0] != '\0' ? dialog.name_text : "Anonymous");
+    screen_request(static_cast<screen_id>(next));
+}
+
+void completion_confirmed(button *, std::intptr_t, std::intptr_t) {
+    settings |= SETTINGS_COMPLETED;
+    best_times_record(app->board->type, app->player_name, app->board->seconds);
+    score_log_show(app->board->type);
+    screen_request(SCREEN_SCORE_LOG);
+}
+
+// --- Update --------------------------------------------------------------------------------------
+
+void animate_title() {
+    if ((dialog.dialog_flags & DIALOG_SLIDE_IN) != 0) {
+        dialog.title_y += TITLE_SLIDE_STEP;
+        if (dialog.title_y >= TITLE_LOW_Y) {
+            dialog.title_y = TITLE_LOW_Y;
+            dialog.dialog_flags &= ~DIALOG_SLIDE_IN;
+            dialog.dialog_flags |= DIALOG_SETTLE;
+        }
+    } else if ((dialog.dialog_flags & DIALOG_SETTLE) != 0) {
+        dialog.title_y -= TITLE_SETTLE_STEP;
+        if (dialog.title_y <= TITLE_REST_Y) {
+            dialog.title_y = TITLE_REST_Y;
+            dialog.dialog_flags &= ~DIALOG_SETTLE;
+        }
+    }
+}
+
+void update_buttons() {
+    button *hit = button_tick_and_find(dialog.buttons, mouse_x, mouse_y);
+    if (hit != dialog.hovered) {
+        if (dialog.hovered != nullptr)
+            button_unhover(dialog.hovered);
+        if (hit != nullptr)
+            button_hover(hit);
+        dialog.hovered = hit;
+    }
+    button_follow_mouse(dialog.hovered);
+}
+
+// The character of the lowest key that went down and types one, or 0.
+char typed_character() {
+    for (i32 key = 0; key < key_count(); ++key)
+        if (key_pressed(key) && key_char(key) != 0)
+            return key_char(key);
+    return 0;
+}
+
+void clear_name() {
+    dialog.name_text[0] = '\0';
+    dialog.name_length = 0;
+}
+
+void type_name() {
+    const char c = typed_character();
+    if (c == 0)
+        return;
+    if ((dialog.dialog_flags & DIALOG_NAME_UNTOUCHED) != 0) {
+        dialog.dialog_flags &= ~DIALOG_NAME_UNTOUCHED;
+        if (c != KEY_CHAR_RETURN)
+            clear_name();
+    }
+    if (c == KEY_CHAR_BACKSPACE) {
+        if (dialog.name_length > 0)
+            dialog.name_text[--dialog.name_length] = '\0';
+    } else if (c != KEY_CHAR_RETURN && dialog.name_length < NAME_LIMIT) {
+        dialog.name_text[dialog.name_length++] = shift_held() ? char_upper(c) : c;
+        dialog.name_text[dialog.name_length] = '\0';
+    }
+}
+
+void press_bound_key() {
+    for (i32 key = 0; key < key_count(); ++key) {
+        if (dialog.key_buttons[key] != nullptr && key_pressed(key)) {
+            button_press(dialog.key_buttons[key]);
+            return;
+        }
+    }
+}
+
+bool has_left_screen(const effect *piece) {
+    return piece->x < -piece->w || piece->x >= SCREEN_WIDTH || piece->y >= SCREEN_HEIGHT;
+}
+
+void celebrate() {
+    if (std::rand() % CONFETTI_ONE_IN == 0) {
+        effect *piece = effect_create(EFFECT_CONFETTI);
+        if (piece != nullptr && ptr_array_append(dialog.confetti, piece) < 0)
+            effect_free(piece);
+    }
+    for (i32 i = 0; i < dialog.confetti->count; ++i) {
+        effect *piece = dialog.confetti->items[i];
+        effect_update(piece);
+        if (has_left_screen(piece)) {
+            effect_free(piece);
+            dialog.confetti->items[i] = nullptr;
+        }
+    }
+    ptr_array_compact(dialog.confetti);
+}
+
+} // namespace
+
+void dialog_ask_exit() {
+    reset("Exit program?");
+    add_answers(exit_confirmed, 0, SCREEN_TITLE);
+}
+
+void dialog_ask_return_to_title() {
+    reset("Return to the title screen?");
+    add_answers(request_screen, SCREEN_TITLE, SCREEN_PLAY);
+}
+
+void dialog_enter_name(bool then_play) {
+    reset("Enter your name");
+    dialog.dialog_flags |= DIALOG_NAME_ENTRY;
+    add_ok(NAME_OK_Y, name_confirmed, then_play ? SCREEN_PLAY : SCREEN_TITLE);
+    if (app->player_name != nullptr) {
+        std::strncpy(dialog.name_text, app->player_name, NAME_LIMIT);
+        dialog.name_length = static_cast<i32>(std::strlen(dialog.name_text));
+    }
+}
+
+void dialog_completed(i32 master_place, const char *message) {
+    const bool master = master_place >= 0;
+    reset("Congratulations");
+    if (master)
+        dialog.dialog_flags |= DIALOG_CELEBRATE;
+    const bool empty = message == nullptr || message[0] == '\0';
+    set_line(0, empty ? "" : message, LINE_1_Y);
+    if (master)
+        set_line(1, "You have achieved a Master's score!", LINE_2_Y);
+    const i32 drop = (empty ? EMPTY_LINE_DROP : LINE_DROP) + (master ? SECOND_LINE_DROP : 0);
+    add_ok(COMPLETED_OK_Y + drop, completion_confirmed);
+}
+
+i32 dialog_init() {
+    if (image_load_sequence(dialog.pictures, PICTURE_COUNT, "dialog/") < 0)
+        return -1;
+    dialog.key_buttons = static_cast<button **>(std::calloc(static_cast<std::size_t>(key_count()), sizeof(button *)));
+    if (dialog.key_buttons == nullptr) {
+        log_out_of_memory();
+        return -1;
+    }
+    for (i32 &x : dialog.line_x)
+        x = LINE_HIDDEN;
+    dialog.buttons = ptr_array_create<button>(button_free);
+    dialog.confetti = ptr_array_create<effect>(effect_free);
+    return dialog.buttons != nullptr && dialog.confetti != nullptr ? 1 : -1;
+}
+
+void dialog_enter() {
+    cursor_select(CURSOR_ARROW);
+    dialog.dialog_flags &= DIALOG_NAME_ENTRY | DIALOG_CELEBRATE;
+    dialog.dialog_flags |= DIALOG_FIRST_FRAME | DIALOG_SLIDE_IN;
+    if ((dialog.dialog_flags & DIALOG_NAME_ENTRY) != 0)
+        dialog.dialog_flags |= DIALOG_NAME_UNTOUCHED;
+    dialog.hovered = nullptr;
+    ptr_array_clear(dialog.confetti);
+}
+
+void dialog_update() {
+    animate_title();
+    if ((dialog.dialog_flags & DIALOG_ENTRANCE) == 0) {
+        update_buttons();
+        if ((dialog.dialog_flags & DIALOG_NAME_ENTRY) != 0)
+            type_name();
+        press_bound_key();
+    }
+    if ((dialog.dialog_flags & DIALOG_CELEBRATE) != 0)
+        celebrate();
+}
+
+void dialog_draw() {
+    if ((dialog.dialog_flags & DIALOG_FIRST_FRAME) != 0) {
+        draw_darken_bg(WHOLE_SCREEN);
+        draw_restore(WHOLE_SCREEN);
+        dialog.dialog_flags &= ~DIALOG_FIRST_FRAME;
+    }
+    for (const effect *piece : each(dialog.confetti))
+        effect_draw(piece);
+    if ((dialog.dialog_flags & DIALOG_ENTRANCE) == 0) {
+        for (const button *b : each(dialog.buttons))
+            button_draw(b);
+        if ((dialog.dialog_flags & DIALOG_NAME_ENTRY) != 0)
+            text_draw(dialog.name_text, 0, NAME_Y, YELLOW, TEXT_TRANSIENT | TEXT_CENTER_X);
+        for (i32 i = 0; i < LINE_COUNT; ++i)
+            if (dialog.line_x[i] >= 0)
+                text_draw(dialog.lines[i], dialog.line_x[i], dialog.line_y[i], YELLOW, TEXT_TRANSIENT);
+    }
+    text_draw(dialog.title, dialog.title_x, dialog.title_y, WHITE, TEXT_TRANSIENT);
+}
+
+void dialog_shutdown() {
+    std::free(dialog.title);
+    ptr_array_destroy(dialog.buttons);
+    image_free_array(dialog.pictures, PICTURE_COUNT);
+    std::free(dialog.key_buttons);
+    for (char *line : dialog.lines)
+        std::free(line);
+    ptr_array_destroy(dialog.confetti);
+    dialog = {};
+}

@@ -1,0 +1,21 @@
+// dialog.h: one modal screen for four dialogs over a dimmed copy of the previous screen.
+//
+// Main thread. A screen prepares a dialog with one of the set-up functions and requests SCREEN_DIALOG; every
+// answer requests the next screen.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+i32 dialog_init();
+void dialog_shutdown();
+void dialog_enter();
+void dialog_update();
+void dialog_draw();
+
+void dialog_ask_exit();
+void dialog_ask_return_to_title();
+void dialog_enter_name(bool then_play);                       // confirmed: the play screen, else the title
+void dialog_completed(i32 master_place, const char *message); // master_place -1: no master's score

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "screens/play.h"
+
+#include "core/app_state.h"
+#include "core/button.h"
+#include "core/screen_id.h"
+#include "core/settings.h"
+#include "core/strings.h"
+#include "graphics/draw_list.h"
+#include "graphics/font.h"
+#include "input/cursor.h"
+#include "input/input.h"
+#include "persist/best_times.h"
+#include "puzzles/board.h"
+#include "puzzles/debug_actions.h"
+#include "puzzles/deck.h"
+#include "puzzles/placement.h"
+#include "puzzles/puzzle_info.h"
+#include "screens/common.h"
+#include "screens/dialog.h"
+#include "screens/title_pictures.h"
+#include "sound/sound.h"
+#include "sprites/sprite.h"
+
+#include <SDL.h>
+
+namespace {
+
+constexpr u32 PLAY_REDRAW = 0x1;       // draw the background layer again
+constexpr u32 PLAY_DRAGGING = 0x2;     // the hovered piece is being dragged
+constexpr u32 PLAY_NEW_RUN = 0x4;      // start a new run on enter
+constexpr u32 PLAY_COMPLETED = 0x8;    // the completion dialog was opened; keep the finished board once
+constexpr u32 PLAY_FIRST_FRAME = 0x10; // record the attempt on the next update
+constexpr u32 PLAY_BROKEN = 0x20;      // the board could not be loaded; on the way back to the title screen
+
+constexpr rgb HOVER_A = {128, 128, 128}, HOVER_B = BLACK; // the hovered piece pulses between these
+constexpr i32 SEND_HOME_SPEED = 700;                      // hundredths of a pixel a frame
+constexpr i32 NAME_X = 15, NAME_Y = 582;
+constexpr i32 CLOCK_X = 760, CLOCK_Y = 550;
+constexpr i32 BEGIN_BOTTOM = 595;
+
+u32 play_flags = 0;
+sprite *play_hover_piece = nullptr; // under the mouse, or being dragged
+sprite *play_last_piece = nullptr;  // dragged last
+button *play_hover_button = nullptr;
+i32 play_drag_dx = 0, play_drag_dy = 0; // piece less mouse at the moment it was taken
+
+void ask_return(button *, std::intptr_t, std::intptr_t) {
+    dialog_ask_return_to_title();
+    screen_request(SCREEN_DIALOG);
+}
+
+// --- Enter ---------------------------------------------------------------------------------------
+
+bool start_new_run(board *b) {
+    if (board_start(b) < 0)
+        return false;
+    const image *const web[] = {title_image_web(0), title_image_web(1), title_image_web(2)};
+    button_add(b->buttons, web, COLUMN_RIGHT - web[0]->width, COLUMN_BOTTOM - web[0]->height, quit_to_web_page);
+    play_flags &= ~PLAY_NEW_RUN;
+    play_flags |= PLAY_FIRST_FRAME;
+    return true;
+}
+
+// --- Update --------------------------------------------------------------------------------------
+
+// The help opens by itself the first time a player plays a type.
+void record_attempt(const board *b) {
+    player_record *player = player_find(app->player_name, true);
+    const u32 bit = 1u << b->type;
+    if (player == nullptr || (player->seen & bit) == 0)
+        board_show_help(b);
+    if (player != nullptr)
+        player->seen |= bit;
+    play_flags &= ~PLAY_FIRST_FRAME;
+}
+
+void hover_piece(sprite *piece) {
+    if (piece == play_hover_piece)
+        return;
+    if (play_hover_piece != nullptr)
+        sprite_pulse_stop(play_hover_piece);
+    play_hover_piece = piece;
+    if (piece != nullptr)
+        sprite_pulse(piece, HOVER_A, HOVER_B, 0);
+}
+
+void take_piece(const board *b, sprite *piece) {
+    play_flags |= PLAY_DRAGGING;
+    play_drag_dx = piece->x - mouse_x;
+    play_drag_dy = piece->y - mouse_y;
+    sprite_raise(piece);
+    piece->flags |= SPRITE_HELD;
+    if (play_last_piece != nullptr && play_last_piece != piece && !board_has(b, BOARD_KEEP_DROPPED))
+        sprite_send_home(play_last_piece, SEND_HOME_SPEED);
+    play_last_piece = piece;
+}
+
+// Hovers, takes, drags and drops pieces; returns the cursor to show.
+i32 update_pieces(board *b) {
+    const bool held = mouse_held(MOUSE_LEFT);
+    if (!held || play_hover_piece == nullptr) {
+        // A piece that is let go is dropped below, under the mouse where it was.
+        if ((play_flags & PLAY_DRAGGING) == 0 || play_hover_piece == nullptr)
+            hover_piece(board_piece_at(b, mouse_x, mouse_y));
+        if (play_hover_piece == nullptr)
+            return CURSOR_ARROW;
+    }
+    if (!held || settings_help_showing()) {
+        if ((play_flags & PLAY_DRAGGING) != 0)
+            board_drop_piece(b, play_hover_piece);
+        play_flags &= ~PLAY_DRAGGING;
+        return CURSOR_OPEN_HAND;
+    }
+    if ((play_flags & PLAY_DRAGGING) == 0)
+        take_piece(b, play_hover_piece);
+    play_hover_piece->x = mouse_x + play_drag_dx;
+    play_hover_piece->y = mouse_y + play_drag_dy;
+    return CURSOR_CLOSED_HAND;
+}
+
+void update_buttons(board *b) {
+    button_change_hover(&play_hover_button, board_button_at(b, mouse_x, mouse_y));
+    const bool click = mouse_pressed(MOUSE_LEFT) && !settings_help_showing();
+    if (play_hover_button == nullptr) {
+        if (click)
+            board_take_top_card(b, mouse_x, mouse_y);
+    } else if (click) {
+        button_press(play_hover_button);
+    } else if (!mouse_held(MOUSE_LEFT)) {
+        button_release(play_hover_button);
+    }
+}
+
+struct debug_action {
+    i32 key;
+    void (*run)(board *b);
+};
+
+constexpr debug_action DEBUG_ACTIONS[] = {
+    {SDLK_a, board_debug_reveal},
+    {SDLK_w, board_debug_place_one},
+    {SDLK_d, board_debug_place_most},
+    {SDLK_c, board_debug_finish},
+};
+
+void update_debug(board *b) {
+    if (!app_has(APP_DEBUG) || !ctrl_held())
+        return;
+    for (const debug_action &action : DEBUG_ACTIONS)
+        if (key_pressed(action.key))
+            action.run(b);
+}
+
+void complete(const board *b) {
+    char *message = nullptr;
+    string_printf(&message, "You have completed the %s puzzle.", puzzle_title(b->type));
+    sound_play(SOUND_PUZZLE_COMPLETE);
+    play_flags |= PLAY_COMPLETED;
+    dialog_completed(board_master_rank(b), message);
+    screen_request(SCREEN_DIALOG);
+    std::free(message);
+}
+
+} // namespace
+
+i32 play_init() {
+    play_flags = 0;
+    board_set_return_action(ask_return);
+    return 1;
+}
+
+void play_request_new_run() {
+    play_flags |= PLAY_NEW_RUN;
+}
+
+void play_enter() {
+    play_flags = (play_flags & PLAY_NEW_RUN) | PLAY_REDRAW;
+    cursor_select(CURSOR_ARROW);
+    cursor_show(true);
+    play_drag_dx = play_drag_dy = 0;
+    play_hover_piece = play_last_piece = nullptr;
+    play_hover_button = nullptr;
+    board *b = app->board;
+    if (board_prepare(app) < 0 || ((play_flags & PLAY_NEW_RUN) != 0 && !start_new_run(b))) {
+        play_flags = PLAY_BROKEN;
+        screen_request(SCREEN_TITLE);
+        return;
+    }
+    for (button *each_button : each(b->buttons)) {
+        button_release(each_button);
+        button_unhover(each_button);
+    }
+}
+
+void play_update() {
+    if ((play_flags & PLAY_BROKEN) != 0)
+        return;
+    board *b = app->board;
+    if ((play_flags & PLAY_FIRST_FRAME) != 0)
+        record_attempt(b);
+    cursor_select(update_pieces(b));
+    if (play_hover_piece == nullptr)
+        update_buttons(b);
+    update_debug(b);
+    board_update(b);
+    if (board_is(b, BOARD_COMPLETE))
+        complete(b);
+}
+
+void play_draw() {
+    if ((play_flags & PLAY_BROKEN) != 0)
+        return;
+    const board *b = app->board;
+    if ((play_flags & PLAY_REDRAW) != 0) {
+        board_draw_background(b);
+        draw_restore(WHOLE_SCREEN);
+        play_flags &= ~PLAY_REDRAW;
+    }
+    board_draw(b);
+    text_draw(app->player_name, NAME_X, NAME_Y, BLACK, TEXT_TRANSIENT);
+    if ((play_flags & PLAY_COMPLETED) != 0) {
+        draw_store_bg(WHOLE_SCREEN);
+        draw_restore(WHOLE_SCREEN);
+        play_flags &= ~PLAY_COMPLETED;
+    }
+    if (app_has(APP_DEBUG))
+        text_draw(b->clock_text, CLOCK_X, CLOCK_Y, BLACK, TEXT_TRANSIENT);
+    if (!board_is(b, BOARD_CLOCK) && !settings_help_showing())
+        draw_image(b->begin_picture, center_x(b->begin_picture->width), BEGIN_BOTTOM - b->begin_picture->height, true);
+}

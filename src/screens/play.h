@@ -1,0 +1,14 @@
+// play.h: the play screen, where a puzzle is played. Main thread.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+i32 play_init();
+void play_enter();
+void play_update();
+void play_draw();
+
+void play_request_new_run(); // the next time the screen is entered, a new run starts; else the run goes on

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "screens/score_log.h"
+
+#include "core/screen_id.h"
+#include "core/strings.h"
+#include "graphics/draw_list.h"
+#include "graphics/font.h"
+#include "input/cursor.h"
+#include "input/input.h"
+#include "persist/best_times.h"
+#include "puzzles/puzzle_info.h"
+#include "screens/title_pictures.h"
+#include "sound/sound.h"
+#include "sprites/glyph_mover.h"
+
+#include <cstdio>
+
+namespace {
+
+constexpr rgb GREY = {200, 200, 200}, ORANGE = {230, 190, 0};
+constexpr i32 HEADING_COLUMN = 375, NAME_COLUMN = 520, TIME_COLUMN = 745;
+constexpr i32 ROW_PITCH = 20;
+constexpr i32 HEADING_TEXT_Y = 30, MASTER_Y = 60, LOG_Y = 175;
+constexpr i32 MASTER_SHOWN_BAR_Y = 40, LOG_SHOWN_BAR_Y = 155; // the bar has uncovered the first row
+constexpr i32 GLIDE_STEPS = 20;                               // frames
+constexpr i32 TITLE_PICTURE_X = 400, TITLE_PICTURE_CENTRE_Y = 192, TITLE_TEXT_CENTRE_Y = 182;
+constexpr i32 LEFT_X = 10, LEFT_RISE = 40, LEFT_TEXT_RISE = 20;
+constexpr i32 BAR_SPEED = 2; // pixels a frame
+
+// Stages of the show, and the lengths that end them, in frames.
+constexpr i32 STEP_SKIPPABLE = 2, STEP_HEADING = 2, STEP_FIRST_PLACE = 3, STEP_FIRST_SWEEP = 6, STEP_BAR = 7;
+constexpr i32 STEP_FIRST_SWEEP_END = 11, STEP_SECOND_SWEEP = 12, STEP_BAR_GROWS = 13, STEP_LOG = 14, STEP_LOG_END = 15;
+constexpr i32 STEP_FINISHED = 16, STEP_NO_LOG = 17, STEP_SKIPPED = 99;
+constexpr i32 SLOW = 20, QUICK = 10, PAUSE = 40;
+constexpr i32 BAR_DONE_Y = 599; // everything is uncovered
+
+constexpr u32 LOG_FIRST_FRAME = 0x1;
+constexpr u32 LOG_SHOW_FINISHED = 0x2;
+constexpr u32 LOG_LEAVING = 0x4;
+
+// The bar picture is drawn at (x, y), shown only inside (x, clip_y, clip_w, clip_h).
+struct highlight_bar {
+    i32 x, clip_y, clip_w, clip_h, y;
+};
+constexpr highlight_bar MASTER_BAR = {520, 45, 260, 0, 45};
+constexpr highlight_bar LOG_BAR = {370, 155, 410, 0, 155};
+
+image *panel[1];
+highlight_bar bar;
+glyph_mover picture_mover, title_mover;
+i32 shown_puzzle = 0;
+i32 step = 0;
+i32 countdown = 0; // frames left in this stage
+u32 log_flags = 0;
+
+// Where the puzzle's picture and title stand on the title screen.
+struct places {
+    i32 picture_x, picture_y, title_x, title_y;
+};
+
+// The title keeps its distance from the picture's left edge, so that it stays centred under it.
+i32 title_indent() {
+    return title_image_picture(shown_puzzle)->width / 2 - text_measure(puzzle_title(shown_puzzle)).width / 2;
+}
+
+places title_screen_places() {
+    const i32 half_height = title_image_picture(shown_puzzle)->height / 2;
+    return {TITLE_PICTURE_X, TITLE_PICTURE_CENTRE_Y - half_height, TITLE_PICTURE_X + title_indent(),
+            TITLE_TEXT_CENTRE_Y - half_height};
+}
+
+i32 log_entries() {
+    return best_times_for_puzzle(shown_puzzle)->log->count;
+}
+
+void score_log_leave() {
+    const places there = title_screen_places();
+    glyph_mover_start(&picture_mover, picture_mover.glyph, picture_mover.x, picture_mover.y, there.picture_x,
+                      there.picture_y, GLIDE_STEPS);
+    glyph_mover_start(&title_mover, title_mover.glyph, title_mover.x, title_mover.y, there.title_x, there.title_y,
+                      GLIDE_STEPS);
+    log_flags |= LOG_LEAVING;
+    sound_play(SOUND_SCORE_LOG);
+}
+
+void skip_or_leave() {
+    if ((log_flags & LOG_SHOW_FINISHED) != 0) {
+        score_log_leave();
+        return;
+    }
+    step = STEP_SKIPPED;
+    bar.y = BAR_DONE_Y;
+    bar.clip_h = 0;
+    log_flags |= LOG_SHOW_FINISHED;
+}
+
+// What a stage does every frame: the bar uncovers itself, moves down, and closes at the end.
+void stage_frame() {
+    switch (step) {
+    case STEP_BAR:
+    case STEP_BAR_GROWS:
+        bar.clip_h += BAR_SPEED;
+        break;
+    case STEP_BAR + 1:
+    case STEP_BAR + 2:
+    case STEP_BAR + 3:
+    case STEP_LOG:
+        bar.clip_y += BAR_SPEED;
+        bar.y += BAR_SPEED;
+        break;
+    case STEP_FIRST_SWEEP_END:
+    case STEP_LOG_END:
+        bar.clip_y += BAR_SPEED;
+        bar.clip_h -= BAR_SPEED;
+        break;
+    default:
+        if (step >= STEP_FINISHED)
+            log_flags |= LOG_SHOW_FINISHED;
+    }
+}
+
+void start_bar(const highlight_bar &start) {
+    bar = start;
+    sound_play(SOUND_SCORE_SHOW);
+}
+
+// What happens at the end of a stage; sets the length of the next one.
+void stage_end() {
+    switch (step) {
+    case 0:
+    case 1:
+        countdown = SLOW;
+        break;
+    case STEP_FIRST_SWEEP:
+        countdown = QUICK;
+        start_bar(MASTER_BAR);
+        break;
+    case STEP_FIRST_SWEEP_END:
+        countdown = PAUSE;
+        if (log_entries() == 0) {
+            step = STEP_NO_LOG;
+            log_flags |= LOG_SHOW_FINISHED;
+            return;
+        }
+        break;
+    case STEP_SECOND_SWEEP:
+        countdown = QUICK;
+        start_bar(LOG_BAR);
+        break;
+    case STEP_BAR_GROWS:
+        countdown = QUICK * log_entries() - QUICK;
+        break;
+    default:
+        if (step < STEP_LOG_END)
+            countdown = QUICK;
+    }
+    ++step;
+}
+
+void draw_time(i32 seconds, i32 y) {
+    constexpr i32 SECONDS_A_MINUTE = 60;
+    char text[32];
+    std::snprintf(text, sizeof text, "%i:%.2i", seconds / SECONDS_A_MINUTE, seconds % SECONDS_A_MINUTE);
+    text_draw(text, TIME_COLUMN, y, WHITE, TEXT_TRANSIENT);
+}
+
+void draw_headings() {
+    constexpr const char *PLACES[] = {"1st Place", "2nd Place", "3rd Place", "Master Time"};
+    if (step >= STEP_HEADING)
+        text_draw("Score Log", HEADING_COLUMN, HEADING_TEXT_Y, GREY, TEXT_TRANSIENT);
+    for (i32 k = 0; k < MASTER_TIME_COUNT; ++k)
+        if (step >= STEP_FIRST_PLACE + k)
+            text_draw(PLACES[k], HEADING_COLUMN, MASTER_Y + ROW_PITCH * k, GREY, TEXT_TRANSIENT);
+}
+
+void draw_masters(const puzzle_scores *scores) {
+    for (i32 k = 0; k < MASTER_PLACES; ++k) {
+        if (bar.y >= MASTER_SHOWN_BAR_Y + ROW_PITCH * k) {
+            text_draw(scores->master_name[k], NAME_COLUMN, MASTER_Y + ROW_PITCH * k, ORANGE, TEXT_TRANSIENT);
+            draw_time(scores->master_time[k], MASTER_Y + ROW_PITCH * k);
+        }
+    }
+    if (bar.y >= MASTER_SHOWN_BAR_Y + ROW_PITCH * MASTER_PLACES)
+        draw_time(puzzle_master_time(shown_puzzle, MASTER_PLACES), MASTER_Y + ROW_PITCH * MASTER_PLACES);
+}
+
+void draw_log(const puzzle_scores *scores) {
+    for (i32 i = 0; i < scores->log->count; ++i) {
+        if (bar.y < LOG_SHOWN_BAR_Y + ROW_PITCH * i)
+            return;
+        const score_entry *entry = scores->log->items[i];
+        const i32 y = LOG_Y + ROW_PITCH * i;
+        text_draw(entry->date, HEADING_COLUMN, y, GREY, TEXT_TRANSIENT);
+        text_draw(entry->name, NAME_COLUMN, y, ORANGE, TEXT_TRANSIENT);
+        draw_time(entry->seconds, y);
+    }
+}
+
+void draw_bar() {
+    const rect area = {bar.x, bar.clip_y, bar.clip_w, bar.clip_h};
+    draw_image_clipped(panel[0], bar.x, bar.y, area);
+    draw_restore_next(area);
+}
+
+} // namespace
+
+i32 score_log_init() {
+    picture_mover = title_mover = {};
+    return image_load_sequence(panel, 1, "score/");
+}
+
+void score_log_show(i32 puzzle) {
+    shown_puzzle = puzzle;
+    const image *picture = title_image_picture(puzzle);
+    const places from = title_screen_places();
+    const i32 y = center_y(picture->height);
+    glyph_mover_start(&picture_mover, picture, from.picture_x, from.picture_y, LEFT_X, y - LEFT_RISE, GLIDE_STEPS);
+    // The title is text; its mover borrows the picture only so that the slot counts as filled.
+    glyph_mover_start(&title_mover, picture, from.title_x, from.title_y, LEFT_X + title_indent(),
+                      y + picture->height - LEFT_TEXT_RISE, GLIDE_STEPS);
+}
+
+void score_log_enter() {
+    cursor_select(CURSOR_ARROW);
+    log_flags = LOG_FIRST_FRAME;
+    step = 0;
+    countdown = SLOW;
+}
+
+void score_log_update() {
+    if (step >= STEP_SKIPPABLE && (mouse_pressed(MOUSE_LEFT) || first_pressed_key() != 0))
+        skip_or_leave();
+    glyph_mover_step(&picture_mover);
+    glyph_mover_step(&title_mover);
+    if ((log_flags & LOG_LEAVING) != 0 && glyph_mover_arrived(&picture_mover) && glyph_mover_arrived(&title_mover))
+        screen_request(SCREEN_TITLE);
+    if ((log_flags & LOG_SHOW_FINISHED) != 0)
+        return;
+    --countdown;
+    stage_frame();
+    if (countdown <= 0)
+        stage_end();
+}
+
+void score_log_draw() {
+    if ((log_flags & LOG_FIRST_FRAME) != 0) {
+        draw_image_bg(title_image_background(), 0, 0);
+        draw_restore(WHOLE_SCREEN);
+        log_flags &= ~LOG_FIRST_FRAME;
+    }
+    draw_image(picture_mover.glyph, picture_mover.x, picture_mover.y, true);
+    text_draw(puzzle_title(shown_puzzle), title_mover.x, title_mover.y, GREY, TEXT_TRANSIENT);
+    if ((log_flags & LOG_LEAVING) != 0)
+        return;
+    draw_headings();
+    const puzzle_scores *scores = best_times_for_puzzle(shown_puzzle);
+    if (step >= STEP_BAR) {
+        draw_bar();
+        draw_masters(scores);
+    }
+    if (step >= STEP_LOG)
+        draw_log(scores);
+}
+
+void score_log_shutdown() {
+    image_free_array(panel, 1);
+}

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "screens/splash.h"
+
+#include "core/app_state.h"
+#include "core/button.h"
+#include "core/screen_id.h"
+#include "graphics/draw_list.h"
+#include "graphics/font.h"
+#include "graphics/render.h"
+#include "input/cursor.h"
+#include "input/input.h"
+#include "puzzles/puzzle_info.h"
+#include "screens/common.h"
+#include "screens/title_pictures.h"
+#include "sound/sound.h"
+
+#include <SDL.h>
+#include <algorithm>
+
+namespace {
+
+// Places in the set; buttons are followed by their hover and pressed pictures.
+enum splash_picture : i32 {
+    PICTURE_BOTTOM = 1,
+    PICTURE_WEB = 3,
+    PICTURE_CONTINUE = 6,
+    PICTURE_REVEALED = 9,
+    PICTURE_QUIT = 10,
+    PICTURE_COUNT = 13
+};
+
+constexpr i32 BUTTON_X = 659, WEB_Y = 444, GO_Y = 480;
+constexpr i32 REVEALED_X = 234, REVEALED_Y = 145;
+constexpr i32 REVEAL_START = 3, REVEAL_STEP = 20, REVEAL_MARGIN = 10; // pixels of width
+constexpr u32 WIPE_PASS_MS = 10;                                      // a slower pass makes wider steps
+constexpr i32 AFTER_WIPE_QUIT = -1;
+
+constexpr u32 SPLASH_FIRST_FRAME = 0x1;
+constexpr u32 SPLASH_PICTURE_DRAWN = 0x2;
+constexpr u32 SPLASH_BUTTONS_SHOWN = 0x4;
+
+image *splash_pictures[PICTURE_COUNT];
+ptr_array<button> *buttons = nullptr;
+button *hovered = nullptr;
+i32 reveal_width = 0; // grows until the picture and the buttons are shown
+u32 splash_flags = 0;
+i32 after_wipe = SCREEN_TITLE; // or AFTER_WIPE_QUIT
+
+i32 reveal_end() {
+    return splash_pictures[PICTURE_REVEALED]->width + REVEAL_MARGIN;
+}
+
+// A black band opens from the centre line outward over the window's last frame, on the main thread.
+void wipe_to_black() {
+    sound_update();
+    render_pause(RENDER_ALL_SHOWN);
+    screen_store_background(WHOLE_SCREEN);
+    screen_show_background(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    dirty_add(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    dirty_flush();
+    screen_fill(WHOLE_SCREEN, BLACK);
+    i32 gap = SCREEN_WIDTH / 2, band = 0, step = 1;
+    u32 pass_start = SDL_GetTicks();
+    while (gap > 0) {
+        gap = std::max(gap - step, 0);
+        band = std::min(band + 2 * step, SCREEN_WIDTH);
+        if (pass_took_longer(&pass_start, WIPE_PASS_MS))
+            ++step;
+        dirty_add(gap, 0, step, SCREEN_HEIGHT);
+        dirty_add(gap + band - step, 0, step, SCREEN_HEIGHT);
+        dirty_flush();
+    }
+    render_resume();
+}
+
+void wipe_and_go(button *, std::intptr_t, std::intptr_t) {
+    wipe_to_black();
+    if (after_wipe == AFTER_WIPE_QUIT)
+        app_request_quit();
+    else
+        screen_request(static_cast<screen_id>(after_wipe));
+}
+
+void set_layout(splash_picture go_picture, i32 target) {
+    ptr_array_clear(buttons);
+    hovered = nullptr;
+    button_add(buttons, splash_pictures + PICTURE_WEB, BUTTON_X, WEB_Y, quit_to_web_page);
+    button_add(buttons, splash_pictures + go_picture, BUTTON_X, GO_Y, wipe_and_go);
+    reveal_width = REVEAL_START;
+    after_wipe = target;
+}
+
+void draw_first_frame() {
+    draw_image_bg(title_image_background(), 0, 0);
+    const image *bottom = splash_pictures[PICTURE_BOTTOM];
+    draw_image_bg(bottom, center_x(bottom->width), FOOTER_BOTTOM - bottom->height);
+    for (i32 row = 0; row < PUZZLE_COUNT; ++row) {
+        const i32 type = PUZZLE_LIST_ORDER[row];
+        draw_image_bg(title_image_plate(type), LIST_X, LIST_Y + LIST_PITCH * row);
+        text_draw(puzzle_title(type), LIST_TEXT_X, LIST_TEXT_Y + LIST_PITCH * row, LIGHT_GREY, TEXT_TO_BG);
+    }
+    draw_image_bg(title_image_heading(), HEADING_X, HEADING_Y);
+    draw_restore(WHOLE_SCREEN);
+}
+
+} // namespace
+
+void splash_layout_opening() {
+    set_layout(PICTURE_CONTINUE, SCREEN_TITLE);
+}
+
+void splash_layout_closing() {
+    set_layout(PICTURE_QUIT, AFTER_WIPE_QUIT);
+}
+
+i32 splash_init() {
+    if (image_load_sequence(splash_pictures, PICTURE_COUNT, "splash/") < 0)
+        return -1;
+    buttons = ptr_array_create<button>(button_free);
+    if (buttons == nullptr)
+        return -1;
+    splash_layout_opening();
+    return 1;
+}
+
+void splash_enter() {
+    cursor_select(CURSOR_ARROW);
+    cursor_show(true);
+    splash_flags = SPLASH_FIRST_FRAME;
+    hovered = nullptr;
+}
+
+void splash_update() {
+    if (reveal_width < reveal_end()) {
+        reveal_width += REVEAL_STEP;
+    } else {
+        reveal_width = reveal_end();
+        splash_flags |= SPLASH_BUTTONS_SHOWN;
+    }
+    if ((splash_flags & SPLASH_BUTTONS_SHOWN) == 0)
+        return;
+    button_change_hover(&hovered, button_tick_and_find(buttons, mouse_x, mouse_y));
+    button_follow_mouse(hovered);
+}
+
+void splash_draw() {
+    if ((splash_flags & SPLASH_FIRST_FRAME) != 0) {
+        draw_first_frame();
+        splash_flags &= ~SPLASH_FIRST_FRAME;
+    }
+    if (reveal_width >= reveal_end() && (splash_flags & SPLASH_PICTURE_DRAWN) == 0) {
+        draw_image_bg_show(splash_pictures[PICTURE_REVEALED], REVEALED_X, REVEALED_Y);
+        splash_flags |= SPLASH_PICTURE_DRAWN;
+    }
+    if ((splash_flags & SPLASH_BUTTONS_SHOWN) != 0)
+        for (const button *b : each(buttons))
+            button_draw(b);
+}
+
+void splash_shutdown() {
+    image_free_array(splash_pictures, PICTURE_COUNT);
+    ptr_array_destroy(buttons);
+    buttons = nullptr;
+    hovered = nullptr;
+}

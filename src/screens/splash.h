@@ -1,0 +1,16 @@
+// splash.h: the first screen, which is also the last: all puzzles at a glance, a picture and two buttons.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+i32 splash_init();
+void splash_shutdown();
+void splash_enter();
+void splash_update();
+void splash_draw();
+
+void splash_layout_opening(); // web page and continue, which leads to the title screen
+void splash_layout_closing(); // web page and quit, which ends the program

@@ -1,0 +1,13 @@
+// study.h: a puzzle's complete board with a text that explains it; the way into play. Main thread.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+i32 study_init();
+void study_shutdown();
+void study_enter();
+void study_update();
+void study_draw();

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "screens/title_pictures.h"
+
+namespace {
+
+image *pictures[TITLE_PICTURE_COUNT];
+
+} // namespace
+
+i32 title_pictures_load() {
+    return image_load_sequence(pictures, TITLE_PICTURE_COUNT, "title/");
+}
+
+void title_pictures_free() {
+    image_free_array(pictures, TITLE_PICTURE_COUNT);
+}
+
+const image *title_image(i32 place) {
+    return pictures[place];
+}

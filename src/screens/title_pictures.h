@@ -1,0 +1,50 @@
+// title_pictures.h: the title screen's pictures, which other screens borrow. Main thread.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+#include "resources/image.h"
+
+// Places of the single pictures in the set; the eleven list rows and puzzle pictures are indexed by type.
+enum title_picture : i32 {
+    TITLE_BACKGROUND = 0,
+    TITLE_ROW = 1,     // + type
+    TITLE_PUZZLE = 12, // + type
+    TITLE_HEADING = 41,
+    TITLE_TABLE = 42, // shown on the way into study mode
+    TITLE_MASTER_MARK = 46,
+    TITLE_WEB = 47, // + state
+    TITLE_FOOTER = 50,
+    TITLE_SUBHEADING = 54,
+    TITLE_PICTURE_COUNT = 58
+};
+
+[[nodiscard]] i32 title_pictures_load(); // 1, or -1 when one cannot be loaded
+void title_pictures_free();
+
+const image *title_image(i32 place); // any of the set; null before the set is loaded
+
+inline const image *title_image_background() {
+    return title_image(TITLE_BACKGROUND);
+}
+inline const image *title_image_picture(i32 type) {
+    return title_image(TITLE_PUZZLE + type);
+}
+inline const image *title_image_plate(i32 type) {
+    return title_image(TITLE_ROW + type);
+}
+inline const image *title_image_heading() {
+    return title_image(TITLE_HEADING);
+}
+inline const image *title_image_web(i32 state) {
+    return title_image(TITLE_WEB + state);
+}
+
+// The layout that the title and the splash screen share.
+inline constexpr i32 LIST_X = 30, LIST_Y = 130; // the first row's corner
+inline constexpr i32 LIST_PITCH = 35;           // from row to row
+inline constexpr i32 LIST_TEXT_X = 70, LIST_TEXT_Y = 148;
+inline constexpr i32 HEADING_X = 30, HEADING_Y = 14;
+inline constexpr i32 FOOTER_BOTTOM = 595;

@@ -1,0 +1,32 @@
+// sound.h: the fifteen sound effects. Main thread; mixing runs on SDL's audio thread.
+//
+// Without an audio device every call does nothing.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+enum sound_id : i32 {
+    SOUND_BOARD_SLIDE,
+    SOUND_PIECE_DISAPPEAR,
+    SOUND_PIECE_RETURN,
+    SOUND_SCORE_SHOW,
+    SOUND_PUZZLE_COMPLETE,
+    SOUND_CLICK,
+    SOUND_INCORRECT_NUMBER,
+    SOUND_PIECE_EMERGE,
+    SOUND_PIECE_PLACE_1,
+    SOUND_PIECE_PLACE_6 = SOUND_PIECE_PLACE_1 + 5,
+    SOUND_SCORE_LOG,
+    SOUND_COUNT
+};
+
+[[nodiscard]] i32 sound_init(); // 1, or -1 when the device cannot be opened
+void sound_set_effect_volume(i32 volume); // 0..128
+void sound_set_music_volume(i32 volume);  // 0..128
+void sound_resume();
+void sound_play(i32 number);   // asks for a sound at the end of this frame; other numbers are ignored
+void sound_update();           // once a frame: starts what was asked for, decodes ahead
+void sound_shutdown();
