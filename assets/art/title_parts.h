@@ -11,6 +11,7 @@
 #include "canvas.h"
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -44,7 +45,10 @@ void paint_flat_piece(cairo_t *cr, const piece_shape &shape, rgb face_colour, rg
 void paint_loose_piece(cairo_t *cr, const piece_shape &shape, rgb face_colour, double depth);
 // The sunken place of a missing piece.
 void paint_hole(cairo_t *cr, const piece_shape &shape, rgb floor, rgb joint, double edge = 1);
-// A soft shadow of the piece that falls only on what is already painted.
+
+// A soft shadow of the outline that `append` adds to the path, moved by (dx, dy). It falls only on what is
+// already painted, so that nothing half transparent comes about.
+void paint_shadow(cairo_t *cr, const std::function<void()> &append, double dx, double dy, double blur, double alpha);
 void paint_piece_shadow(cairo_t *cr, const piece_shape &shape, double dx, double dy, double blur, double alpha);
 
 // A framed cardboard board.

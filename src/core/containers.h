@@ -12,6 +12,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <type_traits>
 
 // --- buffer: bytes with a read position ----------------------------------------------------------
 
@@ -137,7 +138,7 @@ template <class T> i32 ptr_array_prepend(ptr_array<T> *array, T *item) {
 }
 
 // Empties the first slot that holds this pointer, leaving a null; 1 when there was one, else 0.
-template <class T> i32 ptr_array_remove(ptr_array<T> *array, const T *item) {
+template <class T> i32 ptr_array_remove(ptr_array<T> *array, const std::type_identity_t<T> *item) {
     for (i32 i = 0; i < array->count; ++i) {
         if (array->items[i] == item) {
             array->items[i] = nullptr;

@@ -19,7 +19,7 @@ struct blit_routines {
 struct prim_routines {
     void (*darken)(const frame_buffer &to, const rect &area);
     void (*fill)(const frame_buffer &to, const rect &area, rgb colour);
-    void (*frame)(const frame_buffer &to, const rect &area, rgb colour); // one pixel wide
+    void (*frame)(const frame_buffer &to, const rect &area, rgb colour);              // one pixel wide
     void (*line)(const frame_buffer &to, i32 x0, i32 y0, i32 x1, i32 y1, rgb colour); // end point not drawn
     void (*noise)(const frame_buffer &to, const rect &area, rgb limits);
 };

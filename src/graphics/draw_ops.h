@@ -10,7 +10,9 @@
 
 #include "graphics/draw_list.h"
 
+#include <cstddef>
 #include <cstring>
+#include <iterator>
 #include <type_traits>
 
 struct no_operands {};
@@ -161,9 +163,7 @@ static_assert([] {
 // The record of a command, so that recording the wrong one does not compile.
 template <draw_opcode id> struct operands_of;
 #define OPERANDS_OF(id, operands, player)                                                                              \
-    template <> struct operands_of<id> {                                                                               \
-        using type = operands;                                                                                         \
-    };
+    template <> struct operands_of<id> { using type = operands; };
 DRAW_MANIFEST(OPERANDS_OF)
 #undef OPERANDS_OF
 

@@ -1,8 +1,7 @@
 // render.h: the render thread, its lock for recording, and direct drawing while it is paused.
 //
-// Main thread, but for render_thread itself. The render lock guards the two command lists, the pending and the
-// idle flag; the surface lock guards the screen, the background, the spare, the save slots and the dirty
-// rectangles. No thread ever holds both.
+// Main thread, but for render_thread itself. Which lock guards what stands in graphics/locks.h. Drawing reports no
+// failure: what cannot be shown is left out.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -13,6 +12,10 @@
 
 // Body of the render thread, for SDL_CreateThread; returns 1 when APP_QUIT is set.
 int render_thread(void *unused);
+
+// One pass of it: takes what was recorded, plays it, shows what changed, and is then ready for a new list. It can
+// stand in for the thread, so that frames are played one by one; frames can be recorded after its first call.
+void render_pass();
 
 // Takes the render lock; true when the render thread is ready for a new list, that is, when this frame may
 // be recorded. Always end with render_end_frame.

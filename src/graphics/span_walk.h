@@ -16,9 +16,9 @@
 template <class Pixel> struct pixel_span {
     typename Pixel::value *to;
     const typename Pixel::value *from;
-    i32 count;       // pixels, at least 1
-    bool has_first;  // the run's first pixel is in it
-    bool has_last;   // the run's last pixel is in it
+    i32 count;      // pixels, at least 1
+    bool has_first; // the run's first pixel is in it
+    bool has_last;  // the run's last pixel is in it
 };
 
 // Steps over rows of a run table; null when the picture ends first.

@@ -2,7 +2,8 @@
 //
 // One board exists for the whole program (app_state owns it). The board owns its pictures, cells, pieces, buttons
 // and effects. Main thread only. Functions that can fail return -1 or null after the failure has been logged; a
-// board whose pictures could not be loaded has no pictures, no pieces and BOARD_NO_TYPE, and draws nothing.
+// board whose pictures could not be loaded has no pictures, no pieces and BOARD_NO_TYPE: updating and drawing it does
+// nothing.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -108,8 +109,8 @@ struct board {
     sprite *leaving;          // borrowed: the piece on the card that slides under the stack
     i32 slot_x[DECK_CARDS], leaving_x;
     i32 slot_y[DECK_CARDS], leaving_y;
-    i32 char_map[CARD_CHARACTERS];      // character to index of its card symbol, -1 for none
-    i32 card_label_dx, card_label_dy;   // of a label drawn on a card
+    i32 char_map[CARD_CHARACTERS];    // character to index of its card symbol, -1 for none
+    i32 card_label_dx, card_label_dy; // of a label drawn on a card
     image **card_symbols;
     i32 deck_timer, deck_phase;
 
@@ -131,11 +132,11 @@ void board_destroy(board *b);        // accepts null
 
 void board_free_images(board *b);
 
-// Starts a new run of the loaded type. 1, or -1 when no type is loaded or memory is short (logged); there is then
-// no run, and the caller goes back to the title screen.
+// Starts a new run of the loaded type. 1, or -1 when no type is loaded or memory is short (logged): no type is loaded
+// any more then, and the caller goes back to the title screen.
 [[nodiscard]] i32 board_start(board *b);
 
-void board_update(board *b); // one frame of the run
+void board_update(board *b);                // one frame of the run
 void board_draw(const board *b);            // the moving parts, into this frame's list
 void board_draw_background(const board *b); // the still parts, into the background
 
@@ -152,6 +153,9 @@ void board_add_effect(board *b, effect *added, i32 x, i32 y); // takes ownership
 // What the return button does in every run from now on; null (the start value) for nothing. The screens set it.
 void board_set_return_action(button_callback action);
 
+inline bool board_loaded(const board *b) {
+    return b->type != BOARD_NO_TYPE;
+}
 inline bool board_is(const board *b, u32 state_flags) {
     return (b->state & state_flags) != 0;
 }

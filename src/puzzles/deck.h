@@ -16,8 +16,8 @@ inline constexpr i32 DECK_PIECE_OFFSET = 4;
 
 void board_deal(board *b);
 void board_deck_next(button *pressed, std::intptr_t board_address, std::intptr_t); // turns the deck; arg1: the board
-void board_take_top_card(board *b, i32 mx, i32 my); // a click on no piece and no button
-void board_lock_deck(board *b, i32 frames);         // hides the cards' faces
+void board_take_top_card(board *b, i32 mx, i32 my);                                // a click on no piece and no button
+void board_lock_deck(board *b, i32 frames);                                        // hides the cards' faces
 
 void board_update_deck(board *b); // one frame of the turning, and of the top card's piece
 void board_draw_deck(const board *b);

@@ -10,7 +10,7 @@
 
 void board_keypad_enter(button *pressed, std::intptr_t board_address, std::intptr_t); // the enter key; arg1: the board
 
-void board_update_keypad(board *b); // one frame: flying digits, then the judgement
+void board_update_keypad(board *b);   // one frame: flying digits, then the judgement
 void board_reveal_answered(board *b); // what a right answer does to the top card's piece; there must be one
 
 sprite *board_revealing_piece(const board *b); // the first piece that is growing out of the deck, or null

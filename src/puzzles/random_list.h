@@ -17,8 +17,8 @@ struct random_list {
     i32 cursor;               // next pick in order
 };
 
-[[nodiscard]] random_list *random_list_create(); // null when out of memory (logged)
-void random_list_free(random_list *list);        // accepts null
+[[nodiscard]] random_list *random_list_create();                    // null when out of memory (logged)
+void random_list_free(random_list *list);                           // accepts null
 [[nodiscard]] i32 random_list_add(random_list *list, sprite *item); // the new count, or -1 when out of memory (logged)
-sprite *random_list_pick(random_list *list);     // null when the list is empty
-void random_list_clear(random_list *list);       // the cursor stays: the next picks go on from it
+sprite *random_list_pick(random_list *list);                        // null when the list is empty
+void random_list_clear(random_list *list);                          // the cursor stays: the next picks go on from it

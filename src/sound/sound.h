@@ -23,10 +23,10 @@ enum sound_id : i32 {
     SOUND_COUNT
 };
 
-[[nodiscard]] i32 sound_init(); // 1, or -1 when the device cannot be opened
+[[nodiscard]] i32 sound_init();           // 1, or -1 when the device cannot be opened
 void sound_set_effect_volume(i32 volume); // 0..128
 void sound_set_music_volume(i32 volume);  // 0..128
 void sound_resume();
-void sound_play(i32 number);   // asks for a sound at the end of this frame; other numbers are ignored
-void sound_update();           // once a frame: starts what was asked for, decodes ahead
+void sound_play(i32 number); // asks for a sound at the end of this frame; other numbers are ignored
+void sound_update();         // once a frame: starts what was asked for, decodes ahead
 void sound_shutdown();

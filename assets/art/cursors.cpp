@@ -1,0 +1,84 @@
+// cursors.cpp: the three mouse pointers: an arrow, an open hand and a closed hand.
+//
+// The game puts a fixed pixel of each picture on the mouse position; the tips are drawn there.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "paths.h"
+#include "sets.h"
+
+#include <span>
+
+namespace art {
+
+namespace {
+
+constexpr rgb OUTLINE = hex(0x13233F), SKIN = hex(0xFFFFFF);
+constexpr double OUTLINE_WIDTH = 1.15; // pixels, round each part
+constexpr double CREASE_WIDTH = 1.0, CREASE_ALPHA = 0.8;
+
+// A pointer is the union of its parts in white with one outline round it, creased where fingers meet.
+struct pointer {
+    const char *name;
+    int width, height;
+    std::span<const drawn_part> parts;
+    std::string_view creases;
+};
+
+constexpr drawn_part ARROW[] = {
+    {"M1 .8 L1 17.4 L5.2 13.7 L8 20.4 L11 19.2 L8.2 12.6 L13.6 12.6 Z"},
+};
+
+// Fingers three pixels wide, one pixel apart: the outlines of neighbours meet in that pixel.
+constexpr drawn_part OPEN_HAND[] = {
+    {"R 4 2 3 12 1.5"},
+    {"R 8 1 3 13 1.5"},
+    {"R 12 2 3 12 1.5"},
+    {"R 16 4 3 10 1.5"},
+    {"M4 14 L4 12.6 C3.8 11.4 2.8 10.9 1.9 11.2 C.9 11.6 .8 12.6 1.4 13.6 L5.4 20 C6.6 21.6 8 22 10 22 L13 22 "
+     "C17 22 19 19 19 15 L19 11 L4 11 Z"},
+};
+
+constexpr drawn_part CLOSED_HAND[] = {
+    {"R 4 2 3 8 1.5"},
+    {"R 8 1 3 9 1.5"},
+    {"R 12 1 3 9 1.5"},
+    {"R 16 3 3 7 1.5"},
+    {"M4 8 L19 8 L19 12.5 C19 16.6 16.8 19 13 19 L10 19 C6.4 19 4 17.2 2.8 14.4 C1.6 11.6 1.8 9 4 8 Z"},
+};
+
+constexpr pointer POINTERS[] = {
+    {"control/mouse/001/001", 16, 21, ARROW, ""},
+    {"control/mouse/002/001", 21, 24, OPEN_HAND, "M7.5 10 L7.5 12 M11.5 10 L11.5 12 M15.5 10 L15.5 12"},
+    {"control/mouse/003/001", 21, 21, CLOSED_HAND, "M5 14.5 L9.4 14.5 C11.4 14.5 11.4 11.3 9.4 11.2 L7.5 11.2"},
+};
+
+// Draws every part grown by `margin` on all sides.
+void draw_grown(cairo_t *cr, std::span<const drawn_part> parts, rgb colour, double margin) {
+    for (const drawn_part &part : parts) {
+        trace(cr, part.outline);
+        fill_keep(cr, colour);
+        stroke(cr, colour, 2 * margin);
+    }
+}
+
+void draw_pointer(cairo_t *cr, const pointer &p) {
+    cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
+    draw_grown(cr, p.parts, OUTLINE, OUTLINE_WIDTH);
+    draw_grown(cr, p.parts, SKIN, 0);
+    trace(cr, p.creases);
+    stroke(cr, OUTLINE, CREASE_WIDTH, CREASE_ALPHA);
+}
+
+} // namespace
+
+void make_cursors() {
+    for (const pointer &p : POINTERS) {
+        canvas picture(p.width, p.height);
+        draw_pointer(picture, p);
+        save(picture, p.name);
+    }
+}
+
+} // namespace art

@@ -1,0 +1,161 @@
+// font.cpp: the glyphs of the game's own font.
+//
+// The game knows only which pixels of a glyph are not transparent, and how light they are. A glyph is
+// hinted to the pixel grid, and only pixels that are mostly ink are kept: in black text every kept pixel
+// is equally black, so faint edges would clog the letters.
+//
+// The game draws a glyph's bottom row at the reference line plus the number of empty rows above its ink.
+// So ink that stands on the line is cropped, ink that goes below it by d rows gets d empty rows above,
+// and ink that ends above it keeps the empty rows below.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "canvas.h"
+#include "faces.h"
+#include "fail.h"
+#include "sets.h"
+#include "things.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace art {
+namespace {
+
+constexpr int SIZE_26_6 = 800;                  // 12.5 pixels to the em
+constexpr int MIN_COVERAGE = 140;               // of 255: 55 %
+constexpr int DARKEST = 0x90;                   // grey level of a pixel that is just kept; full ink is white
+constexpr int PEN_GAP = 1;                      // the pen adds it after every glyph
+constexpr int ASCENT_MAX = 15, DESCENT_MAX = 4; // rows above and below the reference line
+
+struct named_glyph {
+    char32_t code;
+    const char *file;
+};
+
+// clang-format off
+// The glyphs that are not named by their own character.
+constexpr std::array<named_glyph, 24> NAMED = {{
+    {U'!', "exclamation"}, {U'"', "quote"},    {U'$', "dollarsign"}, {U'%', "percent"},  {U'\'', "apostrophe"},
+    {U'(', "lparen"},      {U')', "rparen"},   {U'*', "asterisk"},   {U'+', "plus"},     {U',', "comma"},
+    {U'-', "dash"},        {U'.', "period"},   {U'/', "slash"},      {U':', "colon"},    {U';', "semicolon"},
+    {U'<', "lessthan"},    {U'>', "greaterthan"}, {U'?', "question"}, {U'©', "copy"},    {U'[', "lbracket"},
+    {U'\\', "backslash"},  {U']', "rbracket"}, {U'_', "underscore"}, {U' ', "space"},
+}};
+// clang-format on
+
+// Grey levels of a glyph (0: no ink); `base` is the row on which the reference line runs: ink in row
+// base - 1 stands on it.
+struct grey_glyph {
+    int width = 0, height = 0, base = 0, advance = 0, bearing = 0;
+    std::vector<int> levels;
+
+    [[nodiscard]] int at(int x, int y) const { return levels[static_cast<std::size_t>(y * width + x)]; }
+};
+
+int grey_level(int coverage) {
+    if (coverage < MIN_COVERAGE)
+        return 0;
+    return DARKEST + (0xFF - DARKEST) * (coverage - MIN_COVERAGE) / (0xFF - MIN_COVERAGE);
+}
+
+grey_glyph render(char32_t code) {
+    FT_Face font = open_face(face::andika_bold);
+    FT_Set_Char_Size(font, 0, SIZE_26_6, 72, 72);
+    const FT_UInt index = FT_Get_Char_Index(font, code);
+    if (index == 0 || FT_Load_Glyph(font, index, FT_LOAD_TARGET_NORMAL) != 0 ||
+        FT_Render_Glyph(font->glyph, FT_RENDER_MODE_NORMAL) != 0)
+        fail("the game's font has no character " + std::to_string(code));
+    const FT_Bitmap &bitmap = font->glyph->bitmap;
+    grey_glyph glyph = {.width = static_cast<int>(bitmap.width),
+                        .height = static_cast<int>(bitmap.rows),
+                        .base = font->glyph->bitmap_top,
+                        .advance = static_cast<int>((font->glyph->advance.x + 32) >> 6),
+                        .bearing = font->glyph->bitmap_left,
+                        .levels = {}};
+    for (int y = 0; y < glyph.height; ++y) {
+        for (int x = 0; x < glyph.width; ++x)
+            glyph.levels.push_back(grey_level(bitmap.buffer[y * bitmap.pitch + x]));
+    }
+    return glyph;
+}
+
+// Cuts off the rows and columns without ink at the edges; what is cut on the left becomes bearing.
+void crop(grey_glyph &glyph) {
+    int left = glyph.width, right = 0, top = glyph.height, bottom = 0;
+    for (int y = 0; y < glyph.height; ++y) {
+        for (int x = 0; x < glyph.width; ++x) {
+            if (glyph.at(x, y) == 0)
+                continue;
+            left = std::min(left, x), right = std::max(right, x + 1);
+            top = std::min(top, y), bottom = std::max(bottom, y + 1);
+        }
+    }
+    if (right == 0)
+        return;
+    std::vector<int> levels;
+    for (int y = top; y < bottom; ++y) {
+        for (int x = left; x < right; ++x)
+            levels.push_back(glyph.at(x, y));
+    }
+    glyph = {.width = right - left,
+             .height = bottom - top,
+             .base = glyph.base - top,
+             .advance = glyph.advance,
+             .bearing = glyph.bearing + left,
+             .levels = levels};
+}
+
+// Writes a glyph so that its reference line comes out right; see the head of this file.
+void save_glyph(grey_glyph glyph, const std::string &file) {
+    crop(glyph);
+    const int below = std::max(0, glyph.height - glyph.base), above_line = std::max(0, glyph.base - glyph.height);
+    if (glyph.base > ASCENT_MAX || below > DESCENT_MAX)
+        fail("the glyph " + file + " is too high for the lines of a text");
+    const int left = std::max(0, glyph.bearing);
+    const int width = std::max({1, glyph.advance - PEN_GAP, left + glyph.width});
+    canvas picture(width, std::max(1, below + glyph.height + above_line)); // a space has no ink
+    for (int y = 0; y < glyph.height; ++y) {
+        for (int x = 0; x < glyph.width; ++x) {
+            const double level = glyph.at(x, y) / 255.0;
+            if (level <= 0)
+                continue;
+            cairo_rectangle(picture, left + x, below + y, 1, 1);
+            fill(picture, {level, level, level});
+        }
+    }
+    save(picture, "font/normal/" + file);
+}
+
+// The program's mark: a small jigsaw piece standing on the line.
+grey_glyph draw_mark() {
+    constexpr int width = 11, height = 11;
+    canvas mark(width, height);
+    jigsaw_outline(mark, 0, 3, 8, 8, {1, 1, 0, -1}, 3);
+    fill(mark, {1, 1, 1});
+    cairo_surface_flush(mark.surface.get());
+    const unsigned char *data = cairo_image_surface_get_data(mark.surface.get());
+    const int stride = cairo_image_surface_get_stride(mark.surface.get());
+    grey_glyph glyph = {
+        .width = width, .height = height, .base = height, .advance = width + 2, .bearing = 0, .levels = {}};
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            glyph.levels.push_back(grey_level(data[y * stride + x * 4 + 3]));
+    }
+    return glyph;
+}
+
+} // namespace
+
+void make_font() {
+    const std::string own_names = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
+    for (const char c : own_names)
+        save_glyph(render(static_cast<unsigned char>(c)), std::string(1, c));
+    for (const named_glyph &glyph : NAMED)
+        save_glyph(render(glyph.code), glyph.file);
+    save_glyph(draw_mark(), "tavimo");
+}
+
+} // namespace art

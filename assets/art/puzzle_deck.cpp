@@ -1,0 +1,210 @@
+// puzzle_deck.cpp: cards, the next button, and the keypad with its digits.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "buttons.h"
+#include "puzzle.h"
+
+#include <cmath>
+
+namespace art {
+namespace {
+
+constexpr rgb WHITE = {1, 1, 1};
+constexpr double CARD_RADIUS = 6, FIELD_RADIUS = 3;
+constexpr double STRIPE_WIDTH = 1.6, STRIPE_PITCH = 6;
+
+// A card is back and face in one: pattern in the rim only, plain cream where the label will stand.
+canvas draw_card(const puzzle_layout &layout, const puzzle_colours &c) {
+    const double w = layout.card_width, h = layout.card_height;
+    const insets &in = layout.card_field;
+    canvas card(layout.card_width, layout.card_height);
+    rounded_rect(card, 0, 0, w, h, CARD_RADIUS);
+    fill(card, c.outline);
+    rounded_rect(card, 1, 1, w - 2, h - 2, CARD_RADIUS - 1);
+    cairo_save(card);
+    cairo_clip_preserve(card);
+    fill(card, c.accent);
+    for (double x = -h; x < w; x += STRIPE_PITCH) {
+        cairo_move_to(card, x, 0);
+        cairo_line_to(card, x + h, h);
+    }
+    stroke(card, lighten(c.accent, 0.09), STRIPE_WIDTH);
+    cairo_restore(card);
+    const double field_w = w - in.left - in.right, field_h = h - in.top - in.bottom;
+    rounded_rect(card, in.left - 1, in.top - 1, field_w + 2, field_h + 2, FIELD_RADIUS + 1);
+    fill(card, c.outline);
+    rounded_rect(card, in.left, in.top, field_w, field_h, FIELD_RADIUS);
+    fill(card, CREAM);
+    return card;
+}
+
+// The empty place of the deck, with a tick: no card is left.
+canvas draw_deck_over(const puzzle_layout &layout, const puzzle_colours &c) {
+    const double w = layout.card_width, h = layout.card_height, tick = std::round(h * 0.55);
+    canvas place(layout.card_width, layout.card_height);
+    rounded_rect(place, 0, 0, w, h, CARD_RADIUS);
+    fill(place, c.outline);
+    rounded_rect(place, 1, 1, w - 2, h - 2, CARD_RADIUS - 1);
+    fill(place, c.joints.dent);
+    rounded_rect(place, 2, 2, w - 3, h - 3, CARD_RADIUS - 1);
+    fill(place, c.panel);
+    draw_icon(place, icon::tick, std::round((w - tick) / 2), std::round((h - tick) / 2), tick, c.name);
+    return place;
+}
+
+// --- Next button and keys ------------------------------------------------------------------------
+
+constexpr button_style NEXT = {.width = 52, .height = 37};
+constexpr int KEY_WIDTH = 40, KEY_HEIGHT = 36;
+
+void draw_next_mark(cairo_t *cr, rgb accent) {
+    constexpr double middle = 17;
+    cairo_save(cr);
+    cairo_translate(cr, 16.5, middle);
+    cairo_rotate(cr, -0.09);
+    rounded_rect(cr, -6, -8.5, 12, 17, 2);
+    fill_keep(cr, accent);
+    stroke(cr, HONEY_SKIN.ink, 1.4);
+    cairo_restore(cr);
+    cairo_save(cr);
+    cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
+    cairo_move_to(cr, 28, middle);
+    cairo_line_to(cr, 42, middle);
+    cairo_move_to(cr, 36.5, middle - 5.5);
+    cairo_line_to(cr, 42, middle);
+    cairo_line_to(cr, 36.5, middle + 5.5);
+    stroke(cr, HONEY_SKIN.ink, 2.6);
+    cairo_restore(cr);
+}
+
+void make_keys(int type, const puzzle_colours &c) {
+    const std::string prefix = folder_of(type) + "/input/keys/";
+    int k = 0;
+    for (const button_state state : BUTTON_STATES) {
+        canvas key(KEY_WIDTH, KEY_HEIGHT);
+        draw_plate(key, KEY_SKIN, state, 0, 0, KEY_WIDTH, KEY_HEIGHT);
+        save(key, numbered(prefix, ++k), {.dither = true});
+    }
+    for (const button_state state : BUTTON_STATES) {
+        canvas next = draw_button(NEXT, state, icon::none, "");
+        draw_next_mark(next, c.accent);
+        save(next, numbered(prefix, ++k), {.dither = true});
+    }
+}
+
+} // namespace
+
+void make_deck(int type) {
+    const puzzle_layout &layout = layout_of(type);
+    const puzzle_colours c = colours_of(type);
+    const std::string folder = folder_of(type);
+    const canvas card = draw_card(layout, c);
+    save(card, folder + "/deck/base");
+    save(card, folder + "/deck/next");
+    save(draw_deck_over(layout, c), folder + "/deck/over");
+    make_keys(type, c);
+}
+
+// --- Keypad --------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr int PAD_WIDTH = 128, PAD_HEIGHT = 160;
+constexpr double PAD_RADIUS = 10;
+constexpr int KEY_LABEL_WIDTH = 30, KEY_LABEL_HEIGHT = 28;
+constexpr double KEY_LABEL_X = KEY_LABEL_WIDTH / 2.0, KEY_LABEL_Y = 12; // middle of a key's face
+constexpr double KEY_CAP = 18, ENTERED_CAP = 18, CARD_CAP = 16;
+constexpr int ENTERED_WIDTH = 20, ENTERED_HEIGHT = 28;
+constexpr rgb ENTERED_OUTLINE = hex(0x5A4320), ENTERED_FACE = hex(0xFFFDF4), ENTERED_SHADE = hex(0xE3D4AE);
+constexpr rgb DELETE_RED = hex(0xA83A2A), ENTER_GREEN = hex(0x2F7D3B);
+constexpr int DIGITS = 10, DELETE_KEY = 10, ENTER_KEY = 11;
+
+canvas draw_pad() {
+    canvas pad(PAD_WIDTH, PAD_HEIGHT);
+    const double w = PAD_WIDTH, h = PAD_HEIGHT;
+    rounded_rect(pad, 0, 0, w, h, PAD_RADIUS);
+    fill(pad, WOOD_OUTLINE);
+    rounded_rect(pad, 1, 1, w - 2, h - 2, PAD_RADIUS - 1);
+    fill(pad, WOOD_SHADE);
+    rounded_rect(pad, 1, 1, w - 3, h - 3, PAD_RADIUS - 1);
+    fill(pad, WOOD_LIGHT);
+    rounded_rect(pad, 2, 2, w - 4, h - 4, PAD_RADIUS - 2);
+    fill(pad, WOOD);
+    return pad;
+}
+
+void draw_delete(cairo_t *cr) {
+    const double left = 0.5, tip = 9, right = 29.5, top = KEY_LABEL_Y - 9.5, bottom = KEY_LABEL_Y + 9.5;
+    cairo_move_to(cr, left, KEY_LABEL_Y);
+    cairo_line_to(cr, tip, top);
+    cairo_line_to(cr, right, top);
+    cairo_line_to(cr, right, bottom);
+    cairo_line_to(cr, tip, bottom);
+    cairo_close_path(cr);
+    fill(cr, DELETE_RED);
+    draw_icon(cr, icon::cross, 11.5, KEY_LABEL_Y - 7, 14, WHITE);
+}
+
+void draw_enter(cairo_t *cr) {
+    rounded_rect(cr, 0, KEY_LABEL_Y - 11, KEY_LABEL_WIDTH, 22, 5);
+    fill(cr, ENTER_GREEN);
+    draw_icon(cr, icon::tick, KEY_LABEL_X - 9, KEY_LABEL_Y - 9, 18, WHITE);
+}
+
+canvas draw_key_label(int value) {
+    canvas label(KEY_LABEL_WIDTH, KEY_LABEL_HEIGHT);
+    if (value == DELETE_KEY)
+        draw_delete(label);
+    else if (value == ENTER_KEY)
+        draw_enter(label);
+    else
+        print(label, KEY_CAP, KEY_LABEL_X, KEY_LABEL_Y, std::to_string(value), PRINT);
+    return label;
+}
+
+canvas draw_entered_digit(int digit) {
+    canvas tile(ENTERED_WIDTH, ENTERED_HEIGHT);
+    const double w = ENTERED_WIDTH, h = ENTERED_HEIGHT;
+    rounded_rect(tile, 0, 0, w, h, 4);
+    fill(tile, ENTERED_OUTLINE);
+    rounded_rect(tile, 1, 1, w - 2, h - 2, 3);
+    fill(tile, ENTERED_SHADE);
+    rounded_rect(tile, 1, 1, w - 2, h - 3.5, 3);
+    fill(tile, ENTERED_FACE);
+    print(tile, ENTERED_CAP, w / 2, h / 2 - 1, std::to_string(digit), PRINT);
+    return tile;
+}
+
+// A sign of the card's problem, as wide as its ink: the game sets the pictures side by side, one pixel
+// apart, on one bottom line.
+canvas draw_card_sign(std::string_view sign, rgb colour) {
+    canvas measure(1, 1);
+    double left = 0, top = 0, right = 0, bottom = 0;
+    text_path(measure, face::dosis_bold, CARD_CAP, 0, 0, align::left, sign);
+    cairo_path_extents(measure, &left, &top, &right, &bottom);
+    canvas picture(static_cast<int>(std::ceil(right - left)), static_cast<int>(CARD_CAP));
+    const double x = (picture.width - (right - left)) / 2 - left;
+    text(picture, face::dosis_bold, CARD_CAP, x, CARD_CAP, align::left, sign, colour);
+    return picture;
+}
+
+} // namespace
+
+void make_keypad(int type) {
+    const std::string folder = folder_of(type);
+    save(draw_pad(), folder + "/input/base");
+    for (int value = 0; value <= ENTER_KEY; ++value)
+        save(draw_key_label(value), numbered(folder + "/input/symbols/keys/", value + 1), on_ground(KEY_SKIN.middle));
+    for (int digit = 0; digit < DIGITS; ++digit) {
+        save(draw_entered_digit(digit), numbered(folder + "/input/symbols/entered/", digit + 1));
+        save(draw_card_sign(std::to_string(digit), PRINT), numbered(folder + "/deck/symbols/", digit + 1),
+             on_ground(CREAM));
+    }
+    lch sign = to_lch(colours_of(type).accent);
+    sign.l = 0.42;
+    save(draw_card_sign("×", to_rgb(sign)), numbered(folder + "/deck/symbols/", DIGITS + 1), on_ground(CREAM));
+}
+
+} // namespace art

@@ -1,0 +1,113 @@
+// dirty.cpp: collecting changed rectangles, merging those that nearly coincide, and showing them.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "graphics/dirty.h"
+
+#include "core/log.h"
+#include "graphics/frame_buffers.h"
+#include "graphics/locks.h"
+#include "graphics/render.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+// Rectangles whose place and size differ by no more than this become one.
+static constexpr i32 MERGE_DISTANCE = 10; // pixels
+
+static struct {
+    SDL_Rect *rects; // owned
+    i32 count, capacity;
+} dirty;
+
+std::span<const SDL_Rect> dirty_rects() {
+    return {dirty.rects, static_cast<std::size_t>(dirty.count)};
+}
+
+void dirty_free() {
+    std::free(dirty.rects);
+    dirty = {};
+}
+
+static rect from_sdl(const SDL_Rect &r) {
+    return {r.x, r.y, r.w, r.h};
+}
+
+static SDL_Rect to_sdl(const rect &r) {
+    return {static_cast<Sint16>(r.x), static_cast<Sint16>(r.y), static_cast<Uint16>(r.w), static_cast<Uint16>(r.h)};
+}
+
+static i32 last_column(const rect &r) {
+    return r.x + r.w - 1;
+}
+static i32 last_row(const rect &r) {
+    return r.y + r.h - 1;
+}
+
+static bool overlap(const rect &a, const rect &b) {
+    return a.x <= last_column(b) && b.x <= last_column(a) && a.y <= last_row(b) && b.y <= last_row(a);
+}
+
+static bool lies_inside(const rect &inner, const rect &outer) {
+    return inner.x >= outer.x && last_column(inner) <= last_column(outer) && inner.y >= outer.y &&
+           last_row(inner) <= last_row(outer);
+}
+
+static bool nearly_equal(const rect &a, const rect &b) {
+    const auto close = [](i32 m, i32 n) { return std::abs(m - n) <= MERGE_DISTANCE; };
+    return close(a.x, b.x) && close(a.y, b.y) && close(a.w, b.w) && close(a.h, b.h);
+}
+
+static rect union_of(const rect &a, const rect &b) {
+    const i32 left = std::min(a.x, b.x), top = std::min(a.y, b.y);
+    return {left, top, std::max(last_column(a), last_column(b)) - left + 1,
+            std::max(last_row(a), last_row(b)) - top + 1};
+}
+
+static void append(const rect &area) {
+    if (dirty.count == dirty.capacity) {
+        const auto slots = static_cast<std::size_t>(dirty.capacity) + 1;
+        auto *rects = static_cast<SDL_Rect *>(std::realloc(dirty.rects, slots * sizeof(SDL_Rect)));
+        if (rects == nullptr) {
+            log_out_of_memory();
+            return;
+        }
+        dirty.rects = rects;
+        ++dirty.capacity;
+    }
+    dirty.rects[dirty.count++] = to_sdl(area);
+}
+
+void dirty_add(i32 x, i32 y, i32 w, i32 h) {
+    lock_assert(surface_lock);
+    rect added = rect_cut({x, y, w, h}, SCREEN_WIDTH, SCREEN_HEIGHT);
+    if (rect_is_empty(added))
+        return;
+    bool merged = false;
+    for (i32 i = 0; i < dirty.count;) {
+        const rect stored = from_sdl(dirty.rects[i]);
+        if (overlap(stored, added)) {
+            if (lies_inside(added, stored))
+                return;
+            if (lies_inside(stored, added)) {
+                dirty.rects[i] = dirty.rects[--dirty.count];
+                continue; // with the one that took its place
+            }
+            if (nearly_equal(added, stored)) {
+                added = union_of(added, stored);
+                dirty.rects[i] = to_sdl(added);
+                merged = true;
+            }
+        }
+        ++i;
+    }
+    if (!merged)
+        append(added);
+}
+
+void dirty_flush() {
+    lock_assert(surface_lock);
+    if (frames.surface != nullptr)
+        SDL_UpdateRects(frames.surface, dirty.count, dirty.rects);
+    dirty.count = 0;
+}

@@ -1,0 +1,71 @@
+// glyph_play.cpp: drawing a character in its colour.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "graphics/blit_routines.h"
+#include "graphics/draw_play.h"
+#include "graphics/glyphs.h"
+#include "graphics/locks.h"
+#include "graphics/pixel.h"
+#include "graphics/render.h"
+
+#include <algorithm>
+
+static constexpr i32 FULL = 255; // a factor that keeps a channel, and the highest channel
+
+static u8 scale(u8 channel, i32 factor) {
+    return static_cast<u8>(std::clamp(channel * factor / FULL, 0, FULL));
+}
+
+template <class Pixel> static bool is_ink(typename Pixel::value pixel, rgb key) {
+    const rgb colour = Pixel::to_rgb(pixel);
+    return colour.r != key.r || colour.g != key.g || colour.b != key.b;
+}
+
+template <class Pixel> static i32 first_ink(const image &picture) {
+    const auto *pixels = reinterpret_cast<const typename Pixel::value *>(picture.pixels);
+    const auto *end = pixels + picture.width * picture.height;
+    rgb key;
+    color_key_get(&key);
+    const auto *found = std::find_if(pixels, end, [key](auto pixel) { return is_ink<Pixel>(pixel, key); });
+    return found == end ? -1 : static_cast<i32>(found - pixels);
+}
+
+i32 glyph_first_ink(const image &picture) {
+    return video_format.depth == pixel16::BITS ? first_ink<pixel16>(picture) : first_ink<pixel32>(picture);
+}
+
+template <class Pixel> static void recolour(const glyph &g) {
+    using value = typename Pixel::value;
+    const auto *from = reinterpret_cast<const value *>(g.source->pixels);
+    auto *to = reinterpret_cast<value *>(g.working->pixels);
+    rgb key;
+    color_key_get(&key);
+    std::transform(from, from + g.width * g.height, to, [&](value pixel) {
+        const rgb c = Pixel::to_rgb(pixel);
+        return is_ink<Pixel>(pixel, key) ? Pixel::from_rgb({scale(c.r, g.red), scale(c.g, g.green), scale(c.b, g.blue)})
+                                         : pixel;
+    });
+}
+
+static void use_colour(glyph *g, const text_operands &op) {
+    if (g->red == op.red && g->green == op.green && g->blue == op.blue)
+        return;
+    g->red = op.red;
+    g->green = op.green;
+    g->blue = op.blue;
+    if (video_format.depth == pixel16::BITS)
+        recolour<pixel16>(*g);
+    else
+        recolour<pixel32>(*g);
+}
+
+void play_text(const text_operands &op) {
+    lock_assert(surface_lock);
+    glyph *g = &glyphs[op.slot];
+    if (!glyph_exists(*g) || !draw_is_visible(*g->working, op.x, op.y))
+        return;
+    use_colour(g, op);
+    blit->plain(op.to_background != 0 ? frames.background : frames.screen, *g->working, op.x, op.y);
+    dirty_add(op.x, op.y, g->width, g->height);
+}

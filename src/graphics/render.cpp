@@ -1,0 +1,108 @@
+// render.cpp: the render thread's loop, recording under its lock, and pausing it.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "graphics/render.h"
+
+#include "core/app_state.h"
+#include "graphics/draw_play.h"
+#include "graphics/draw_queue.h"
+#include "graphics/frame_buffers.h"
+#include "graphics/locks.h"
+
+#include <SDL_timer.h>
+
+static constexpr i32 PASS_PERIOD_MS = 5;
+static constexpr u32 PAUSE_POLL_MS = 1;
+
+// Set when a list was played that could not reach the screen. Under the surface lock.
+static bool screen_missed = false;
+
+static void play(std::span<const u8> list) {
+    const screen_access access;
+    if (access.open && screen_missed) {
+        frame_show_background(WHOLE_SCREEN);
+        dirty_add(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    }
+    screen_missed = !access.open;
+    draw_list_play(list);
+}
+
+static std::span<const u8> take_list() {
+    const lock_scope guard(render_lock);
+    return draw_queue_take();
+}
+
+static void set_idle() {
+    const lock_scope guard(render_lock);
+    draw_queue.idle = true;
+}
+
+void render_pass() {
+    const std::span<const u8> list = take_list();
+    {
+        const lock_scope guard(surface_lock);
+        if (!list.empty())
+            play(list);
+        dirty_flush();
+    }
+    set_idle();
+}
+
+int render_thread(void *) {
+    render_running.store(true);
+    set_idle();
+    for (;;) {
+        const u32 start = SDL_GetTicks();
+        render_pass();
+        if (app_has(APP_QUIT)) {
+            render_running.store(false);
+            return 1;
+        }
+        const i32 wait = PASS_PERIOD_MS - static_cast<i32>(SDL_GetTicks() - start);
+        if (wait > 0)
+            SDL_Delay(static_cast<u32>(wait));
+    }
+}
+
+bool render_begin_frame() {
+    lock_take(render_lock);
+    return draw_queue.idle;
+}
+
+void render_end_frame() {
+    lock_release(render_lock);
+}
+
+// Makes the render thread take a list even when nothing was recorded.
+static void force_take() {
+    const lock_scope guard(render_lock);
+    draw_queue.pending.store(true);
+}
+
+// Ends with the surface lock held and no list pending. A render thread that has ended takes no more lists, so
+// nobody waits for it.
+static void take_surface_after_list() {
+    lock_take(surface_lock);
+    while (draw_queue.pending.load() && render_running.load()) {
+        lock_release(surface_lock);
+        SDL_Delay(PAUSE_POLL_MS);
+        lock_take(surface_lock);
+    }
+}
+
+void render_pause(i32 n) {
+    if (!render_running.load() || n < 1)
+        return;
+    take_surface_after_list();
+    for (i32 i = 1; i < n; ++i) {
+        lock_release(surface_lock);
+        force_take();
+        take_surface_after_list();
+    }
+}
+
+void render_resume() {
+    if (lock_is_held(surface_lock))
+        lock_release(surface_lock);
+}

@@ -1,0 +1,22 @@
+// best_times_table.h: the best-times table, for the file that keeps it. Private to persist; main thread.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "persist/best_times.h"
+#include "puzzles/puzzle_info.h"
+
+struct best_times_table {
+    puzzle_scores puzzles[PUZZLE_COUNT];
+    ptr_array<player_record> *players; // owned; null while there is no table
+    bool damaged;                      // the file on the disk holds something that could not be read
+};
+extern best_times_table best_times;
+
+inline bool best_times_exist() {
+    return best_times.players != nullptr;
+}
+
+void score_entry_free(score_entry *entry);
+void player_record_free(player_record *player);

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "graphics/draw_list.h"
+#include "puzzles/background.h"
+#include "puzzles/board.h"
+#include "puzzles/cells.h"
+#include "puzzles/deck.h"
+#include "puzzles/headings.h"
+#include "sprites/effect.h"
+#include "sprites/number_entry.h"
+#include "sprites/sprite.h"
+
+namespace {
+
+constexpr i32 STUDY_HELP_GAP = 2; // pixels below the board
+
+void draw_pieces_and_effects(const board *b) {
+    sprite_list_draw(b->pieces);
+    for (const effect *running : each(b->effects))
+        effect_draw(running);
+}
+
+void draw_play_background(const board *b) {
+    if (board_has(b, BOARD_HAS_KEYPAD)) {
+        draw_image_bg(b->keypad_picture, b->keypad_x, b->keypad_y);
+        draw_restore({b->keypad_x, b->keypad_y, b->keypad_picture->width, b->keypad_picture->height});
+    }
+    for (const button *drawn : each(b->buttons))
+        button_draw_background(drawn);
+    if (board_has(b, BOARD_HAS_BOX))
+        draw_image_bg_show(b->box_picture, b->box_x, b->box_y);
+}
+
+} // namespace
+
+void board_draw(const board *b) {
+    if (!board_loaded(b))
+        return;
+    if (!board_is(b, BOARD_STUDY)) {
+        for (const button *drawn : each(b->buttons))
+            button_draw(drawn);
+        if (board_has(b, BOARD_HAS_DECK))
+            board_draw_deck(b);
+        if (board_has(b, BOARD_HAS_KEYPAD))
+            number_entry_draw(b->entry);
+    }
+    draw_pieces_and_effects(b);
+}
+
+void board_draw_background(const board *b) {
+    if (!board_loaded(b))
+        return;
+    if (board_background() != nullptr)
+        draw_image_bg(board_background(), 0, 0);
+    draw_image_bg(b->board_picture, b->x, b->y);
+    board_draw_headings(b);
+    board_draw_cells(b);
+    draw_restore({b->x, b->y, b->width, b->height});
+    if (board_is(b, BOARD_STUDY))
+        draw_image_bg(b->study_help_picture, center_x(b->study_help_picture->width), b->y + b->height + STUDY_HELP_GAP);
+    else
+        draw_play_background(b);
+}

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/settings.h"
+#include "core/strings.h"
+#include "input/input.h"
+#include "puzzles/board.h"
+#include "puzzles/deck.h"
+#include "puzzles/keypad.h"
+#include "sprites/effect.h"
+#include "sprites/sprite.h"
+
+#include <SDL.h>
+
+namespace {
+
+constexpr u32 CLOCK_LIMIT = 5'999'000; // ms: 99 minutes and 59 seconds, where the clock stands still
+constexpr u32 MS_PER_SECOND = 1000;
+constexpr i32 SECONDS_PER_MINUTE = 60;
+
+// Recounts what is left to answer; true when a piece has been taken in this run.
+bool count_pieces(board *b) {
+    bool any_held = false;
+    b->remaining = b->pieces->count;
+    for (const sprite *piece : each(b->pieces)) {
+        b->remaining -= (piece->flags & SPRITE_ANSWERED) != 0 ? 1 : 0;
+        any_held = any_held || (piece->flags & SPRITE_HELD) != 0;
+    }
+    return any_held;
+}
+
+void update_lock(board *b) {
+    if (board_is(b, BOARD_DECK_LOCK) && --b->deck_lock_frames < 1)
+        b->state &= ~BOARD_DECK_LOCK;
+}
+
+void press_bound_keys(board *b) {
+    if (b->key_buttons == nullptr || board_is(b, BOARD_STUDY) || settings_help_showing())
+        return;
+    for (i32 key = 0; key < key_count(); ++key) {
+        button *bound = b->key_buttons[key];
+        if (bound != nullptr && key_pressed(key)) {
+            button_press(bound);
+            button_release_later(bound);
+        }
+    }
+}
+
+void update_clock(board *b, bool any_held) {
+    const u32 now = SDL_GetTicks();
+    if (!board_is(b, BOARD_CLOCK)) {
+        if (any_held || board_is(b, BOARD_DECK_MOVING))
+            board_start_clock(b);
+        b->clock_start = now;
+    }
+    const u32 elapsed = now - b->clock_start;
+    if (!board_is(b, BOARD_CLOCK) || elapsed > CLOCK_LIMIT)
+        return;
+    const auto seconds = static_cast<i32>(elapsed / MS_PER_SECOND);
+    if (seconds == b->seconds)
+        return;
+    b->seconds = seconds;
+    string_printf(&b->clock_text, "%i:%.2i", seconds / SECONDS_PER_MINUTE, seconds % SECONDS_PER_MINUTE);
+}
+
+void update_completion(board *b) {
+    if (board_is(b, BOARD_COMPLETE) || b->pieces->count > b->placed)
+        return;
+    b->state |= BOARD_COMPLETE;
+    for (sprite *piece : each(b->pieces))
+        sprite_clear_effects(piece);
+}
+
+// Takes the finished effects out and the queued ones in.
+void exchange_effects(board *b) {
+    for (i32 i = 0; i < b->effects->count; ++i) {
+        effect *&running = b->effects->items[i];
+        if ((running->flags & EFFECT_FINISHED) != 0) {
+            effect_free(running);
+            running = nullptr;
+        }
+    }
+    ptr_array_compact(b->effects);
+    for (effect *queued : each(b->new_effects))
+        if (ptr_array_append(b->effects, queued) < 0)
+            effect_free(queued);
+    ptr_array_clear(b->new_effects);
+}
+
+} // namespace
+
+void board_update(board *b) {
+    if (!board_loaded(b))
+        return;
+    sprite_list_update(b->pieces);
+    const bool any_held = count_pieces(b);
+    for (sprite *cell : each(b->cells))
+        sprite_update(cell);
+    for (button *ticked : each(b->buttons))
+        button_tick(ticked);
+    for (effect *running : each(b->effects))
+        effect_update(running);
+    const bool playing = !board_is(b, BOARD_STUDY);
+    if (playing && board_has(b, BOARD_HAS_DECK))
+        board_update_deck(b);
+    if (playing && board_has(b, BOARD_HAS_KEYPAD))
+        board_update_keypad(b);
+    update_lock(b);
+    press_bound_keys(b);
+    update_clock(b, any_held);
+    update_completion(b);
+    exchange_effects(b);
+}

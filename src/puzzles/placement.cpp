@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "puzzles/placement.h"
+
+#include "core/log.h"
+#include "puzzles/cells.h"
+#include "puzzles/deck.h"
+#include "sound/sound.h"
+#include "sprites/effect.h"
+#include "sprites/sprite.h"
+
+namespace {
+
+constexpr i32 PLACED_OFFSET = 1; // pixels right of and below the cell's corner
+constexpr i32 PLACE_SOUNDS = SOUND_PIECE_PLACE_6 - SOUND_PIECE_PLACE_1 + 1;
+
+void set_edges(sprite *piece, const image *const edges[EDGE_COUNT]) {
+    sprite_set_edges(piece, edges[EDGE_TOP], edges[EDGE_RIGHT], edges[EDGE_BOTTOM], edges[EDGE_LEFT]);
+}
+
+bool within_snap_radius(const board *b, const sprite *piece, const sprite *cell) {
+    const i32 dx = piece->x + half(piece->w) - (b->x + cell->x + half(cell->w));
+    const i32 dy = piece->y + half(piece->h) - (b->y + cell->y + half(cell->h));
+    return dx * dx + dy * dy <= b->snap_radius * b->snap_radius;
+}
+
+void deal_after_placing(board *b) {
+    board_deal(b);
+    if (b->placed < b->pieces->count)
+        board_add_burn(b, {b->slot_x[0], b->slot_y[0], b->card_picture->width, b->card_picture->height});
+}
+
+} // namespace
+
+i32 board_add_piece(board *b, sprite *piece) {
+    if (ptr_array_append(b->pieces, piece) < 0) {
+        sprite_free(piece);
+        return -1;
+    }
+    sprite_set_body(piece, b->piece_picture);
+    set_edges(piece, b->piece_tab_out);
+    return 1;
+}
+
+sprite *board_piece_at(const board *b, i32 px, i32 py) {
+    return sprite_list_hit(b->pieces, px, py);
+}
+
+button *board_button_at(const board *b, i32 px, i32 py) {
+    for (button *candidate : each(b->buttons))
+        if (button_hit(candidate, px, py))
+            return candidate;
+    return nullptr;
+}
+
+sprite *board_target_cell(const board *b, const sprite *piece) {
+    sprite *cell = board_find_cell(b, piece->target_col, piece->target_row);
+    if (cell == nullptr)
+        log_error("Error: Piece has no target!\n");
+    return cell;
+}
+
+void board_put_in_cell(const board *b, sprite *piece, const sprite *cell) {
+    piece->x = b->x + cell->x + PLACED_OFFSET;
+    piece->y = b->y + cell->y + PLACED_OFFSET;
+    set_edges(piece, b->piece_tab_in);
+}
+
+void board_drop_piece(board *b, sprite *piece) {
+    const sprite *cell = board_target_cell(b, piece);
+    if (cell == nullptr || !within_snap_radius(b, piece, cell))
+        return;
+    sprite_fix(piece);
+    board_put_in_cell(b, piece, cell);
+    ++b->placed;
+    sound_play(SOUND_PIECE_PLACE_1 + std::rand() % PLACE_SOUNDS);
+    if (board_has(b, BOARD_BLINK_PLACED))
+        sprite_blink_out(piece);
+    if (board_has(b, BOARD_HAS_DECK) && (piece->flags & SPRITE_DEAL_NEXT) != 0)
+        deal_after_placing(b);
+}
+
+void board_add_burn(board *b, const rect &centre_on) {
+    effect *burn = effect_create(EFFECT_BURN);
+    if (burn == nullptr)
+        return;
+    if (board_has(b, BOARD_LARGE_BURN))
+        effect_burn_large(burn);
+    effect_center_on(burn, centre_on);
+    board_add_effect(b, burn, burn->x, burn->y);
+}

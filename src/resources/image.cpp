@@ -1,0 +1,199 @@
+// image.cpp: picture records, their run tables, and loading them from the archive.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "resources/image.h"
+
+#include "core/log.h"
+#include "core/strings.h"
+#include "graphics/pixel.h"
+#include "resources/archive.h"
+#include "resources/file_reader.h"
+#include "resources/xpm.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+static constexpr i32 RUN_STEP = 1024; // entries the run table grows by
+
+// --- records -------------------------------------------------------------------------------------
+
+image *image_create(i32 width, i32 height) {
+    const bool possible = width >= 0 && width <= XPM_MAX_SIDE && height >= 0 && height <= XPM_MAX_SIDE;
+    const i32 size = possible ? width * height * video_format.bytes_per_pixel : 0;
+    auto *picture = possible ? static_cast<image *>(std::calloc(1, sizeof(image))) : nullptr;
+    auto *pixels = static_cast<u8 *>(std::malloc(static_cast<std::size_t>(std::max(size, 1))));
+    if (picture == nullptr || pixels == nullptr) {
+        log_out_of_memory();
+        std::free(picture);
+        std::free(pixels);
+        return nullptr;
+    }
+    *picture = {.pixels = pixels, .size = size, .width = width, .height = height, .runs = nullptr, .run_count = 0};
+    return picture;
+}
+
+void image_free(image *picture) {
+    if (picture == nullptr)
+        return;
+    std::free(picture->pixels);
+    std::free(picture->runs);
+    std::free(picture);
+}
+
+// --- run table -----------------------------------------------------------------------------------
+
+// A run table in the making.
+struct run_table {
+    i32 *entries; // owned
+    i32 count;
+    i32 capacity;
+};
+
+// Makes room for this many more entries; false when memory is short.
+static bool reserve_runs(run_table *table, i32 more) {
+    if (more <= table->capacity - table->count)
+        return true;
+    const i32 capacity = (table->count + more + RUN_STEP - 1) / RUN_STEP * RUN_STEP;
+    void *entries = std::realloc(table->entries, static_cast<std::size_t>(capacity) * sizeof(i32));
+    if (entries == nullptr)
+        return false;
+    table->entries = static_cast<i32 *>(entries);
+    table->capacity = capacity;
+    return true;
+}
+
+// Appends a row's runs, beginning with a transparent one. There must be room for width + 2 entries.
+template <class P> static void add_row(run_table *table, const typename P::value *row, i32 width, rgb key) {
+    const auto key_pixel = P::from_rgb(key);
+    bool transparent = true;
+    i32 start = 0;
+    for (i32 x = 0; x < width; ++x) {
+        // Through the colour, because bits that carry none do not count.
+        if ((P::from_rgb(P::to_rgb(row[x])) == key_pixel) == transparent)
+            continue;
+        table->entries[table->count++] = (x - start) << P::SHIFT;
+        transparent = !transparent;
+        start = x;
+    }
+    table->entries[table->count++] = (width - start) << P::SHIFT;
+    table->entries[table->count++] = RUN_END_ROW;
+}
+
+template <class P> static bool build_table(run_table *table, const image *picture) {
+    constexpr i32 row_extra = 2; // a leading run of nothing, the end of the row
+    rgb key;
+    color_key_get(&key);
+    const auto *row = reinterpret_cast<const typename P::value *>(picture->pixels);
+    for (i32 y = 0; y < picture->height; ++y, row += picture->width) {
+        if (!reserve_runs(table, picture->width + row_extra))
+            return false;
+        add_row<P>(table, row, picture->width, key);
+    }
+    if (!reserve_runs(table, 1))
+        return false;
+    table->entries[table->count++] = RUN_END_PICTURE;
+    return true;
+}
+
+bool image_build_runs(image *picture) {
+    std::free(picture->runs);
+    picture->runs = nullptr;
+    picture->run_count = 0;
+    run_table table = {};
+    const bool narrow = video_format.depth == pixel16::BITS;
+    if (!(narrow ? build_table<pixel16>(&table, picture) : build_table<pixel32>(&table, picture))) {
+        log_out_of_memory();
+        std::free(table.entries);
+        return false;
+    }
+    void *exact = std::realloc(table.entries, static_cast<std::size_t>(table.count) * sizeof(i32));
+    picture->runs = exact != nullptr ? static_cast<i32 *>(exact) : table.entries;
+    picture->run_count = table.count;
+    return true;
+}
+
+// --- loading -------------------------------------------------------------------------------------
+
+// An entry's bytes, whole.
+struct entry_text {
+    char *bytes; // owned
+    i32 size;
+};
+
+// Reads the entry "xpm/NAME". False, with nothing owned, when it is missing, cut or memory is short.
+static bool read_entry_text(entry_text *text, const char *name) {
+    char *path = nullptr;
+    if (string_printf(&path, "%s/%s", "xpm", name) < 0)
+        return false;
+    const int descriptor = data_archive_open_entry(path);
+    std::free(path);
+    if (descriptor < 0)
+        return false;
+    text->size = data_archive_current_size();
+    text->bytes = static_cast<char *>(std::malloc(static_cast<std::size_t>(text->size) + 1));
+    file_reader *reader = file_reader_create_bounded(descriptor, text->size);
+    if (text->bytes == nullptr)
+        std::fprintf(stderr, "Warning: could not allocate memory for xpm buffer\n");
+    bool whole = false;
+    if (text->bytes != nullptr && reader != nullptr) {
+        file_reader_read(reader, text->bytes, text->size);
+        whole = !reader->cut;
+    }
+    file_reader_destroy(reader);
+    if (!whole)
+        std::free(text->bytes);
+    return whole;
+}
+
+// The picture of an opened text. Null, with *damaged set, when its rows are not as announced; null alone when
+// memory is short.
+static image *decode_picture(xpm *source, bool *damaged) {
+    image *picture = image_create(source->width, source->height);
+    *damaged = false;
+    if (picture == nullptr)
+        return nullptr;
+    *damaged = !xpm_read_pixels(source, picture->pixels);
+    if (!*damaged && image_build_runs(picture))
+        return picture;
+    image_free(picture);
+    return nullptr;
+}
+
+image *image_load(const char *name) {
+    entry_text text = {};
+    image *picture = nullptr;
+    bool damaged = true;
+    if (read_entry_text(&text, name)) {
+        xpm source;
+        if (xpm_open(&source, {text.bytes, static_cast<std::size_t>(text.size)}))
+            picture = decode_picture(&source, &damaged);
+        xpm_close(&source);
+        std::free(text.bytes);
+    }
+    if (picture == nullptr && damaged)
+        log_error("Error loading xpm file %s\n", name);
+    return picture;
+}
+
+i32 image_load_sequence(image **array, i32 count, const char *prefix) {
+    char *name = nullptr;
+    bool loaded = true;
+    for (i32 i = 0; i < count && loaded; ++i) {
+        loaded = string_printf(&name, "%s%.3i.xpm", prefix, i + 1) >= 0;
+        if (loaded) {
+            array[i] = image_load(name);
+            loaded = array[i] != nullptr;
+        }
+    }
+    std::free(name);
+    return loaded ? 1 : -1;
+}
+
+void image_free_array(image **array, i32 count) {
+    for (i32 i = 0; i < count; ++i) {
+        image_free(array[i]);
+        array[i] = nullptr;
+    }
+}

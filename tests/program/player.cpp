@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "program/player.h"
+
+#include "core/app.h"
+#include "core/screen.h"
+#include "core/settings.h"
+#include "puzzles/board.h"
+#include "puzzles/cells.h"
+#include "puzzles/placement.h"
+#include "sprites/sprite.h"
+#include "support/fake_sdl.h"
+#include "support/video_depth.h"
+
+#include <SDL.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <semaphore>
+#include <thread>
+
+namespace fs = std::filesystem;
+
+extern "C" {
+void __real_SDL_PumpEvents();
+void __wrap_SDL_PumpEvents();
+}
+
+namespace {
+
+constexpr int USUAL_DEPTH = 16; // the mode that start-up asks for first
+
+// Whose turn it is. The game's frame begins with pumping SDL's events; there the script has its turn.
+bool script_runs = false;
+std::binary_semaphore game_turn{0}, script_turn{0};
+
+void run_script(const script &player) {
+    script_turn.acquire();
+    player();
+    script_runs = false;
+    game_turn.release();
+}
+
+[[noreturn]] void fail_script(const std::string &why) {
+    std::fprintf(stderr, "script: %s (screen %d)\n", why.c_str(), static_cast<int>(screen_current()));
+    std::fflush(nullptr);
+    _exit(SCRIPT_FAILED);
+}
+
+[[noreturn]] void child(int depth, const script &player, const std::string &errors) {
+    if (std::freopen(errors.c_str(), "w", stderr) == nullptr)
+        _exit(SCRIPT_FAILED);
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    setenv("SDL_AUDIODRIVER", "dummy", 0);
+    fake_reset();
+    fake_mouse_move(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2);
+    fake_time_start(1);
+    if (depth != USUAL_DEPTH)
+        fake_video_refuse([](int bits, u32) { return bits == USUAL_DEPTH; });
+    script_runs = true;
+    std::thread(run_script, player).detach();
+    app_run();
+}
+
+} // namespace
+
+void __wrap_SDL_PumpEvents() {
+    __real_SDL_PumpEvents();
+    if (script_runs && app != nullptr) {
+        script_turn.release();
+        game_turn.acquire();
+    }
+}
+
+game_folder::game_folder() {
+    fs::create_symlink(TAVIMO_DATA_FILE, file("data/data.dar"));
+}
+
+std::string file_text(const fs::path &path) {
+    const file_bytes bytes = read_file(path);
+    return {bytes.begin(), bytes.end()};
+}
+
+void write_text(const fs::path &path, const std::string &bytes) {
+    fs::remove(path);
+    write_file(path, to_bytes(bytes));
+}
+
+game_result play_game(const game_folder &folder, int depth, const script &player) {
+    const std::string errors = folder.file("said").string();
+    std::fflush(nullptr);
+    const pid_t pid = fork();
+    if (pid == 0)
+        child(depth, player, errors);
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read_file(errors),
+            read_file(folder.file("bin/errorlog.log"))};
+}
+
+// --- For scripts ---------------------------------------------------------------------------------
+
+void frames(int count) {
+    for (int i = 0; i < count; ++i) {
+        game_turn.release();
+        script_turn.acquire();
+    }
+}
+
+void until(const char *what, const std::function<bool()> &holds, int limit) {
+    for (int i = 0; !holds(); ++i) {
+        if (i == limit)
+            fail_script(std::string("waited in vain until ") + what);
+        frames(1);
+    }
+}
+
+void check(bool holds, const std::string &what) {
+    if (!holds)
+        fail_script("expected: " + what);
+}
+
+void click(int x, int y) {
+    fake_mouse_move(x, y);
+    frames(1);
+    fake_mouse_button(SDL_BUTTON_LEFT, true);
+    frames(1);
+    fake_mouse_button(SDL_BUTTON_LEFT, false);
+    frames(1);
+}
+
+void hold_key(int key, bool down) {
+    fake_key(key, down);
+    frames(1);
+}
+
+void press(int key) {
+    hold_key(key, true);
+    hold_key(key, false);
+}
+
+void type_text(const std::string &letters) {
+    for (const char c : letters)
+        press(c);
+}
+
+void drag(int from_x, int from_y, int to_x, int to_y) {
+    fake_mouse_move(from_x, from_y);
+    frames(1);
+    fake_mouse_button(SDL_BUTTON_LEFT, true);
+    frames(1);
+    fake_mouse_move((from_x + to_x) / 2, (from_y + to_y) / 2);
+    frames(1);
+    fake_mouse_move(to_x, to_y);
+    frames(1);
+    fake_mouse_button(SDL_BUTTON_LEFT, false);
+    frames(1);
+}
+
+void until_screen(screen_id id) {
+    until("the next screen shows", [id] { return screen_current() == id; });
+}
+
+// --- The usual road ------------------------------------------------------------------------------
+
+namespace {
+
+constexpr int COLUMN_X = 720;     // inside every button of the right-hand columns
+constexpr int SPLASH_GO_Y = 495;  // continue, quit
+constexpr int SPLASH_REVEAL = 40; // frames, more than the reveal takes
+constexpr int SLIDE = 20;         // frames, more than a picture slide takes
+constexpr int ENTRANCE = 40;      // frames, more than a dialog's entrance takes
+constexpr int TITLE_STUDY_Y = 399, TITLE_EXIT_Y = 579;
+constexpr int STUDY_PLAY_Y = 543;
+constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
+constexpr int HELP_DEAF = 12; // frames until bubbles take clicks
+
+} // namespace
+
+board *the_board() {
+    return app->board;
+}
+
+void leave_splash() {
+    until_screen(SCREEN_SPLASH);
+    frames(SPLASH_REVEAL);
+    click(COLUMN_X, SPLASH_GO_Y);
+    until_screen(SCREEN_TITLE);
+    frames(2);
+}
+
+void select_puzzle(int list_position) {
+    click(LIST_X, LIST_Y + LIST_PITCH * list_position);
+    frames(SLIDE);
+}
+
+void close_help() {
+    for (int clicks = 0; settings_help_showing(); ++clicks) {
+        check(clicks < 10, "clicks to close the help bubbles");
+        frames(HELP_DEAF);
+        click(COLUMN_X, SCREEN_HEIGHT / 2);
+    }
+}
+
+void study_selected() {
+    click(COLUMN_X, TITLE_STUDY_Y);
+    until_screen(SCREEN_STUDY);
+    frames(2);
+    close_help();
+}
+
+void start_playing(const char *name) {
+    click(COLUMN_X, STUDY_PLAY_Y);
+    until_screen(SCREEN_DIALOG);
+    frames(ENTRANCE);
+    if (name != nullptr)
+        type_text(name);
+    press(SDLK_RETURN);
+    until_screen(SCREEN_PLAY);
+    frames(2);
+    close_help();
+}
+
+void place_piece(sprite *piece) {
+    const board *b = the_board();
+    const sprite *cell = board_find_cell(b, piece->target_col, piece->target_row);
+    check(cell != nullptr, "the piece has a cell");
+    const int dx = b->x + cell->x + 1 - piece->x, dy = b->y + cell->y + 1 - piece->y;
+    const int grab_x = piece->x + piece->w / 2, grab_y = piece->y + piece->h / 2;
+    check(board_piece_at(b, grab_x, grab_y) == piece, "the piece can be taken where it lies");
+    drag(grab_x, grab_y, grab_x + dx, grab_y + dy);
+    check((piece->flags & SPRITE_FIXED) != 0, "the piece snaps into its cell");
+    check(piece->x == b->x + cell->x + 1 && piece->y == b->y + cell->y + 1, "the piece lies in its cell");
+}
+
+void finish_dialog_and_score_log() {
+    until_screen(SCREEN_DIALOG);
+    frames(ENTRANCE);
+    press(SDLK_RETURN);
+    until_screen(SCREEN_SCORE_LOG);
+    constexpr int SHOW = 700; // frames, more than the whole show takes
+    frames(SHOW);
+    click(COLUMN_X, SCREEN_HEIGHT / 2);
+    until_screen(SCREEN_TITLE);
+    frames(2);
+}
+
+void leave_program() {
+    click(COLUMN_X, TITLE_EXIT_Y);
+    until_screen(SCREEN_DIALOG);
+    frames(ENTRANCE);
+    press(SDLK_y);
+    until_screen(SCREEN_SPLASH);
+    frames(SPLASH_REVEAL);
+    click(COLUMN_X, SPLASH_GO_Y);
+    frames(1000);
+    check(false, "the program ends");
+}

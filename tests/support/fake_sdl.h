@@ -1,0 +1,63 @@
+// fake_sdl.h: scripted keys and mouse, virtual time, fixed dice and failing allocations.
+//
+// The linker sends SDL_GetKeyState, SDL_GetMouseState, SDL_GetTicks, SDL_Delay, rand, malloc, calloc and realloc
+// of everything linked statically through here. Each passes through to the real one until a test switches it on;
+// a fake_scope on the test's stack switches everything off again. The thread that switches time or failing
+// allocations on is the one whose SDL_Delay moves the clock and whose allocations fail; other threads only read
+// the clock, and sleep for real, briefly.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/types.h"
+
+#include <initializer_list>
+
+void fake_reset(); // everything passes through
+
+struct fake_scope {
+    fake_scope() { fake_reset(); }
+    ~fake_scope() { fake_reset(); }
+    fake_scope(const fake_scope &) = delete;
+    fake_scope &operator=(const fake_scope &) = delete;
+};
+
+// --- Input: the first call switches from the real devices to scripted ones, all up, mouse at (0, 0) ------
+
+void fake_key(int key, bool down);
+void fake_keys_up();
+void fake_key_count(int count); // key codes that SDL reports, at most FAKE_KEY_LIMIT
+void fake_mouse_move(int x, int y);
+void fake_mouse_button(int button, bool down); // SDL's button numbers
+
+inline constexpr int FAKE_KEY_LIMIT = 1024;
+
+// --- Time, in milliseconds -------------------------------------------------------------------------------
+
+void fake_time_start(u32 now); // from now on only this thread's SDL_Delay and fake_time_advance move the clock
+void fake_time_advance(u32 span);
+u32 fake_time_now();
+
+// --- Dice ------------------------------------------------------------------------------------------------
+
+void fake_dice(std::initializer_list<int> values); // rand gives these in turn, over and over
+int fake_dice_drawn();                             // draws since fake_dice
+
+// --- Allocations of this thread --------------------------------------------------------------------------
+
+void fake_fail_allocation(int k, bool also_later = false); // 1: the next one; 0: none, only count
+int fake_allocations();                                    // since fake_fail_allocation
+
+// Runs a step with its first allocation failing, then its second, and so on, until it succeeds; gives the number
+// of allocations that were made to fail. The step returns whether it succeeded and leaves nothing behind.
+template <class Step> int fake_fail_each_allocation(Step step) {
+    for (int k = 1;; ++k) {
+        fake_fail_allocation(k);
+        const bool succeeded = step();
+        const bool failed_one = fake_allocations() >= k;
+        fake_fail_allocation(0);
+        if (succeeded || !failed_one)
+            return k - 1;
+    }
+}

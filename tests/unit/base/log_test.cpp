@@ -1,0 +1,117 @@
+// log_test.cpp: where messages go, and what the platform layer does to paths and files.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/app_state.h"
+#include "core/log.h"
+#include "platform/platform.h"
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <regex>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+
+namespace fs = std::filesystem;
+
+TEST(Log, GoesToStandardErrorThenToTheFileThenNowhere) {
+    const temp_game game;
+    const std::string prefix = "[" + std::to_string(platform_process_id()) + "]";
+    testing::internal::CaptureStderr();
+    log_error("early %i\n", 1);
+    game.log_to_file();
+    log_error("first %s\n", "message");
+    log_out_of_memory();
+    errno = EACCES;
+    log_errno("open");
+    log_set_mode(0);
+    log_error("dropped\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), prefix + "early 1\n");
+    EXPECT_TRUE(
+        std::regex_match(game.log_text(), std::regex("first message\nOut of memory\n\\d\\d/[A-Z][a-z]{2}/\\d{4} "
+                                                     "\\d\\d:\\d\\d:\\d\\d \\+0000 open - Permission denied\n")))
+        << game.log_text();
+}
+
+TEST(Log, UnwritableFileGivesOneWarningAMessage) {
+    const temp_game game;
+    const std::string name(200, 'n'); // cut to 127 characters
+    const std::string path = "none/" + name;
+    testing::internal::CaptureStderr();
+    log_set_file(path.c_str());
+    log_set_mode(LOG_FILE);
+    log_error("lost\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "[" + std::to_string(platform_process_id()) +
+                                                          "] Warning: Could not open error log file " +
+                                                          path.substr(0, 127) + " for writing\n");
+}
+
+TEST(Platform, EitherSeparatorAndNoTruncation) {
+    const temp_game game;
+    write_file(game.data("f"), to_bytes("0123456789"));
+    const int out = platform_open_write("..\\data\\f");
+    ASSERT_GE(out, 0);
+    EXPECT_EQ(platform_write(out, "abc", 3), 3);
+    platform_close(out);
+    EXPECT_EQ(read_file(game.data("f")), to_bytes("abc3456789"));
+    const int in = platform_open_read("../data\\f");
+    EXPECT_EQ(platform_size(in), 10);
+    EXPECT_EQ(platform_seek(in, 8), 8);
+    char bytes[5] = {};
+    EXPECT_EQ(platform_read(in, bytes, sizeof bytes), 2);
+    platform_close(in);
+    EXPECT_EQ(platform_open_read("..\\data\\none"), -1);
+    EXPECT_EQ(platform_open_read(std::string(10000, 'x').c_str()), -1);
+    EXPECT_EQ(errno, ENAMETOOLONG);
+}
+
+TEST(Platform, CopyReplacesTheWholeFile) {
+    const temp_game game;
+    const file_bytes large(100000, 'y');
+    write_file(game.data("from"), large);
+    EXPECT_EQ(platform_copy_file("..\\data\\from", "..\\data\\to"), 0);
+    EXPECT_EQ(read_file(game.data("to")), large);
+    write_file(game.data("from"), to_bytes("short"));
+    EXPECT_EQ(platform_copy_file("..\\data\\from", "..\\data\\to"), 0);
+    EXPECT_EQ(read_file(game.data("to")), to_bytes("short"));
+    EXPECT_EQ(platform_copy_file("..\\data\\none", "..\\data\\to"), -1);
+    EXPECT_EQ(read_file(game.data("to")), to_bytes("short"));
+    EXPECT_EQ(platform_copy_file("..\\data\\from", "..\\none\\to"), -1);
+}
+
+// A stand-in opener notes its arguments; nothing may pass through a shell, and no child may stay behind.
+TEST(Platform, WebPageOpensWithoutShellOrZombie) {
+    const temp_game game;
+    write_file("xdg-open", to_bytes("#!/bin/sh\nprintf '%s|' $# \"$1\" > note.new\nmv note.new note\n"));
+    fs::permissions("xdg-open", fs::perms::owner_all);
+    const std::string path = std::getenv("PATH");
+    setenv("PATH", (fs::current_path().string() + ":" + path).c_str(), 1);
+    platform_open_web_page("https://example.test/?a=1&b=$(touch bad) c");
+    setenv("PATH", path.c_str(), 1);
+    for (int tries = 0; tries < 500 && !fs::exists("note"); ++tries)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(read_file("note"), to_bytes("1|https://example.test/?a=1&b=$(touch bad) c|"));
+    EXPECT_FALSE(fs::exists("bad"));
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "no child is left";
+    EXPECT_EQ(errno, ECHILD);
+}
+
+TEST(AppState, NameAndFlags) {
+    app_state state = {};
+    app = &state;
+    app_state_set_name(&state, "Ann");
+    app_state_set_name(&state, state.player_name);
+    EXPECT_STREQ(state.player_name, "Ann");
+    EXPECT_EQ(state.flags, APP_NAME_SET);
+    app_quit_to_web_page();
+    EXPECT_EQ(state.flags, APP_NAME_SET | APP_QUIT | APP_OPEN_WEB_PAGE);
+    std::free(state.player_name);
+    app = nullptr;
+    EXPECT_FALSE(app_has(APP_QUIT));
+}

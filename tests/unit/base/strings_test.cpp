@@ -1,0 +1,114 @@
+// strings_test.cpp: owned strings, digits and dates.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/random.h"
+#include "core/strings.h"
+#include "support/fake_sdl.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <regex>
+#include <string>
+
+TEST(Strings, SetReplacesAndKeepsOnFailure) {
+    fake_scope fakes;
+    char *text = nullptr;
+    EXPECT_EQ(string_set(&text, "long enough"), 12);
+    EXPECT_EQ(string_set(&text, text), 12) << "from itself";
+    EXPECT_STREQ(text, "long enough");
+    fake_fail_allocation(1);
+    EXPECT_EQ(string_set(&text, "another"), -1);
+    fake_fail_allocation(0);
+    EXPECT_STREQ(text, "long enough");
+    EXPECT_EQ(string_set(&text, nullptr), 1);
+    EXPECT_STREQ(text, "");
+    std::free(text);
+}
+
+TEST(Strings, PrintfGrowsToItsLimit) {
+    constexpr std::size_t step = 2048, limit = 2 * 1024 * 1024;
+    struct row {
+        std::size_t length;
+        bool fits;
+    };
+    for (const row &r : {row{0, true},
+                         {step - 1, true},
+                         {step, true},
+                         {3 * step + 5, true},
+                         {limit - 1, true},
+                         {limit, false},
+                         {limit + step, false}}) {
+        const std::string source(r.length, 'x');
+        char *text = nullptr;
+        string_set(&text, "before");
+        EXPECT_EQ(string_printf(&text, "%s", source.c_str()), r.fits ? static_cast<i32>(r.length) : -1) << r.length;
+        EXPECT_TRUE(r.fits ? text == source : text == nullptr) << r.length;
+        std::free(text);
+    }
+}
+
+TEST(Strings, PrintfWithShortMemory) {
+    fake_scope fakes;
+    const std::string source(5000, 'x');
+    for (int failing = 1; failing <= 3; ++failing) { // the first block, a larger one, the exact one
+        char *text = nullptr;
+        string_set(&text, "before");
+        fake_fail_allocation(failing);
+        EXPECT_EQ(string_printf(&text, "%s", source.c_str()), -1) << failing;
+        fake_fail_allocation(0);
+        if (failing == 1)
+            EXPECT_STREQ(text, "before");
+        else
+            EXPECT_EQ(text, nullptr) << failing;
+        std::free(text);
+    }
+}
+
+TEST(Strings, ShiftWorksInEveryByteAndBack) {
+    char text[] = "Ann \x01\x7f\x81\xff";
+    const std::string before = text;
+    string_shift(text, 128);
+    EXPECT_EQ(static_cast<u8>(text[0]), 0xC1);
+    EXPECT_EQ(static_cast<u8>(text[7]), 0x7F);
+    string_shift(text, -128);
+    EXPECT_EQ(text, before);
+    string_shift(nullptr, 1);
+}
+
+TEST(Strings, DigitsLettersMonths) {
+    struct row {
+        const char *text;
+        int value;
+    };
+    for (const row &r : {row{"EA", 234}, {"8a", 138}, {"zz", 0}, {"g7", 7}, {"f@", 240}, {"00", 0}, {"fF", 255}})
+        EXPECT_EQ(hex_byte(r.text), r.value) << r.text;
+    EXPECT_EQ(char_upper('z'), 'Z');
+    EXPECT_EQ(char_upper('{'), '{');
+    EXPECT_EQ(char_upper('\xE4'), '\xE4') << "ASCII alone";
+    EXPECT_STREQ(month_abbrev(11), "Dec");
+    EXPECT_EQ(month_abbrev(12), nullptr);
+    EXPECT_EQ(month_abbrev(-1), nullptr);
+}
+
+TEST(Strings, DatesHaveTheirFixedForm) {
+    char *text = nullptr;
+    log_timestamp(&text);
+    const std::string months = "(Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec)";
+    EXPECT_TRUE(std::regex_match(text, std::regex("[0-3]\\d/" + months + "/\\d{4} \\d\\d:\\d\\d:\\d\\d \\+0000")))
+        << text;
+    date_stamp(&text);
+    EXPECT_TRUE(std::regex_match(text, std::regex("\\d{4}-[01]\\d-[0-3]\\d \\d\\d:\\d\\d"))) << text;
+    std::free(text);
+}
+
+TEST(Random, DrawsOnlyWhereThereIsAChoice) {
+    fake_scope fakes;
+    fake_dice({0, 1, 2, 6});
+    EXPECT_EQ(random_range(5, 5), 5);
+    EXPECT_EQ(random_range(5, 4), 5);
+    EXPECT_EQ(fake_dice_drawn(), 0);
+    for (const int expected : {-1, 0, 1, -1}) // both ends are reached, and 6 wraps
+        EXPECT_EQ(random_range(-1, 1), expected);
+}

@@ -1,0 +1,116 @@
+// stage.h: a screen to draw on, without a render thread: what was recorded is played by stage::show.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "core/log.h"
+#include "graphics/blit.h"
+#include "graphics/draw_ops.h"
+#include "graphics/frame_buffers.h"
+#include "graphics/pixel.h"
+#include "graphics/render.h"
+#include "graphics/video.h"
+#include "support/fake_sdl.h"
+#include "support/video_depth.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <random>
+#include <vector>
+
+inline bool refuse_16_bits(int bits, u32) {
+    return bits == pixel16::BITS;
+}
+
+// One a test. extra_pitch: pixels that the screen's rows are longer than the window.
+struct stage {
+    fake_scope fakes;
+
+    explicit stage(i32 bits, i32 extra_pitch = 0) {
+        setenv("SDL_VIDEODRIVER", "dummy", 1);
+        log_set_mode(0);
+        EXPECT_EQ(SDL_Init(SDL_INIT_VIDEO), 0);
+        fake_video_reset();
+        fake_video_pitch(extra_pitch);
+        fake_video_refuse(bits == pixel16::BITS ? nullptr : refuse_16_bits);
+        EXPECT_EQ(video_init(), 1);
+        EXPECT_EQ(prim_init(), 1);
+        EXPECT_EQ(blit_init(), 1);
+        EXPECT_EQ(video_format.depth, bits);
+        render_pass();
+    }
+    ~stage() {
+        video_shutdown();
+        EXPECT_EQ(fake_video_locks(), 0);
+        fake_video_reset();
+        SDL_Quit();
+        log_set_mode(LOG_STDERR);
+    }
+
+    // Records a frame and plays it.
+    template <class Record> void show(Record record) {
+        EXPECT_TRUE(render_begin_frame());
+        record();
+        render_end_frame();
+        render_pass();
+    }
+};
+
+// All pixels of a buffer, row by row.
+template <class Pixel> std::vector<typename Pixel::value> pixels_of(const frame_buffer &buffer) {
+    std::vector<typename Pixel::value> copy;
+    for (i32 y = 0; y < buffer.height; ++y) {
+        const auto *row = reinterpret_cast<const typename Pixel::value *>(frame_row(buffer, y));
+        copy.insert(copy.end(), row, row + buffer.width);
+    }
+    return copy;
+}
+
+template <class Pixel> std::vector<typename Pixel::value> screen_pixels() {
+    const screen_access access;
+    return pixels_of<Pixel>(frames.screen);
+}
+
+template <class Pixel> typename Pixel::value screen_pixel(i32 x, i32 y) {
+    return screen_pixels<Pixel>()[static_cast<std::size_t>(y * SCREEN_WIDTH + x)];
+}
+
+inline i32 pick(std::mt19937 &dice, i32 low, i32 high) {
+    return std::uniform_int_distribution<i32>(low, high)(dice);
+}
+
+inline rgb pick_colour(std::mt19937 &dice) {
+    return {static_cast<u8>(dice()), static_cast<u8>(dice()), static_cast<u8>(dice())};
+}
+
+template <class Pixel> typename Pixel::value key_pixel() {
+    rgb key;
+    color_key_get(&key);
+    return Pixel::from_rgb(key);
+}
+
+// A picture of random runs, some rows empty or full. The caller frees it.
+template <class Pixel> image *random_picture(std::mt19937 &dice, i32 width, i32 height) {
+    image *picture = image_create(width, height);
+    auto *pixels = reinterpret_cast<typename Pixel::value *>(picture->pixels);
+    bool opaque = false;
+    for (i32 i = 0; i < width * height; ++i) {
+        if (pick(dice, 0, 7) == 0)
+            opaque = !opaque;
+        pixels[i] = opaque ? Pixel::from_rgb(pick_colour(dice)) : key_pixel<Pixel>();
+    }
+    EXPECT_TRUE(image_build_runs(picture));
+    return picture;
+}
+
+// Fills both buffers with noise, so that what is drawn over shows.
+template <class Pixel> void scatter(std::mt19937 &dice) {
+    const screen_access access;
+    for (const frame_buffer &buffer : {frames.screen, frames.background})
+        for (i32 y = 0; y < buffer.height; ++y)
+            for (i32 x = 0; x < buffer.width; ++x)
+                reinterpret_cast<typename Pixel::value *>(frame_row(buffer, y))[x] = Pixel::from_rgb(pick_colour(dice));
+}
