@@ -16,6 +16,8 @@
 #include "sets.h"
 #include "things.h"
 
+#include FT_OUTLINE_H
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -24,10 +26,11 @@
 namespace art {
 namespace {
 
-constexpr int SIZE_26_6 = 800;                  // 12.5 pixels to the em
-constexpr int MIN_COVERAGE = 140;               // of 255: 55 %
-constexpr int DARKEST = 0x90;                   // grey level of a pixel that is just kept; full ink is white
-constexpr int PEN_GAP = 1;                      // the pen adds it after every glyph
+constexpr int SIZE_26_6 = 800;    // 12.5 pixels to the em
+constexpr int MIN_COVERAGE = 140; // of 255: 55 %
+constexpr int DARKEST = 0x90;     // grey level of a pixel that is just kept; full ink is white
+constexpr int PEN_GAP = 1;        // the pen adds it after every glyph
+constexpr int SPACE_ADVANCE = 4;
 constexpr int ASCENT_MAX = 15, DESCENT_MAX = 4; // rows above and below the reference line
 
 struct named_glyph {
@@ -37,12 +40,12 @@ struct named_glyph {
 
 // clang-format off
 // The glyphs that are not named by their own character.
-constexpr std::array<named_glyph, 24> NAMED = {{
+constexpr std::array<named_glyph, 23> NAMED = {{
     {U'!', "exclamation"}, {U'"', "quote"},    {U'$', "dollarsign"}, {U'%', "percent"},  {U'\'', "apostrophe"},
     {U'(', "lparen"},      {U')', "rparen"},   {U'*', "asterisk"},   {U'+', "plus"},     {U',', "comma"},
     {U'-', "dash"},        {U'.', "period"},   {U'/', "slash"},      {U':', "colon"},    {U';', "semicolon"},
     {U'<', "lessthan"},    {U'>', "greaterthan"}, {U'?', "question"}, {U'©', "copy"},    {U'[', "lbracket"},
-    {U'\\', "backslash"},  {U']', "rbracket"}, {U'_', "underscore"}, {U' ', "space"},
+    {U'\\', "backslash"},  {U']', "rbracket"}, {U'_', "underscore"},
 }};
 // clang-format on
 
@@ -61,14 +64,47 @@ int grey_level(int coverage) {
     return DARKEST + (0xFF - DARKEST) * (coverage - MIN_COVERAGE) / (0xFF - MIN_COVERAGE);
 }
 
+// Loads a hinted glyph, moves it right by `shift` (1/64 pixel) and renders it.
+const FT_Bitmap &rasterise(FT_Face font, char32_t code, int shift) {
+    const FT_UInt index = FT_Get_Char_Index(font, code);
+    if (index == 0 || FT_Load_Glyph(font, index, FT_LOAD_TARGET_NORMAL) != 0)
+        fail("the game's font has no character " + std::to_string(code));
+    FT_Outline_Translate(&font->glyph->outline, shift, 0);
+    if (FT_Render_Glyph(font->glyph, FT_RENDER_MODE_NORMAL) != 0)
+        fail("a glyph cannot be rendered");
+    return font->glyph->bitmap;
+}
+
+// How far the pixels are from being either ink or none.
+int blur(const FT_Bitmap &bitmap) {
+    int sum = 0;
+    for (int y = 0; y < static_cast<int>(bitmap.rows); ++y) {
+        for (int x = 0; x < static_cast<int>(bitmap.width); ++x) {
+            const int coverage = bitmap.buffer[y * bitmap.pitch + x];
+            sum += std::min(coverage, 0xFF - coverage);
+        }
+    }
+    return sum;
+}
+
+// The font's hints settle the rows only; of all places between two columns take the sharpest.
+int sharpest_shift(FT_Face font, char32_t code) {
+    constexpr int half = 32, step = 4;
+    int best = 0, best_blur = blur(rasterise(font, code, 0));
+    for (int shift = -half; shift < half; shift += step) {
+        const int b = blur(rasterise(font, code, shift));
+        if (b < best_blur) {
+            best = shift;
+            best_blur = b;
+        }
+    }
+    return best;
+}
+
 grey_glyph render(char32_t code) {
     FT_Face font = open_face(face::andika_bold);
     FT_Set_Char_Size(font, 0, SIZE_26_6, 72, 72);
-    const FT_UInt index = FT_Get_Char_Index(font, code);
-    if (index == 0 || FT_Load_Glyph(font, index, FT_LOAD_TARGET_NORMAL) != 0 ||
-        FT_Render_Glyph(font->glyph, FT_RENDER_MODE_NORMAL) != 0)
-        fail("the game's font has no character " + std::to_string(code));
-    const FT_Bitmap &bitmap = font->glyph->bitmap;
+    const FT_Bitmap &bitmap = rasterise(font, code, sharpest_shift(font, code));
     grey_glyph glyph = {.width = static_cast<int>(bitmap.width),
                         .height = static_cast<int>(bitmap.rows),
                         .base = font->glyph->bitmap_top,
@@ -108,15 +144,26 @@ void crop(grey_glyph &glyph) {
              .levels = levels};
 }
 
+// Whether most of the first column is ink, as in B or n.
+bool begins_upright(const grey_glyph &glyph) {
+    int ink = 0;
+    for (int y = 0; y < glyph.height; ++y)
+        ink += glyph.at(0, y) > 0;
+    return 2 * ink > glyph.height;
+}
+
 // Writes a glyph so that its reference line comes out right; see the head of this file.
 void save_glyph(grey_glyph glyph, const std::string &file) {
     crop(glyph);
     const int below = std::max(0, glyph.height - glyph.base), above_line = std::max(0, glyph.base - glyph.height);
     if (glyph.base > ASCENT_MAX || below > DESCENT_MAX)
         fail("the glyph " + file + " is too high for the lines of a text");
-    const int left = std::max(0, glyph.bearing);
-    const int width = std::max({1, glyph.advance - PEN_GAP, left + glyph.width});
-    canvas picture(width, std::max(1, below + glyph.height + above_line)); // a space has no ink
+    // Two neighbours with upright edges need more than the pen's column between them.
+    const int least = PEN_GAP + (begins_upright(glyph) ? 1 : 0);
+    const int side = std::max(least, glyph.advance - glyph.width);
+    const int left = std::clamp(glyph.bearing, least - PEN_GAP, side - PEN_GAP);
+    const int width = glyph.width + side - PEN_GAP;
+    canvas picture(width, below + glyph.height + above_line);
     for (int y = 0; y < glyph.height; ++y) {
         for (int x = 0; x < glyph.width; ++x) {
             const double level = glyph.at(x, y) / 255.0;
@@ -155,6 +202,7 @@ void make_font() {
         save_glyph(render(static_cast<unsigned char>(c)), std::string(1, c));
     for (const named_glyph &glyph : NAMED)
         save_glyph(render(glyph.code), glyph.file);
+    save(canvas(SPACE_ADVANCE - PEN_GAP, 1), "font/normal/space");
     save_glyph(draw_mark(), "tavimo");
 }
 

@@ -23,8 +23,8 @@ constexpr double PI = std::numbers::pi;
 
 // A repeatable random number 0..1 for a lattice point.
 double lattice(int x, int y, std::uint32_t seed) {
-    std::uint32_t h = seed * 0x9E3779B9u + static_cast<std::uint32_t>(x) * 0x85EBCA6Bu +
-                      static_cast<std::uint32_t>(y) * 0xC2B2AE35u;
+    std::uint32_t h =
+        seed * 0x9E3779B9u + static_cast<std::uint32_t>(x) * 0x85EBCA6Bu + static_cast<std::uint32_t>(y) * 0xC2B2AE35u;
     h ^= h >> 15;
     h *= 0x2C1B3C6Du;
     h ^= h >> 12;
@@ -46,7 +46,8 @@ double noise(double x, double y, std::uint32_t seed) {
 // The traces of a wiping sponge, about -1..1: streaks that run in wide shallow arcs.
 double haze(double x, double y) {
     const double bend = y + 26 * std::sin(x / 190.0) + 0.10 * x;
-    return 0.55 * noise(x / 260, bend / 90, 1) + 0.30 * noise(x / 120, bend / 34, 2) + 0.25 * noise(x / 70, bend / 9, 3);
+    return 0.55 * noise(x / 260, bend / 90, 1) + 0.30 * noise(x / 120, bend / 34, 2) +
+           0.25 * noise(x / 70, bend / 9, 3);
 }
 
 // --- Chalk drawings ------------------------------------------------------------------------------
@@ -211,7 +212,9 @@ void chalk_tally(cairo_t *cr, double size, const char *) {
     chalk_stroke(cr, 2.2);
 }
 
-void chalk_words(cairo_t *cr, double size, const char *words) { chalk_text(cr, size, words); }
+void chalk_words(cairo_t *cr, double size, const char *words) {
+    chalk_text(cr, size, words);
+}
 
 // --- Where the drawings stand --------------------------------------------------------------------
 
@@ -220,9 +223,9 @@ constexpr double FREE = 0.11, BEHIND_TEXT = 0.06;
 
 struct chalk_drawing {
     void (*draw)(cairo_t *, double size, const char *words);
-    int x, y;      // middle, pixels
-    double size;   // pixels
-    double turn;   // degrees, clockwise
+    int x, y;    // middle, pixels
+    double size; // pixels
+    double turn; // degrees, clockwise
     double strength;
     const char *words;
 };
@@ -255,9 +258,9 @@ constexpr chalk_drawing CHALKS[] = {
     {chalk_words, 286, 424, 22, -5, FREE, "3 × 4"},
     {chalk_clock, 560, 470, 58, 14, BEHIND_TEXT, nullptr},
     {chalk_words, 619, 394, 18, 8, BEHIND_TEXT, "÷"},
-    {chalk_abacus, 364, 470, 76, -5, FREE, nullptr},
+    {chalk_abacus, 328, 470, 76, -5, FREE, nullptr},
     {chalk_cube, 468, 482, 42, 4, BEHIND_TEXT, nullptr},
-    {chalk_hops, 410, 536, 190, 3, FREE, nullptr},
+    {chalk_hops, 410, 536, 190, 3, BEHIND_TEXT, nullptr},
     {chalk_coin, 272, 534, 42, -8, FREE, "10¢"},
     {chalk_set_square, 606, 546, 46, -2, BEHIND_TEXT, nullptr},
     {chalk_words, 548, 556, 16, -4, BEHIND_TEXT, "1/2"},
@@ -308,8 +311,8 @@ double chalk_at(const canvas &chalk, double x, double y) {
 // The board's own colour without chalk.
 rgb slate(double x, double y) {
     const double d = std::hypot((x - 400) / 470, (y - 270) / 400); // 1 near the corners
-    const rgb plain = d < 0.55 ? mix(NIGHT_CENTRE, NIGHT, d / 0.55)
-                               : mix(NIGHT, NIGHT_EDGE, std::min(1.0, (d - 0.55) / 0.55));
+    const rgb plain =
+        d < 0.55 ? mix(NIGHT_CENTRE, NIGHT, d / 0.55) : mix(NIGHT, NIGHT_EDGE, std::min(1.0, (d - 0.55) / 0.55));
     const double f = 1 + 0.10 * haze(x, y);
     return {plain.r * f, plain.g * f, plain.b * f};
 }
@@ -323,8 +326,8 @@ canvas draw_night() {
     for (int y = 0; y < SCREEN_HEIGHT; ++y)
         for (int x = 0; x < SCREEN_WIDTH; ++x) {
             // A line drawn by hand wavers a little, and slate catches the chalk in grains.
-            const double drawn = chalk_at(chalk, x + 1.3 * noise(x / 11.0, y / 11.0, 4),
-                                          y + 1.3 * noise(x / 11.0, y / 11.0, 5));
+            const double drawn =
+                chalk_at(chalk, x + 1.3 * noise(x / 11.0, y / 11.0, 4), y + 1.3 * noise(x / 11.0, y / 11.0, 5));
             const double grain = 0.82 + 0.30 * noise(x / 1.7, y / 1.7, 6) + 0.15 * noise(x / 6.0, y / 6.0, 7);
             const rgb c = mix(slate(x, y), CHALK, drawn * std::clamp(grain, 0.25, 1.2));
             const double fraction = lattice(x, y, 8); // spreads the rounding to 8 bits
@@ -351,7 +354,9 @@ canvas night_window(int x, int y, int width, int height) {
     return part;
 }
 
-rgb night_colour(int x, int y) { return slate(x, y); }
+rgb night_colour(int x, int y) {
+    return slate(x, y);
+}
 
 void save_number_line(const std::string &name) {
     constexpr int WIDTH = 300, HEIGHT = 24, LAST = 10;

@@ -293,7 +293,7 @@ namespace {
 
 constexpr int TRAY_WIDTH = 613, TRAY_HEIGHT = 260, TRAY_COLUMNS = 10, TRAY_ROWS = 5;
 constexpr int PLACE_PITCH_X = 61, PLACE_PITCH_Y = 51;
-constexpr int PLACE_X = 3, PLACE_Y = 5, PLACE_WIDTH = 58, PLACE_HEIGHT = 46;
+constexpr int PLACE_X = 3, PLACE_Y = 5, PLACE_WIDTH = 57, PLACE_HEIGHT = 46;
 
 // Wide, faint streaks along the wood.
 void draw_grain(cairo_t *cr, double x, double y, double w, double h, int seed) {

@@ -115,7 +115,7 @@ constexpr int PAD_WIDTH = 128, PAD_HEIGHT = 160;
 constexpr double PAD_RADIUS = 10;
 constexpr int KEY_LABEL_WIDTH = 30, KEY_LABEL_HEIGHT = 28;
 constexpr double KEY_LABEL_X = KEY_LABEL_WIDTH / 2.0, KEY_LABEL_Y = 12; // middle of a key's face
-constexpr double KEY_CAP = 18, ENTERED_CAP = 18, CARD_CAP = 16;
+constexpr double KEY_CAP = 18, ENTERED_CAP = 18, CARD_CAP = 14;
 constexpr int ENTERED_WIDTH = 20, ENTERED_HEIGHT = 28;
 constexpr rgb ENTERED_OUTLINE = hex(0x5A4320), ENTERED_FACE = hex(0xFFFDF4), ENTERED_SHADE = hex(0xE3D4AE);
 constexpr rgb DELETE_RED = hex(0xA83A2A), ENTER_GREEN = hex(0x2F7D3B);

@@ -27,11 +27,25 @@ constexpr int CHEQUER = 4;
 constexpr art::rgb SHEET_GROUND = art::hex(0xF4F2EC), CHEQUER_LIGHT = art::hex(0xECE4F0),
                    CHEQUER_DARK = art::hex(0xC9BBD2), LABEL_INK = art::hex(0x403830);
 
+constexpr art::rgb NIGHT_LIGHT = art::hex(0x33415C), NIGHT_DARK = art::hex(0x26324A);
+constexpr int SMALL = 24, SMALL_SCALE = 3; // a folder of pictures this small is shown enlarged
+
 struct picture {
     std::string label;
     art::canvas image;
     int x = 0, y = 0; // on its sheet
 };
+
+// A copy in which each pixel is a square of `scale` pixels.
+art::canvas enlarge(const art::canvas &picture, int scale) {
+    art::canvas large(picture.width * scale, picture.height * scale);
+    cairo_scale(large, scale, scale);
+    cairo_set_source_surface(large, picture.surface.get(), 0, 0);
+    cairo_pattern_set_filter(cairo_get_source(large), CAIRO_FILTER_NEAREST);
+    cairo_paint(large);
+    cairo_identity_matrix(large);
+    return large;
+}
 
 void write_png(const art::canvas &sheet, const fs::path &path) {
     fs::create_directories(path.parent_path());
@@ -57,26 +71,28 @@ int lay_out(std::vector<picture> &pictures) {
     return y + row_height + LABEL_HEIGHT + GAP;
 }
 
-void draw_chequer(cairo_t *cr, int x, int y, int width, int height) {
+void draw_chequer(cairo_t *cr, int x, int y, int width, int height, art::rgb light, art::rgb dark) {
     cairo_save(cr);
     cairo_rectangle(cr, x, y, width, height);
     cairo_clip(cr);
     for (int row = 0; row * CHEQUER < height; ++row) {
         for (int column = 0; column * CHEQUER < width; ++column) {
             cairo_rectangle(cr, x + column * CHEQUER, y + row * CHEQUER, CHEQUER, CHEQUER);
-            art::fill(cr, (row + column) % 2 ? CHEQUER_DARK : CHEQUER_LIGHT);
+            art::fill(cr, (row + column) % 2 ? dark : light);
         }
     }
     cairo_restore(cr);
 }
 
-void write_sheet(std::vector<picture> &pictures, const fs::path &path) {
+// White glyphs are shown on a dark chequer.
+void write_sheet(std::vector<picture> &pictures, const fs::path &path, bool dark) {
     const int height = lay_out(pictures);
     art::canvas sheet(SHEET_WIDTH, height);
     cairo_rectangle(sheet, 0, 0, SHEET_WIDTH, height);
     art::fill(sheet, SHEET_GROUND);
     for (const picture &p : pictures) {
-        draw_chequer(sheet, p.x, p.y, p.image.width, p.image.height);
+        draw_chequer(sheet, p.x, p.y, p.image.width, p.image.height, dark ? NIGHT_LIGHT : CHEQUER_LIGHT,
+                     dark ? NIGHT_DARK : CHEQUER_DARK);
         art::paste(sheet, p.image, p.x, p.y);
         art::text(sheet, art::face::andika, LABEL_CAPS, p.x, p.y + p.image.height + LABEL_HEIGHT - 3, art::align::left,
                   p.label, LABEL_INK);
@@ -99,16 +115,24 @@ std::map<std::string, std::vector<std::string>> find_pictures(const fs::path &ro
     return folders;
 }
 
-void write_joint(const fs::path &path) {
-    constexpr int scale = 4;
-    const art::canvas small = art::joint_study("puzzle/mult_15");
-    art::canvas large(small.width * scale, small.height * scale);
-    cairo_scale(large, scale, scale);
-    cairo_set_source_surface(large, small.surface.get(), 0, 0);
-    cairo_pattern_set_filter(cairo_get_source(large), CAIRO_FILTER_NEAREST);
-    cairo_paint(large);
-    write_png(large, path);
+void write_folder(const std::string &folder, const std::vector<std::string> &names, const fs::path &out) {
+    std::vector<picture> pictures;
+    int largest = 0;
+    for (const std::string &name : names) {
+        pictures.push_back({.label = name, .image = art::load(folder + "/" + name)});
+        largest = std::max({largest, pictures.back().image.width, pictures.back().image.height});
+    }
+    for (picture &p : pictures) {
+        if (largest <= SMALL)
+            p.image = enlarge(p.image, SMALL_SCALE);
+    }
+    std::string file = folder;
+    std::replace(file.begin(), file.end(), '/', '-');
+    write_sheet(pictures, out / (file + ".png"), folder.starts_with("font"));
 }
+
+constexpr int JOINT_SCALE = 4;
+constexpr const char *JOINT_FOLDER = "puzzle/mult_15";
 
 } // namespace
 
@@ -119,15 +143,9 @@ int main(int argc, char **argv) {
     }
     const fs::path root = fs::path(argv[1]) / "xpm", out = argv[2];
     art::set_output(argv[1]);
-    for (const auto &[folder, names] : find_pictures(root, argc > 3 ? argv[3] : "")) {
-        std::vector<picture> pictures;
-        for (const std::string &name : names)
-            pictures.push_back({.label = name, .image = art::load(folder + "/" + name)});
-        std::string file = folder;
-        std::replace(file.begin(), file.end(), '/', '-');
-        write_sheet(pictures, out / (file + ".png"));
-    }
-    if (fs::exists(root / "puzzle" / "mult_15" / "piece" / "base.xpm"))
-        write_joint(out / "joint-4x.png");
+    for (const auto &[folder, names] : find_pictures(root, argc > 3 ? argv[3] : ""))
+        write_folder(folder, names, out);
+    if (fs::exists(root / JOINT_FOLDER))
+        write_png(enlarge(art::joint_study(JOINT_FOLDER), JOINT_SCALE), out / "joint-4x.png");
     return 0;
 }

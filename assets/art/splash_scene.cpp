@@ -7,6 +7,7 @@
 
 #include "night.h"
 #include "palette.h"
+#include "problems.h"
 #include "things.h"
 #include "title_parts.h"
 #include "title_props.h"
@@ -23,12 +24,12 @@ namespace {
 
 constexpr double PI = std::numbers::pi;
 constexpr rgb WHITE = hex(0xFFFFFF);
-constexpr rgb LAMP = hex(0xFFE9B0);
+constexpr rgb LAMP = hex(0xA9C6FF);
 
 constexpr int COLUMNS = 3, ROWS = 3;
 constexpr double PIECE_W = 110, PIECE_H = 100, KNOB = 18, DEPTH = 6; // pixels
 constexpr double FRAME = 15;                                         // width of the tray's rim
-constexpr double FIRST_X = 34, FIRST_Y = 26;
+constexpr double FIRST_X = 26, FIRST_Y = 20;
 
 // --- What the pieces show ------------------------------------------------------------------------
 
@@ -39,12 +40,12 @@ struct face_colours {
 // Print in the same hue as the cardboard, dark enough to read from afar.
 face_colours colours_for(int type) {
     const lch accent = to_lch(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent);
-    return {.ground = to_rgb({0.89, std::min(0.085, accent.c * 0.7), accent.h}),
+    return {.ground = to_rgb({std::max(0.89, accent.l + 0.03), std::min(0.085, accent.c * 0.7), accent.h}),
             .ink = to_rgb({0.31, std::min(0.12, accent.c), accent.h})};
 }
 
 // One, two, three: a ladybird for each.
-void counting(cairo_t *cr, double cx, double cy, const face_colours &c) {
+void count_ladybirds(cairo_t *cr, double cx, double cy, const face_colours &c) {
     constexpr double SIZE = 24, PITCH = 27, CAP = 18;
     for (int row = 0; row < 3; ++row) {
         const double y = cy + (row - 1) * PITCH;
@@ -54,20 +55,22 @@ void counting(cairo_t *cr, double cx, double cy, const face_colours &c) {
     }
 }
 
-void clock_face(cairo_t *cr, double cx, double cy, const face_colours &) {
+void show_clock(cairo_t *cr, double cx, double cy, const face_colours &) {
     constexpr double DIAMETER = 74;
-    paint_shadow(cr, [&] { circle(cr, cx, cy, DIAMETER / 2); }, 1.5, 2.5, 2, 0.3);
+    paint_shadow(
+        cr, [&] { circle(cr, cx, cy, DIAMETER / 2); }, 1.5, 2.5, 2, 0.3);
     draw_clock(cr, 10, 10, cx, cy, DIAMETER);
 }
 
-void coins(cairo_t *cr, double cx, double cy, const face_colours &) {
+void show_coins(cairo_t *cr, double cx, double cy, const face_colours &) {
     struct lying {
         int cents;
         double dx, dy, diameter;
     };
     constexpr lying LYING[] = {{25, -21, -14, 46}, {1, 25, -20, 38}, {100, 8, 16, 52}};
     for (const lying &coin : LYING) {
-        paint_shadow(cr, [&] { circle(cr, cx + coin.dx, cy + coin.dy, coin.diameter / 2); }, 1.5, 2.5, 2, 0.35);
+        paint_shadow(
+            cr, [&] { circle(cr, cx + coin.dx, cy + coin.dy, coin.diameter / 2); }, 1.5, 2.5, 2, 0.35);
         draw_coin(cr, coin.cents, cx + coin.dx, cy + coin.dy, coin.diameter);
     }
 }
@@ -78,16 +81,24 @@ void large_print(cairo_t *cr, double cx, double cy, double cap, const char *word
     centred_text(cr, cap, cx, cy, words, c.ink);
 }
 
-void times(cairo_t *cr, double cx, double cy, const face_colours &c) { large_print(cr, cx, cy + 2, 34, "7×8", c); }
+void multiply(cairo_t *cr, double cx, double cy, const face_colours &c) {
+    large_print(cr, cx, cy + 2, 34, "7×8", c);
+}
 
-void divided(cairo_t *cr, double cx, double cy, const face_colours &c) { large_print(cr, cx + 1, cy, 32, "24÷6", c); }
+void divide(cairo_t *cr, double cx, double cy, const face_colours &c) {
+    large_print(cr, cx + 1, cy, 32, "24÷6", c);
+}
 
-void product(cairo_t *cr, double cx, double cy, const face_colours &c) { large_print(cr, cx, cy + 5, 44, "56", c); }
+void answer(cairo_t *cr, double cx, double cy, const face_colours &c) {
+    large_print(cr, cx, cy + 5, 44, "56", c);
+}
 
-void loose_times(cairo_t *cr, double cx, double cy, const face_colours &c) { large_print(cr, cx, cy, 36, "9×6", c); }
+void multiply_next(cairo_t *cr, double cx, double cy, const face_colours &c) {
+    large_print(cr, cx, cy, 36, "9×6", c);
+}
 
 // An apple with its price on a string.
-void apple(cairo_t *cr, double cx, double cy, const face_colours &c) {
+void show_apple(cairo_t *cr, double cx, double cy, const face_colours &c) {
     constexpr double SIZE = 58, TAG_W = 46, TAG_H = 24, CAP = 14;
     emoji(cr, "🍎", cx - SIZE / 2 - 6, cy - SIZE / 2 - 4, SIZE);
     cairo_save(cr);
@@ -115,9 +126,10 @@ void apple(cairo_t *cr, double cx, double cy, const face_colours &c) {
     cairo_restore(cr);
 }
 
-void fraction(cairo_t *cr, double cx, double cy, const face_colours &c) {
+void show_fraction(cairo_t *cr, double cx, double cy, const face_colours &c) {
     constexpr double SIZE = 58;
-    paint_shadow(cr, [&] { circle(cr, cx - 16, cy, SIZE / 2); }, 1.5, 2.5, 2, 0.3);
+    paint_shadow(
+        cr, [&] { circle(cr, cx - 16, cy, SIZE / 2); }, 1.5, 2.5, 2, 0.3);
     draw_fraction(cr, fraction_shape::pie, 3, 4, cx - SIZE / 2 - 16, cy - SIZE / 2, SIZE, hex(0x9A4FB5));
     upright_fraction(cr, 19, cx + 33, cy, 3, 4, c.ink);
 }
@@ -126,10 +138,16 @@ struct scene_piece {
     int type; // whose hue it has
     void (*print)(cairo_t *, double cx, double cy, const face_colours &);
 };
-constexpr std::array<scene_piece, COLUMNS * ROWS> PIECES = {{
-    {0, counting}, {10, clock_face}, {9, coins},
-    {1, times},    {6, apple},       {4, divided},
-    {7, fraction}, {2, product},     {3, loose_times},
+constexpr std::array<scene_piece, COLUMNS *ROWS> PIECES = {{
+    {0, count_ladybirds},
+    {10, show_clock},
+    {9, show_coins},
+    {1, multiply},
+    {6, show_apple},
+    {4, divide},
+    {7, show_fraction},
+    {2, answer},
+    {3, multiply_next},
 }};
 constexpr int LOOSE = COLUMNS * ROWS - 1;
 
@@ -165,13 +183,16 @@ void dotted_ground(cairo_t *cr, const piece_shape &shape, rgb ground) {
 void piece_front(cairo_t *cr, const piece_shape &shape, const scene_piece &piece) {
     const face_colours c = colours_for(piece.type);
     dotted_ground(cr, shape, c.ground);
+    piece_path(cr, shape); // over the dots, which reach into it
+    stroke(cr, lighten(c.ground, -0.38), 1.8);
     piece.print(cr, shape.x + shape.w / 2, shape.y + shape.h / 2, c);
 }
 
 void tray(cairo_t *cr) {
     const double x = FIRST_X - FRAME, y = FIRST_Y - FRAME;
     const double w = COLUMNS * PIECE_W + 2 * FRAME, h = ROWS * PIECE_H + 2 * FRAME + DEPTH;
-    paint_shadow(cr, [&] { rounded_rect(cr, x, y, w, h + 4, 14); }, 6, 12, 16, 0.6);
+    paint_shadow(
+        cr, [&] { rounded_rect(cr, x, y, w, h + 4, 14); }, 6, 12, 16, 0.6);
     rounded_rect(cr, x, y, w, h + 6, 14);
     fill(cr, WOOD_OUTLINE);
     rounded_rect(cr, x + 1, y + 1, w - 2, h + 4, 13);
@@ -193,6 +214,11 @@ void tray(cairo_t *cr) {
     const double fx = FIRST_X - 4, fy = FIRST_Y - 4, fw = COLUMNS * PIECE_W + 8, fh = ROWS * PIECE_H + 8 + DEPTH;
     rounded_rect(cr, fx, fy, fw, fh, 6);
     fill_gradient(cr, fx, fy, lighten(TRAY_FLOOR, -0.12), fx + fw, fy + fh, lighten(TRAY_FLOOR, -0.04));
+    for (double gy = fy + 6; gy < fy + fh; gy += 9) {
+        cairo_move_to(cr, fx, gy);
+        cairo_curve_to(cr, fx + fw * 0.4, gy + 6, fx + fw * 0.7, gy - 6, fx + fw, gy + 1);
+        stroke(cr, WOOD_OUTLINE, 1, 0.20);
+    }
     rounded_rect(cr, fx, fy, fw, fh, 6);
     stroke(cr, WOOD_OUTLINE, 1.4);
 }
@@ -228,7 +254,7 @@ void eight_pieces(cairo_t *cr) {
 }
 
 void floating_piece(cairo_t *cr) {
-    constexpr double X = 352, Y = 322, TURN = 11;
+    constexpr double X = 353, Y = 322, TURN = 11;
     piece_shape shape = scene_shape(COLUMNS - 1, ROWS - 1);
     shape.x = -PIECE_W / 2;
     shape.y = -PIECE_H / 2;
@@ -257,8 +283,8 @@ void lamp_light(cairo_t *cr) {
     cairo_translate(cr, SPLASH_SCENE_W / 2.0, SPLASH_SCENE_H / 2.0);
     cairo_scale(cr, 1, static_cast<double>(SPLASH_SCENE_H) / SPLASH_SCENE_W);
     cairo_pattern_t *light = cairo_pattern_create_radial(0, 0, 60, 0, 0, SPLASH_SCENE_W / 2.0);
-    cairo_pattern_add_color_stop_rgba(light, 0, LAMP.r, LAMP.g, LAMP.b, 0.26);
-    cairo_pattern_add_color_stop_rgba(light, 0.75, LAMP.r, LAMP.g, LAMP.b, 0.16);
+    cairo_pattern_add_color_stop_rgba(light, 0, LAMP.r, LAMP.g, LAMP.b, 0.24);
+    cairo_pattern_add_color_stop_rgba(light, 0.75, LAMP.r, LAMP.g, LAMP.b, 0.13);
     cairo_pattern_add_color_stop_rgba(light, 1, LAMP.r, LAMP.g, LAMP.b, 0);
     cairo_set_source(cr, light);
     cairo_paint(cr);
@@ -282,9 +308,9 @@ void sparkles(cairo_t *cr) {
         rgb colour;
     };
     constexpr sparkle ALL[] = {
-        {414, 262, 8, hex(0xFFF6C8)}, {402, 236, 5, hex(0xFFD23E)}, {412, 380, 6, hex(0xFFF6C8)},
-        {276, 388, 6, hex(0xFFD23E)}, {12, 14, 6, hex(0xFFF6C8)},   {400, 40, 5, hex(0xFFE9A8)},
-        {396, 120, 4, hex(0xFFFFFF)}, {8, 190, 4, hex(0xFFE9A8)},
+        {410, 258, 8, hex(0xFFF6C8)}, {402, 236, 5, hex(0xFFD23E)}, {412, 380, 6, hex(0xFFF6C8)},
+        {276, 388, 6, hex(0xFFD23E)}, {404, 84, 6, hex(0xFFF6C8)},  {400, 40, 5, hex(0xFFE9A8)},
+        {394, 150, 4, hex(0xFFFFFF)}, {8, 190, 4, hex(0xFFE9A8)},
     };
     for (const sparkle &s : ALL)
         twinkle(cr, s.x, s.y, s.size, s.colour);

@@ -62,7 +62,9 @@ constexpr bool every_file_once() {
 }
 static_assert(every_file_once());
 
-std::string title_file(int file) { return numbered("title/", file); }
+std::string title_file(int file) {
+    return numbered("title/", file);
+}
 
 } // namespace
 

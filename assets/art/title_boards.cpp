@@ -7,6 +7,7 @@
 
 #include "buttons.h"
 #include "palette.h"
+#include "problems.h"
 #include "things.h"
 #include "title_labels.h"
 #include "title_parts.h"
@@ -35,32 +36,92 @@ struct scene {
 };
 
 constexpr std::array<scene, 11> SCENES = {{
-    {6, 5, 46, 32, heads::numbers, below::tray, "######" "####.#" "##.#.." "#.#o.." "#.#...", 16, 13, 8},
-    {6, 5, 46, 32, heads::numbers, below::keypad, "##.##." "#.##.#" "##.o.." ".##..#" "#..#..", 20, 15, 7},
-    {6, 5, 46, 32, heads::numbers, below::tray, "#####." "####.." "###.#." "#.#.o." "##.#..", 20, 14, -7},
-    {6, 5, 46, 32, heads::numbers, below::keypad, "##..#." "#.##.." ".#.#.#" "##.#o." "#.#...", 18, 15, 8},
-    {5, 5, 54, 32, heads::numbers, below::deck, "###.#" "##.#." "#.#o." "##..#" ".#...", 24, 13, -7},
-    {5, 5, 54, 32, heads::numbers, below::deck, "#.##." "##.##" ".##.." "#..o#" "#.#..", 22, 15, 7},
-    {4, 3, 59, 56, heads::coins_three, below::deck, "#..#" ".##." "#.o.", 36, 22, 8},
-    {5, 3, 62, 54, heads::none, below::deck, "#.##." "##.#." ".#.o#", 40, 43, -8},
-    {7, 6, 40, 28, heads::numbers, below::deck, "#######" "######." "####.#." "##.#..#" "#.##o.." "#..#...", 16, 13, 8},
-    {4, 3, 54, 46, heads::coins_four, below::pieces, "##.#" "#..." ".#o.", 34, 30, -8},
-    {4, 3, 76, 60, heads::none, below::deck, "#.##" "##.#" "#.o.", 34, 47, 8},
+    {6, 5, 46, 32, heads::numbers, below::tray,
+     "######"
+     "####.#"
+     "##.#.."
+     "#.#o.."
+     "#.#...",
+     16, 13, 8},
+    {6, 5, 46, 32, heads::numbers, below::keypad,
+     "##.##."
+     "#.##.#"
+     "##.o.."
+     ".##..#"
+     "#..#..",
+     20, 15, 7},
+    {6, 5, 46, 32, heads::numbers, below::tray,
+     "#####."
+     "####.."
+     "###.#."
+     "#.#.o."
+     "##.#..",
+     20, 14, -7},
+    {6, 5, 46, 32, heads::numbers, below::keypad,
+     "##..#."
+     "#.##.."
+     ".#.#.#"
+     "##.#o."
+     "#.#...",
+     18, 15, 8},
+    {5, 5, 54, 32, heads::numbers, below::deck,
+     "###.#"
+     "##.#."
+     "#.#o."
+     "##..#"
+     ".#...",
+     24, 13, -7},
+    {5, 5, 54, 32, heads::numbers, below::deck,
+     "#.##."
+     "##.##"
+     ".##.."
+     "#..o#"
+     "#.#..",
+     22, 15, 7},
+    {4, 3, 59, 56, heads::coins_three, below::deck,
+     "#..#"
+     ".##."
+     "#.o.",
+     36, 22, 8},
+    {5, 3, 62, 54, heads::none, below::deck,
+     "#.##."
+     "##.#."
+     ".#.o#",
+     40, 43, -8},
+    {7, 6, 40, 28, heads::numbers, below::deck,
+     "#######"
+     "######."
+     "####.#."
+     "##.#..#"
+     "#.##o.."
+     "#..#...",
+     16, 13, 8},
+    {4, 3, 54, 46, heads::coins_four, below::pieces,
+     "##.#"
+     "#..."
+     ".#o.",
+     34, 30, -8},
+    {4, 3, 76, 60, heads::none, below::deck,
+     "#.##"
+     "##.#"
+     "#.o.",
+     34, 47, 8},
 }};
 static_assert(SCENES.size() == PUZZLE_LOOKS.size());
 
 constexpr bool cells_complete() {
     for (const scene &s : SCENES)
-        if (s.cells.size() != static_cast<std::size_t>(s.columns * s.rows) || s.cells.find('o') == std::string_view::npos)
+        if (s.cells.size() != static_cast<std::size_t>(s.columns * s.rows) ||
+            s.cells.find('o') == std::string_view::npos)
             return false;
     return true;
 }
 static_assert(cells_complete(), "each board needs a letter for every cell, and one loose piece");
 
-constexpr int FRAME = 15, FRAME_LOW = 19;             // from the board's edge to what stands on it, pixels
-constexpr int NUMBER_LEFT = 34, NUMBER_TOP = 27;      // room for numbers beside and over the grid
-constexpr int COIN_ROOM = 44;                         // and for coins
-constexpr int GAP = 6;                                // between the board and what lies below it
+constexpr int FRAME = 15, FRAME_LOW = 19;              // from the board's edge to what stands on it, pixels
+constexpr int NUMBER_LEFT = 34, NUMBER_TOP = 27;       // room for numbers beside and over the grid
+constexpr int COIN_ROOM = 44;                          // and for coins
+constexpr int GAP = 6;                                 // between the board and what lies below it
 constexpr double KNOB_SHARE = 0.22, LARGEST_KNOB = 11; // of the cell's height
 
 // Where everything of one picture is.
@@ -86,7 +147,9 @@ layout lay_out(const scene &s) {
             .height = static_cast<int>(height + GAP + under_h)};
 }
 
-double knob_of(const scene &s) { return std::min(LARGEST_KNOB, std::round(s.cell_h * KNOB_SHARE)); }
+double knob_of(const scene &s) {
+    return std::min(LARGEST_KNOB, std::round(s.cell_h * KNOB_SHARE));
+}
 
 // The shape of the piece at (column, row): tabs up and to the left, sockets to the right and below, and
 // straight edges round the grid.
@@ -99,7 +162,9 @@ piece_shape shape_at(const scene &s, const layout &l, int column, int row) {
             .knob = knob_of(s)};
 }
 
-box box_of(const piece_shape &shape) { return {shape.x, shape.y, shape.w, shape.h}; }
+box box_of(const piece_shape &shape) {
+    return {shape.x, shape.y, shape.w, shape.h};
+}
 
 char cell_at(const scene &s, int column, int row) {
     return s.cells[static_cast<std::size_t>(row * s.columns + column)];
@@ -134,16 +199,14 @@ void number_heads(cairo_t *cr, int type, const scene &s, const layout &l, const 
         rounded_rect(cr, cx - ROW_W / 2, cy - row_h / 2, ROW_W, row_h, 7);
         fill_keep(cr, lighten(tone, -0.05));
         stroke(cr, lighten(tone, -0.33), 1.2);
-        centred_text(cr, CAP, cx, cy, std::to_string(first_number(type) + r), lighten(tone, -0.62));
+        centred_text(cr, CAP, cx, cy, std::to_string(first_row_number(type) + r), lighten(tone, -0.62));
     }
 }
 
 void coin_heads(cairo_t *cr, int type, const scene &s, const layout &l) {
     constexpr double AWAY = COIN_ROOM / 2.0; // the coins' centres from the grid
     constexpr double SHARE = 0.92;           // of their usual size
-    const auto coin = [&](int cents, double x, double y) {
-        draw_coin(cr, cents, x, y, coin_diameter(cents) * SHARE);
-    };
+    const auto coin = [&](int cents, double x, double y) { draw_coin(cr, cents, x, y, coin_diameter(cents) * SHARE); };
     for (int c = 0; c < s.columns; ++c) {
         const double x = l.grid.x + (c + 0.5) * s.cell_w;
         coin(column_coin(type, c), x, l.grid.y - AWAY);
@@ -190,8 +253,12 @@ void grid_cells(cairo_t *cr, int type, const scene &s, const layout &l, const bo
 
 // A loose piece lying flat, its body at (x, y).
 void lying_piece(cairo_t *cr, int type, const scene &s, place from, double x, double y) {
-    piece_shape shape = {.x = std::round(x), .y = std::round(y), .w = static_cast<double>(s.cell_w),
-                         .h = static_cast<double>(s.cell_h), .sides = {1, -1, -1, 1}, .knob = knob_of(s)};
+    piece_shape shape = {.x = std::round(x),
+                         .y = std::round(y),
+                         .w = static_cast<double>(s.cell_w),
+                         .h = static_cast<double>(s.cell_h),
+                         .sides = {1, -1, -1, 1},
+                         .knob = knob_of(s)};
     paint_piece_shadow(cr, shape, 2, 3, 3, 0.5);
     paint_loose_piece(cr, shape, CREAM, 3);
     draw_board_label(cr, type, from.column, from.row, box_of(shape));
@@ -223,7 +290,7 @@ void keypad_below(cairo_t *cr, int type, const scene &s, const layout &l) {
     constexpr int KEY_W = 32, KEY_H = 27, KEYS = 10, PER_ROW = 5, CARD_W = 60, CARD_H = 50, DIGIT_W = 20;
     constexpr double CAP = 14;
     const place p = loose_place(s);
-    const std::string answer = std::to_string((first_number(type) + p.row) * (p.column + 1));
+    const std::string answer = std::to_string((first_row_number(type) + p.row) * (p.column + 1));
     const board_colours colours = board_colours_of(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent);
     const double y = l.under.y + 6;
     const box card = {8, y, CARD_W, CARD_H};
@@ -246,11 +313,12 @@ void keypad_below(cairo_t *cr, int type, const scene &s, const layout &l) {
 
 void deck_below(cairo_t *cr, int type, const scene &s, const layout &l) {
     constexpr int BUTTON_W = 44, BUTTON_H = 31, BETWEEN = 10, RIM = 6, STACK = 3;
+    constexpr double FROM_LEFT = 0.34; // of the room that is left; the loose piece comes down further right
     const board_colours colours = board_colours_of(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent);
     // The card shows one of the pieces that still wait, reduced where it would be too tall.
     const double scale = std::min(1.0, (l.under.h - 2 * RIM - 2 * STACK) / s.cell_h);
     const double card_w = s.cell_w * scale + 2 * RIM, card_h = s.cell_h * scale + 2 * RIM;
-    const double x = std::round((l.under.w - BUTTON_W - BETWEEN - card_w) / 2);
+    const double x = std::round((l.under.w - BUTTON_W - BETWEEN - card_w) * FROM_LEFT);
     const double y = std::round(l.under.y + (l.under.h - card_h - 2 * STACK) / 2);
     paste(cr, draw_button({.width = BUTTON_W, .height = BUTTON_H}, button_state::normal, icon::next, ""), x,
           std::round(y + (card_h - BUTTON_H) / 2));

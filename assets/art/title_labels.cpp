@@ -5,12 +5,12 @@
 #include "title_labels.h"
 
 #include "palette.h"
+#include "problems.h"
 #include "things.h"
 #include "title_parts.h"
 
 #include <array>
 #include <cstddef>
-#include <cstdio>
 #include <numeric>
 #include <string>
 
@@ -29,7 +29,9 @@ middle print_middle(const box &cell) {
 
 // --- Numbers -------------------------------------------------------------------------------------
 
-int product_at(int type, int column, int row) { return (first_number(type) + row) * (column + 1); }
+int product_at(int type, int column, int row) {
+    return (first_row_number(type) + row) * (column + 1);
+}
 
 void product_label(cairo_t *cr, int type, int column, int row, const box &cell) {
     constexpr double CAP = 14;
@@ -47,25 +49,25 @@ void division_label(cairo_t *cr, int type, int column, int row, const box &cell)
     constexpr double CAP = 12;
     const middle m = print_middle(cell);
     const std::string problem =
-        std::to_string(product_at(type, column, row)) + "÷" + std::to_string(first_number(type) + row);
+        std::to_string(product_at(type, column, row)) + "÷" + std::to_string(first_row_number(type) + row);
     centred_text(cr, CAP, m.x - 1, m.y, problem, PRINT);
 }
 
 // --- Prices --------------------------------------------------------------------------------------
 
 constexpr int SHOWN_COLUMNS = 4, SHOWN_ROWS = 3; // of the boards with coins, fractions apart
-constexpr std::array COINS = {1, 5, 10, 25, 50, 100};
-constexpr std::array RIGHT_ORDER = {2, 5, 1, 4, 0, 3}; // which coin stands right of each row
 
 // A thing to buy for each cell that is shown.
-constexpr std::array<const char *, SHOWN_COLUMNS * SHOWN_ROWS> GOODS = {
+constexpr std::array<const char *, SHOWN_COLUMNS *SHOWN_ROWS> GOODS = {
     "🍎", "🍌", "🥕", "🍓", "🥝", "🥨", "🍋", "🍇", "🍪", "🧀", "🍐", "🥐",
 };
-constexpr std::array<const char *, SHOWN_COLUMNS * SHOWN_ROWS> TOYS = {
+constexpr std::array<const char *, SHOWN_COLUMNS *SHOWN_ROWS> TOYS = {
     "🍎", "⚽", "🧸", "🎈", "🪁", "🚂", "📚", "🦆", "🎨", "🥁", "🧩", "🖍",
 };
 
-std::size_t shown_index(int column, int row) { return static_cast<std::size_t>(row * SHOWN_COLUMNS + column); }
+std::size_t shown_index(int column, int row) {
+    return static_cast<std::size_t>(row * SHOWN_COLUMNS + column);
+}
 
 void price_label(cairo_t *cr, int type, int column, int row, const box &cell) {
     constexpr double CAP = 12.5, PICTURE = 27;
@@ -174,13 +176,19 @@ void fraction_cell(cairo_t *cr, int type, int column, int row, const box &cell) 
 
 // --- Times ---------------------------------------------------------------------------------------
 
-struct clock_time {
-    int hour, minute;
-};
-constexpr std::array<clock_time, SHOWN_COLUMNS * SHOWN_ROWS> TIMES = {{
-    {7, 25}, {3, 0}, {10, 10}, {1, 45},
-    {8, 30}, {12, 15}, {4, 40}, {6, 5},
-    {9, 50}, {2, 20}, {11, 35}, {5, 55},
+constexpr std::array<clock_time, SHOWN_COLUMNS *SHOWN_ROWS> TIMES = {{
+    {7, 25},
+    {3, 0},
+    {10, 10},
+    {1, 45},
+    {8, 30},
+    {12, 15},
+    {4, 40},
+    {6, 5},
+    {9, 50},
+    {2, 20},
+    {11, 35},
+    {5, 55},
 }};
 
 void clock_label(cairo_t *cr, int, int column, int row, const box &cell) {
@@ -194,9 +202,7 @@ void time_cell(cairo_t *cr, int, int column, int row, const box &cell) {
     constexpr double CAP = 17;
     const clock_time t = TIMES[shown_index(column, row)];
     const middle m = print_middle(cell);
-    char words[8];
-    std::snprintf(words, sizeof words, "%d:%02d", t.hour, t.minute);
-    centred_text(cr, CAP, m.x, m.y, words, PRINT);
+    centred_text(cr, CAP, m.x, m.y, time_text(t), PRINT);
 }
 
 // --- The eleven puzzles --------------------------------------------------------------------------
@@ -206,27 +212,28 @@ using draw_in_cell = void (*)(cairo_t *, int type, int column, int row, const bo
 // What a puzzle's floor looks like: one tone per row, or a chequer of two colours.
 struct board_content {
     draw_in_cell label, cell;
-    int first;             // number of the first row, 0 where rows have none
-    int tones;             // row tones; 0 is the chequer
-    rgb even, odd;         // of the chequer
+    int tones;     // row tones; 0 is the chequer
+    rgb even, odd; // of the chequer
 };
 
 constexpr std::array<board_content, 11> CONTENTS = {{
-    {product_label, nullptr, 1, 5, {}, {}},
-    {product_label, nullptr, 1, 5, {}, {}},
-    {product_label, nullptr, 6, 5, {}, {}},
-    {product_label, nullptr, 6, 5, {}, {}},
-    {division_label, nullptr, 1, 5, {}, {}},
-    {division_label, nullptr, 6, 5, {}, {}},
-    {price_label, stall_cell, 0, 0, hex(0xFBE6F0), hex(0xF7DDEA)},
-    {fraction_label, fraction_cell, 0, 0, hex(0xE7D7EE), hex(0xDFCAE7)},
-    {factor_label, nullptr, 1, 10, {}, {}},
-    {total_label, toy_cell, 0, 0, hex(0xD7F0D5), hex(0xC8E6C5)},
-    {clock_label, time_cell, 0, 0, hex(0xFCEDB4), hex(0xD1EBF7)},
+    {product_label, nullptr, 5, {}, {}},
+    {product_label, nullptr, 5, {}, {}},
+    {product_label, nullptr, 5, {}, {}},
+    {product_label, nullptr, 5, {}, {}},
+    {division_label, nullptr, 5, {}, {}},
+    {division_label, nullptr, 5, {}, {}},
+    {price_label, stall_cell, 0, hex(0xFBE6F0), hex(0xF7DDEA)},
+    {fraction_label, fraction_cell, 0, hex(0xE7D7EE), hex(0xDFCAE7)},
+    {factor_label, nullptr, 10, {}, {}},
+    {total_label, toy_cell, 0, hex(0xD7F0D5), hex(0xC8E6C5)},
+    {clock_label, time_cell, 0, hex(0xFCEDB4), hex(0xD1EBF7)},
 }};
 static_assert(CONTENTS.size() == PUZZLE_LOOKS.size());
 
-const board_content &content_of(int type) { return CONTENTS[static_cast<std::size_t>(type)]; }
+const board_content &content_of(int type) {
+    return CONTENTS[static_cast<std::size_t>(type)];
+}
 
 constexpr int CONSUMER = 6;
 
@@ -243,7 +250,7 @@ void draw_board_cell(cairo_t *cr, int type, int column, int row, const box &cell
 
 void draw_board_problem(cairo_t *cr, int type, int column, int row, const box &field) {
     constexpr double CAP = 15;
-    const std::string problem = std::to_string(first_number(type) + row) + "×" + std::to_string(column + 1);
+    const std::string problem = std::to_string(first_row_number(type) + row) + "×" + std::to_string(column + 1);
     centred_text(cr, CAP, field.x + field.w / 2, field.y + field.h / 2, problem, PRINT);
 }
 
@@ -257,16 +264,17 @@ rgb board_floor(int type, int column, int row) {
 int column_coin(int type, int index) {
     // The small board shows four of the six columns, with the dollar among them where prices pass it.
     constexpr std::array MARKET_COLUMNS = {1, 10, 25, 100};
-    return type == CONSUMER ? MARKET_COLUMNS[static_cast<std::size_t>(index)] : COINS[static_cast<std::size_t>(index)];
+    return type == CONSUMER ? MARKET_COLUMNS[static_cast<std::size_t>(index)]
+                            : COINS_IN_ORDER[static_cast<std::size_t>(index)];
 }
 
-int left_coin(int, int index) { return COINS[static_cast<std::size_t>(index)]; }
+int left_coin(int, int index) {
+    return COINS_IN_ORDER[static_cast<std::size_t>(index)];
+}
 
 int right_coin(int type, int index) {
     const auto i = static_cast<std::size_t>(index);
-    return type == CONSUMER ? COINS[static_cast<std::size_t>(RIGHT_ORDER[i])] : COINS[i];
+    return type == CONSUMER ? COINS_IN_ORDER[RIGHT_COINS[i]] : COINS_IN_ORDER[i];
 }
-
-int first_number(int type) { return content_of(type).first; }
 
 } // namespace art

@@ -34,7 +34,4 @@ int column_coin(int type, int index);
 int left_coin(int type, int index);
 int right_coin(int type, int index);
 
-// The first row's number on the boards that count, multiply and divide: 1 or 6.
-int first_number(int type);
-
 } // namespace art

@@ -132,7 +132,8 @@ void paint_shadow(cairo_t *cr, const std::function<void()> &append, double dx, d
 }
 
 void paint_piece_shadow(cairo_t *cr, const piece_shape &shape, double dx, double dy, double blur, double alpha) {
-    paint_shadow(cr, [&] { piece_path(cr, shape); }, dx, dy, blur, alpha);
+    paint_shadow(
+        cr, [&] { piece_path(cr, shape); }, dx, dy, blur, alpha);
 }
 
 // --- Boards and cards ----------------------------------------------------------------------------
@@ -242,21 +243,13 @@ void centred_text(cairo_t *cr, double cap_height, double cx, double cy, std::str
 void upright_fraction(cairo_t *cr, double cap_height, double cx, double cy, int over, int under, rgb colour) {
     const double bar = std::max(2.0, cap_height * 0.13), gap = cap_height * 0.24;
     const std::string above = std::to_string(over), below = std::to_string(under);
-    const double width = std::max(text_width(face::dosis_bold, cap_height, above),
-                                  text_width(face::dosis_bold, cap_height, below)) + cap_height * 0.3;
+    const double width =
+        std::max(text_width(face::dosis_bold, cap_height, above), text_width(face::dosis_bold, cap_height, below)) +
+        cap_height * 0.3;
     centred_text(cr, cap_height, cx, cy - bar / 2 - gap - cap_height / 2, above, colour);
     centred_text(cr, cap_height, cx, cy + bar / 2 + gap + cap_height / 2, below, colour);
     rounded_rect(cr, cx - width / 2, cy - bar / 2, width, bar, bar / 2);
     fill(cr, colour);
-}
-
-std::string money_text(int cents) {
-    constexpr int DOLLAR = 100;
-    if (cents < DOLLAR)
-        return std::to_string(cents) + "¢";
-    char words[16];
-    std::snprintf(words, sizeof words, "$%d.%02d", cents / DOLLAR, cents % DOLLAR);
-    return words;
 }
 
 void star_path(cairo_t *cr, double cx, double cy, double outer, double inner) {

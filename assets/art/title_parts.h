@@ -66,8 +66,6 @@ void paint_digit(cairo_t *cr, double x, double y, std::string_view digit);
 void centred_text(cairo_t *cr, double cap_height, double cx, double cy, std::string_view utf8, rgb colour);
 // A fraction with an upright bar, its middle at (cx, cy).
 void upright_fraction(cairo_t *cr, double cap_height, double cx, double cy, int over, int under, rgb colour);
-// "36¢" below a dollar, "$1.35" from there on.
-std::string money_text(int cents);
 // A five-pointed star round (cx, cy), one point up, appended to the path.
 void star_path(cairo_t *cr, double cx, double cy, double outer, double inner);
 

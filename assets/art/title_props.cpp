@@ -193,7 +193,8 @@ void draw_mug(cairo_t *cr, spot at, double diameter, rgb glaze) {
         fill(cr, dark);
         circle(cr, 1, 2, r * 0.78);
         fill_gradient(cr, -r, -r, hex(0x7A4A2A), r, r, hex(0xA06A3E));
-        for (const auto &[dx, dy, size] : std::array<std::array<double, 3>, 3>{{{-.28, -.2, .2}, {.2, -.05, .16}, {-.05, .32, .18}}}) {
+        for (const auto &[dx, dy, size] :
+             std::array<std::array<double, 3>, 3>{{{-.28, -.2, .2}, {.2, -.05, .16}, {-.05, .32, .18}}}) {
             circle(cr, dx * r, dy * r, size * r); // marshmallows
             fill_and_line(cr, hex(0xFFF6F2), hex(0xD9B8AA), 1);
         }
@@ -202,16 +203,19 @@ void draw_mug(cairo_t *cr, spot at, double diameter, rgb glaze) {
 
 void draw_biscuits(cairo_t *cr, spot at, double diameter) {
     const double r = diameter / 2, size = diameter * 0.42;
-    lay_down(cr, at, 6, [&] { circle(cr, 0, 0, r); }, [&] {
-        circle(cr, 0, 0, r);
-        fill_gradient(cr, -r, -r, hex(0xFFFFFF), r, r, hex(0xDCE6EE));
-        circle(cr, 0, 0, r - 0.6);
-        stroke(cr, hex(0x8496A5), 1.2);
-        circle(cr, 0, 0, r * 0.74);
-        stroke(cr, hex(0x9DC3E6), 2.5);
-        for (const auto &[dx, dy] : std::array<std::array<double, 2>, 4>{{{-.42, -.30}, {.34, -.36}, {-.22, .40}, {.42, .28}}})
-            emoji(cr, "🍪", dx * r * 0.8 - size / 2, dy * r * 0.8 - size / 2, size);
-    });
+    lay_down(
+        cr, at, 6, [&] { circle(cr, 0, 0, r); },
+        [&] {
+            circle(cr, 0, 0, r);
+            fill_gradient(cr, -r, -r, hex(0xFFFFFF), r, r, hex(0xDCE6EE));
+            circle(cr, 0, 0, r - 0.6);
+            stroke(cr, hex(0x8496A5), 1.2);
+            circle(cr, 0, 0, r * 0.74);
+            stroke(cr, hex(0x9DC3E6), 2.5);
+            for (const auto &[dx, dy] :
+                 std::array<std::array<double, 2>, 4>{{{-.42, -.30}, {.34, -.36}, {-.22, .40}, {.42, .28}}})
+                emoji(cr, "🍪", dx * r * 0.8 - size / 2, dy * r * 0.8 - size / 2, size);
+        });
 }
 
 void draw_sheet(cairo_t *cr, spot at, double width, double height, rgb colour) {
@@ -254,44 +258,49 @@ void draw_pot_plant(cairo_t *cr, spot at, double diameter) {
             cairo_restore(cr);
         }
     };
-    lay_down(cr, at, 10, [&] { each_leaf([&](double length, int) { leaf_path(length, length * 0.26); }); }, [&] {
-        circle(cr, 0, 0, pot);
-        fill_and_line(cr, hex(0xC9714A), hex(0x7C3B1E), 2);
-        circle(cr, 0, 0, pot * 0.8);
-        fill(cr, hex(0x5B3A28));
-        each_leaf([&](double length, int i) {
-            const rgb green = to_rgb({0.60 + 0.05 * (i % 3), 0.13, 145.0 - 6 * (i % 2)});
-            leaf_path(length, length * 0.26);
-            fill_and_line(cr, green, lighten(green, -0.20), 1.2);
-            cairo_move_to(cr, 4, 0);
-            cairo_line_to(cr, length * 0.85, 0);
-            stroke(cr, lighten(green, 0.13), 1.4);
+    lay_down(
+        cr, at, 10, [&] { each_leaf([&](double length, int) { leaf_path(length, length * 0.26); }); },
+        [&] {
+            circle(cr, 0, 0, pot);
+            fill_and_line(cr, hex(0xC9714A), hex(0x7C3B1E), 2);
+            circle(cr, 0, 0, pot * 0.8);
+            fill(cr, hex(0x5B3A28));
+            each_leaf([&](double length, int i) {
+                const rgb green = to_rgb({0.60 + 0.05 * (i % 3), 0.13, 145.0 - 6 * (i % 2)});
+                leaf_path(length, length * 0.26);
+                fill_and_line(cr, green, lighten(green, -0.20), 1.2);
+                cairo_move_to(cr, 4, 0);
+                cairo_line_to(cr, length * 0.85, 0);
+                stroke(cr, lighten(green, 0.13), 1.4);
+            });
         });
-    });
 }
 
 void draw_pencil_pot(cairo_t *cr, spot at, double diameter) {
     const double r = diameter / 2;
-    constexpr std::array COLOURS = {hex(0xE4572E), hex(0x2F7FBF), hex(0xF2B13C), hex(0x3C9A55), hex(0x8E4FA8), hex(0xE27AA6)};
-    lay_down(cr, at, 14, [&] { circle(cr, 0, 0, r); }, [&] {
-        circle(cr, 0, 0, r);
-        fill_gradient(cr, -r, -r, hex(0x9EE3D7), r, r, hex(0x4FA89B));
-        circle(cr, 0, 0, r - 0.7);
-        stroke(cr, hex(0x24645B), 1.4);
-        circle(cr, 0, 0, r * 0.84);
-        fill(cr, hex(0x1E4B46));
-        const double ring = r * 0.50, stub = r * 0.27;
-        for (std::size_t i = 0; i <= COLOURS.size(); ++i) { // the last stands in the middle
-            const double a = static_cast<double>(i) * 2 * PI / COLOURS.size(), away = i < COLOURS.size() ? ring : 0;
-            const rgb colour = COLOURS[i % COLOURS.size()];
-            circle(cr, away * std::cos(a), away * std::sin(a), stub);
-            fill_and_line(cr, colour, lighten(colour, -0.25), 1.2);
-            circle(cr, away * std::cos(a), away * std::sin(a), stub * 0.66);
-            fill(cr, hex(0xF3D5A4));
-            circle(cr, away * std::cos(a) - 0.6, away * std::sin(a) - 0.6, stub * 0.26);
-            fill(cr, lighten(colour, -0.12));
-        }
-    });
+    constexpr std::array COLOURS = {hex(0xE4572E), hex(0x2F7FBF), hex(0xF2B13C),
+                                    hex(0x3C9A55), hex(0x8E4FA8), hex(0xE27AA6)};
+    lay_down(
+        cr, at, 14, [&] { circle(cr, 0, 0, r); },
+        [&] {
+            circle(cr, 0, 0, r);
+            fill_gradient(cr, -r, -r, hex(0x9EE3D7), r, r, hex(0x4FA89B));
+            circle(cr, 0, 0, r - 0.7);
+            stroke(cr, hex(0x24645B), 1.4);
+            circle(cr, 0, 0, r * 0.84);
+            fill(cr, hex(0x1E4B46));
+            const double ring = r * 0.50, stub = r * 0.27;
+            for (std::size_t i = 0; i <= COLOURS.size(); ++i) { // the last stands in the middle
+                const double a = static_cast<double>(i) * 2 * PI / COLOURS.size(), away = i < COLOURS.size() ? ring : 0;
+                const rgb colour = COLOURS[i % COLOURS.size()];
+                circle(cr, away * std::cos(a), away * std::sin(a), stub);
+                fill_and_line(cr, colour, lighten(colour, -0.25), 1.2);
+                circle(cr, away * std::cos(a), away * std::sin(a), stub * 0.66);
+                fill(cr, hex(0xF3D5A4));
+                circle(cr, away * std::cos(a) - 0.6, away * std::sin(a) - 0.6, stub * 0.26);
+                fill(cr, lighten(colour, -0.12));
+            }
+        });
 }
 
 } // namespace art

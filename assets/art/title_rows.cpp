@@ -85,16 +85,16 @@ void pie_icon(cairo_t *cr, rgb ink) {
 }
 
 void factor_icon(cairo_t *cr, rgb ink) {
-    constexpr double SIDE = 10.5, CAP = 8;
+    constexpr double SIDE = 11, CAP = 7.5;
     constexpr rgb TILES[] = {hex(0xFFC3BD), hex(0xACDBFE)};
-    const char *const MARKS[] = {"a", "b"};
+    const char *const MARKS[] = {"2", "3"};
     for (std::size_t i = 0; i < 2; ++i) {
         const double x = ICON_X - SIDE - 0.5 + static_cast<double>(i) * (SIDE + 1), y = ICON_Y - SIDE / 2;
         rounded_rect(cr, x, y, SIDE, SIDE, 2.5);
         fill(cr, ink);
         rounded_rect(cr, x + 1, y + 1, SIDE - 2, SIDE - 2, 1.6);
         fill(cr, TILES[i]);
-        centred_text(cr, CAP, x + SIDE / 2, y + SIDE / 2 + 1, MARKS[i], ink);
+        centred_text(cr, CAP, x + SIDE / 2, y + SIDE / 2, MARKS[i], ink);
     }
 }
 

@@ -5,6 +5,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "night.h"
 #include "palette.h"
+#include "problems.h"
 #include "things.h"
 #include "title.h"
 #include "title_parts.h"
@@ -14,7 +15,9 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <numbers>
+#include <vector>
 
 namespace art {
 namespace {
@@ -54,7 +57,8 @@ void birch_planks(cairo_t *cr) {
 
 void squared_paper(cairo_t *cr) {
     constexpr double X = 142, Y = 92, W = 516, H = 398, PITCH = 25;
-    paint_shadow(cr, [&] { rounded_rect(cr, X, Y, W, H, 4); }, 4, 7, 9, 0.35);
+    paint_shadow(
+        cr, [&] { rounded_rect(cr, X, Y, W, H, 4); }, 4, 7, 9, 0.35);
     rounded_rect(cr, X, Y, W, H, 4);
     fill_gradient(cr, X, Y, PAPER_LIGHT, X + W, Y + H, PAPER_DARK);
     for (int i = 1; i * PITCH < W; ++i)
@@ -76,7 +80,9 @@ void print_sign(cairo_t *cr, double cx, double cy, int type) {
     centred_text(cr, 34, cx, cy, look.icon, board_colours_of(look.accent).ink);
 }
 
-void print_clock(cairo_t *cr, double cx, double cy, int) { draw_clock(cr, 10, 10, cx, cy, 66); }
+void print_clock(cairo_t *cr, double cx, double cy, int) {
+    draw_clock(cr, 10, 10, cx, cy, 66);
+}
 
 void print_coins(cairo_t *cr, double cx, double cy, int) {
     draw_coin(cr, 25, cx - 17, cy - 8, 42);
@@ -124,10 +130,19 @@ struct table_piece {
     int type;
     void (*print)(cairo_t *, double cx, double cy, int type);
 };
-constexpr std::array<table_piece, COLUMNS * ROWS> PIECES = {{
-    {0, print_sign}, {10, print_clock}, {2, print_sign}, {9, print_coins},
-    {1, print_sign}, {3, print_sign},   {4, print_sign}, {5, print_sign},
-    {6, print_price}, {7, print_fraction}, {8, print_factors}, {-1, print_star},
+constexpr std::array<table_piece, COLUMNS *ROWS> PIECES = {{
+    {0, print_sign},
+    {10, print_clock},
+    {2, print_sign},
+    {9, print_coins},
+    {1, print_sign},
+    {3, print_sign},
+    {4, print_sign},
+    {5, print_sign},
+    {6, print_price},
+    {7, print_fraction},
+    {8, print_factors},
+    {-1, print_star},
 }};
 
 // Between neighbours: +1 the left (upper) piece carries the tab.
@@ -150,7 +165,7 @@ rgb table_face(int type) {
         return CREAM;
     const puzzle_look &look = PUZZLE_LOOKS[static_cast<std::size_t>(type)];
     const lch accent = to_lch(look.accent);
-    return to_rgb({look.white_ink ? 0.80 : 0.88, std::min(0.11, accent.c * 0.8), accent.h});
+    return to_rgb({look.white_ink ? 0.80 : std::max(0.88, accent.l + 0.02), std::min(0.11, accent.c * 0.8), accent.h});
 }
 
 void picture_on_paper(cairo_t *cr) {
@@ -197,7 +212,8 @@ void tray_of_pieces(cairo_t *cr) {
     constexpr double X = 18, Y = 206, W = 100, H = 262;
     constexpr int PLACES = 4;
     constexpr std::array NUMBERS = {"12", "25", "8", "40"};
-    paint_shadow(cr, [&] { rounded_rect(cr, X, Y, W, H, 8); }, 5, 8, 8, 0.4);
+    paint_shadow(
+        cr, [&] { rounded_rect(cr, X, Y, W, H, 8); }, 5, 8, 8, 0.4);
     paint_tray(cr, X, Y, W, H, 1, PLACES);
     for (int i = 0; i < PLACES; ++i) {
         piece_shape shape = {-30, -19, 60, 40, {1, -1, -1, 1}, 9};
@@ -219,7 +235,8 @@ void scattered_coins(cairo_t *cr) {
     constexpr lying_coin LYING[] = {{5, 700, 388}, {50, 742, 366}, {10, 776, 398}, {1, 735, 412}};
     for (const lying_coin &c : LYING) {
         const double d = coin_diameter(c.cents);
-        paint_shadow(cr, [&] { circle(cr, c.x, c.y, d / 2); }, 2, 3, 3, 0.4);
+        paint_shadow(
+            cr, [&] { circle(cr, c.x, c.y, d / 2); }, 2, 3, 3, 0.4);
         draw_coin(cr, c.cents, c.x, c.y, d);
     }
 }
@@ -227,7 +244,8 @@ void scattered_coins(cairo_t *cr) {
 void stack_of_cards(cairo_t *cr) {
     constexpr double X = 300, Y = 512, W = 76, H = 64;
     const board_colours colours = board_colours_of(PUZZLE_LOOKS[1].accent);
-    paint_shadow(cr, [&] { rounded_rect(cr, X, Y, W + 8, H + 8, 6); }, 4, 6, 6, 0.4);
+    paint_shadow(
+        cr, [&] { rounded_rect(cr, X, Y, W + 8, H + 8, 6); }, 4, 6, 6, 0.4);
     paint_card(cr, X, Y, W, H, colours, 4);
     centred_text(cr, 22, X + W / 2, Y + H / 2, "6×7", PRINT);
 }
@@ -264,6 +282,37 @@ void sunlight(cairo_t *cr) {
     cairo_pattern_destroy(corner);
 }
 
+// --- Fewer colours -------------------------------------------------------------------------------
+
+// So many hues, each with its dithered shades, would need more colours than a picture can hold. Green is the
+// one channel with six bits; here it takes every other of its levels, and the error goes on to the right and
+// to the row below, as when a picture is written.
+void halve_greens(canvas &picture) {
+    constexpr int STEPS = 31, LEVELS = 63; // levels used, and the highest level there is
+    const auto level = [](int step) {
+        const int six = step * LEVELS / STEPS;
+        return six << 2 | six >> 4;
+    };
+    cairo_surface_flush(picture.surface.get());
+    unsigned char *data = cairo_image_surface_get_data(picture.surface.get());
+    const int stride = cairo_image_surface_get_stride(picture.surface.get());
+    std::vector<double> below(static_cast<std::size_t>(picture.width) + 1), now;
+    for (int y = 0; y < picture.height; ++y) {
+        now = below;
+        std::ranges::fill(below, 0.0);
+        auto *row = reinterpret_cast<std::uint32_t *>(data + y * stride);
+        for (int x = 0; x < picture.width; ++x) {
+            const auto i = static_cast<std::size_t>(x);
+            const double wanted = ((row[x] >> 8) & 0xFF) + now[i];
+            const int got = level(std::clamp(static_cast<int>(std::lround(wanted * STEPS / 255)), 0, STEPS));
+            row[x] = (row[x] & 0xFFFF00FFu) | static_cast<std::uint32_t>(got) << 8;
+            now[i + 1] += (wanted - got) / 2;
+            below[i] += (wanted - got) / 2;
+        }
+    }
+    cairo_surface_mark_dirty(picture.surface.get());
+}
+
 } // namespace
 
 canvas draw_craft_table() {
@@ -272,13 +321,15 @@ canvas draw_craft_table() {
     draw_sheet(table, {640, 118, 12}, 130, 160, hex(0xFFB6A8));
     draw_sheet(table, {176, 470, -14}, 150, 120, hex(0xBFE6B0));
     squared_paper(table);
+    sunlight(table);
     picture_on_paper(table);
     draw_ruler(table, {330, 46, -2}, 300);
     draw_pot_plant(table, {52, 72, 10}, 190);
     draw_pencil_pot(table, {168, 56, 0}, 76);
     draw_mug(table, {566, 52, -25}, 84, hex(0xE4572E));
     draw_biscuits(table, {728, 82, 0}, 124);
-    paint_shadow(table, [&] { circle(table, 730, 244, 54); }, 6, 10, 9, 0.45);
+    paint_shadow(
+        table, [&] { circle(table, 730, 244, 54); }, 6, 10, 9, 0.45);
     draw_clock(table, 3, 0, 730, 244, 108);
     tray_of_pieces(table);
     scattered_coins(table);
@@ -289,8 +340,8 @@ canvas draw_craft_table() {
     draw_eraser(table, {256, 552, 16}, 58);
     draw_scissors(table, {484, 545, -6}, 140, hex(0x8E4FA8));
     note(table);
-    sunlight(table);
     last_piece(table);
+    halve_greens(table);
     return table;
 }
 

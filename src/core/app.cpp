@@ -1,3 +1,5 @@
+// app.cpp: start-up, the main loop and shutdown, each in its one order.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/app.h"
@@ -92,17 +94,27 @@ i32 load_saved() {
     return 1;
 }
 
-// In order; a negative result stops the program. The step has logged why.
+// In order. A negative result, which the step has logged, stops the program.
+// clang-format off
 constexpr i32 (*START_UP[])() = {
-    data_archive_open, video_init,
-    prim_init,         set_caption,
-    blit_init,         font_init,
-    start_sound,       input_init,
-    cursor_init,       start_app_state,
-    best_times_create, help_init,
-    load_saved,        board_reset_background,
-    effects_init,      screen_init_all,
+    data_archive_open,
+    video_init,
+    prim_init,
+    set_caption,
+    blit_init,
+    font_init,
+    start_sound,
+    input_init,
+    cursor_init,
+    start_app_state,
+    best_times_create,
+    help_init,
+    load_saved,
+    board_reset_background,
+    effects_init,
+    screen_init_all,
 };
+// clang-format on
 
 void start_up() {
     if (SDL_Init(SDL_INIT_TIMER | SDL_INIT_AUDIO | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE) < 0)
@@ -153,7 +165,7 @@ app_state *app_state_create() {
         log_out_of_memory();
         return nullptr;
     }
-    auto *state = new (block) app_state{};
+    auto *state = new (block) app_state{}; // starts the life of the atomic flags
     state->puzzle = -1;
     state->board = board_create();
     if (state->board == nullptr) {

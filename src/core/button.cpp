@@ -1,3 +1,5 @@
+// button.cpp: picture buttons: looks, presses, and drawing them.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/button.h"

@@ -1,4 +1,7 @@
-// button.h: picture buttons. Main thread; pictures are borrowed from the screen that loaded them.
+// button.h: picture buttons.
+//
+// Main thread. Pictures are borrowed from the screen that loaded them and must all be there; lists own their
+// buttons through button_free. Only making a button can fail.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -10,9 +13,9 @@
 
 #include <cstdint>
 
-inline constexpr u32 BUTTON_PRESSED = 0x1;
-inline constexpr u32 BUTTON_HOVER = 0x2;
-inline constexpr u32 BUTTON_RELEASE_PENDING = 0x4;
+inline constexpr u32 BUTTON_PRESSED = 0x1;         // has been pressed and not yet released
+inline constexpr u32 BUTTON_HOVER = 0x2;           // under the mouse
+inline constexpr u32 BUTTON_RELEASE_PENDING = 0x4; // release_timer runs
 
 enum button_look : i32 { BUTTON_LOOK_NORMAL, BUTTON_LOOK_HOVER, BUTTON_LOOK_PRESSED, BUTTON_LOOK_COUNT };
 
@@ -32,21 +35,22 @@ struct button {
 };
 
 [[nodiscard]] button *button_create(); // null when out of memory (logged)
-void button_free(button *b);
+void button_free(button *b);           // accepts null
 void button_set_pictures(button *b, const image *normal, const image *hover, const image *pressed, const image *label);
-void button_set_state(button *b, i32 state);
+void button_set_state(button *b, i32 state); // a button_look; the size becomes that of its picture
 void button_set_callback(button *b, button_callback callback, std::intptr_t arg1, std::intptr_t arg2);
-void button_draw(const button *b);
+void button_draw(const button *b);            // erased in the next frame; a pixel lower and further right while pressed
 void button_draw_background(const button *b); // normal picture and label into the background
 void button_press(button *b);                 // click, pressed look, callback; ignored while pressed
-void button_release(button *b);
-void button_hover(button *b);
-void button_unhover(button *b);
-void button_release_later(button *b); // in 4 frames, for presses by key
-void button_tick(button *b);
+void button_release(button *b);               // back to the hover or the normal look; ignored unless pressed
+void button_hover(button *b);                 // hover look, also while pressed
+void button_unhover(button *b);               // normal look; ignored unless hovered
+void button_release_later(button *b);         // in 4 frames, for presses by key
+void button_tick(button *b);                  // once a frame: counts down to that release
 bool button_hit(const button *b, i32 px, i32 py); // edges included
 
-// Makes a button with pictures, place and callback and appends it to the list; null when out of memory.
+// Makes a button with pictures, place and callback and appends it to the list, which owns it; null when out of
+// memory (logged).
 button *button_add(ptr_array<button> *list, const image *const pictures[BUTTON_LOOK_COUNT], i32 x, i32 y,
                    button_callback callback, std::intptr_t arg1 = 0, std::intptr_t arg2 = 0);
 

@@ -1,3 +1,5 @@
+// help.cpp: the bubbles' frame schedule and drawing, and the debug mode's key sequence.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/help.h"
@@ -26,7 +28,7 @@ constexpr i32 CLICK_DEAF_FRAMES = 10;  // clicks are ignored for so long
 constexpr i32 BOX_MARGIN = 2;          // pixels around a text, as text_draw makes its box
 constexpr i32 DEBUG_KEY_TIMEOUT = 200; // frames between two keys of the sequence
 
-constexpr i32 DEBUG_KEYS[] = {'q', 'z', 'k', 'v', 'x', 'h', 'w', 'n', 'y', 'r', 't'}; // SDL key codes
+constexpr char DEBUG_KEYS[] = {'q', 'z', 'k', 'v', 'x', 'h', 'w', 'n', 'y', 'r', 't'}; // SDL key codes
 
 // Main thread only.
 ptr_array<help_bubble> *help_list = nullptr;
@@ -164,6 +166,7 @@ void help_add_row(const help_row &row) {
     if (bubble == nullptr)
         return;
     if (string_set(&bubble->text, row.text) < 0) {
+        log_out_of_memory();
         help_bubble_free(bubble);
         return;
     }

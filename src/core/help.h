@@ -8,7 +8,7 @@
 
 #include "core/types.h"
 
-inline constexpr i32 HELP_LINES = 3;
+inline constexpr i32 HELP_LINES = 3; // pointer lines of a bubble, at most
 
 struct help_bubble {
     char *text; // owned
@@ -23,20 +23,22 @@ struct help_bubble {
 };
 inline constexpr u32 HELP_STEADY = 0x1; // pulsing has stopped
 
-i32 help_init(); // 1, or -1 when out of memory
-void help_shutdown();
-[[nodiscard]] help_bubble *help_bubble_create(); // null when out of memory (logged)
-void help_clear();
-void help_add(help_bubble *bubble); // takes ownership
-void help_start();
-void help_stop();
-void help_step(); // once a frame
-void help_draw(); // the overlay: mouse cursor, then bubbles
+[[nodiscard]] i32 help_init();                   // also clears the settings word; 1, or -1 when out of memory (logged)
+void help_shutdown();                            // safe when help_init never ran
+[[nodiscard]] help_bubble *help_bubble_create(); // white, pulsing, without text; null when out of memory (logged)
+void help_clear();                               // no bubbles, first frame, not showing
+void help_add(help_bubble *bubble);              // takes ownership; when out of memory (logged) the bubble is freed
+void help_start();                               // shows the bubbles from the next help_step on
+void help_stop();                                // hides them; they stay until help_clear
+void help_step();                                // once a frame, after the screen's update
+void help_draw();                                // the overlay: mouse cursor, then bubbles
 
-// A pointer line, and a whole bubble as one row of a table.
+// A pointer line from its bubble to what that explains, in window pixels.
 struct help_line {
     i32 from_x, from_y, to_x, to_y;
 };
+
+// A whole bubble as one row of a table.
 struct help_row {
     const char *text;
     i32 x, y;
@@ -44,4 +46,4 @@ struct help_row {
     i32 line_count;
     help_line lines[HELP_LINES];
 };
-void help_add_row(const help_row &row);
+void help_add_row(const help_row &row); // left out when out of memory (logged)

@@ -1,4 +1,4 @@
-// The program's entry. SDL's headers may rename main, so that SDL's own start-up runs first.
+// main.cpp: the program's entry. SDL's headers may rename main, so that SDL's own start-up runs first.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

@@ -1,3 +1,5 @@
+// screen.cpp: the current screen: its frame, and the change to the next one.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/screen.h"

@@ -1,6 +1,7 @@
 // screen.h: the screen manager: which screen is current, its per-frame operations, changes at the end of a frame.
 //
-// Main thread. Screens ask for a change with screen_request (core/screen_id.h).
+// Main thread. The main loop calls tick, update, draw and end_frame in this order; screens ask for a change with
+// screen_request (core/screen_id.h). Only screen_init_all can fail.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -16,17 +17,17 @@ struct screen_operations {
     void (*draw[SCREEN_COUNT])();     // every recorded frame while current, under the render lock
     void (*tick[SCREEN_COUNT])();     // every frame while current, first of all
     void (*late[SCREEN_COUNT])();     // every frame while current, after drawing, before a change
-    void (*enter[SCREEN_COUNT])();
-    void (*leave[SCREEN_COUNT])();
+    void (*enter[SCREEN_COUNT])();    // when it becomes current
+    void (*leave[SCREEN_COUNT])();    // when it stops being current
 };
 extern const screen_operations screen_table; // screens/screen_table.cpp
 
-i32 screen_init_all(); // 1, or -1 when a screen failed
-void screen_shutdown_all();
-void screen_activate(screen_id id);
+[[nodiscard]] i32 screen_init_all(); // and enters the splash screen; 1, or -1 at the first screen that failed
+void screen_shutdown_all();          // screens that were never initialised must bear it
+void screen_activate(screen_id id);  // enters a screen at once, without leaving the current one
 void screen_tick();
-void screen_update();
-void screen_draw();
-void screen_end_frame();
+void screen_update();         // takes the frame's input snapshot first, steps the help bubbles last
+void screen_draw();           // records the frame, if the render thread is ready for one
+void screen_end_frame();      // carries out the frame's request, starts its sounds
 void screen_request_redraw(); // the next recorded frame restores the whole window
-screen_id screen_current();
+screen_id screen_current();   // SCREEN_NONE before screen_init_all

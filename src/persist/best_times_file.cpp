@@ -71,22 +71,29 @@ static bool read_puzzle(stored_reader *reader, puzzle_scores *scores) {
     return read_list(reader, scores->log, read_run);
 }
 
-i32 best_times_load() {
-    stored_reader reader;
-    if (!best_times_exist() || !stored_open(&reader, SCORES_PATH)) {
-        best_times_reset();
-        return -1;
-    }
+static void read_table(stored_reader *reader) {
     bool whole = true;
     for (puzzle_scores &scores : best_times.puzzles)
-        whole = whole && read_puzzle(&reader, &scores);
+        whole = whole && read_puzzle(reader, &scores);
     if (whole) {
         ptr_array_clear(best_times.players);
-        read_list(&reader, best_times.players, read_player);
+        read_list(reader, best_times.players, read_player);
+    }
+}
+
+i32 best_times_load() {
+    if (!best_times_exist())
+        return -1;
+    stored_reader reader;
+    const bool opened = stored_open(&reader, SCORES_PATH);
+    if (opened) {
+        read_table(&reader);
+        stored_close(&reader);
+    } else {
+        best_times_reset();
     }
     best_times.damaged = reader.damaged;
-    stored_close(&reader);
-    return 1;
+    return opened ? 1 : -1;
 }
 
 // --- saving --------------------------------------------------------------------------------------

@@ -29,12 +29,13 @@ static void read_fields(stored_reader *reader) {
 
 i32 prefs_load() {
     stored_reader reader;
-    if (!stored_open(&reader, PREFS_PATH))
-        return -1;
-    read_fields(&reader);
+    const bool opened = stored_open(&reader, PREFS_PATH);
+    if (opened) {
+        read_fields(&reader);
+        stored_close(&reader);
+    }
     damaged = reader.damaged;
-    stored_close(&reader);
-    return 1;
+    return opened ? 1 : -1;
 }
 
 i32 prefs_save() {

@@ -13,25 +13,27 @@ static_assert(STORED_INT_BYTES == ARCHIVE_INT_BYTES, "one integer layout for all
 
 // --- reading -------------------------------------------------------------------------------------
 
+static bool mark_damaged(stored_reader *reader) {
+    reader->ended = reader->damaged = true;
+    return false;
+}
+
 bool stored_open(stored_reader *reader, const char *path) {
+    *reader = {};
     const int descriptor = platform_open_read(path);
     if (descriptor < 0)
         return false;
     const i32 size = platform_size(descriptor);
     *reader = {file_reader_create(descriptor), descriptor, size, size <= 0, false};
-    if (reader->file == nullptr)
-        platform_close(descriptor);
-    return reader->file != nullptr;
+    if (reader->file != nullptr)
+        return true;
+    platform_close(descriptor);
+    return mark_damaged(reader);
 }
 
 void stored_close(stored_reader *reader) {
     file_reader_destroy(reader->file);
     platform_close(reader->descriptor);
-}
-
-static bool mark_damaged(stored_reader *reader) {
-    reader->ended = reader->damaged = true;
-    return false;
 }
 
 bool stored_read_i32(stored_reader *reader, i32 *value) {

@@ -1,3 +1,5 @@
+// background.cpp: the one picture behind all boards, loaded when another one is wanted.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/background.h"

@@ -1,3 +1,5 @@
+// board.cpp: the life of the board record: create, load a type, start a run, destroy.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/board.h"

@@ -1,3 +1,5 @@
+// board_draw.cpp: records a run: the still parts once, the moving parts every frame.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/draw_list.h"

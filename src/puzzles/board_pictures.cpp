@@ -1,3 +1,5 @@
+// board_pictures.cpp: the table of a puzzle type's pictures, which loading and freeing walk.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/board_pictures.h"

@@ -1,3 +1,5 @@
+// board_update.cpp: one frame of a run: pieces, deck, keypad, keys, clock, completion, effects.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/settings.h"

@@ -1,3 +1,5 @@
+// cells.cpp: builds the grid of cells and draws it into the background.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/cells.h"

@@ -1,3 +1,5 @@
+// debug_actions.cpp: the shortcuts of the hidden debug mode.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/debug_actions.h"

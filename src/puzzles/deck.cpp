@@ -1,3 +1,5 @@
+// deck.cpp: dealing cards, turning the deck, taking the top card.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/deck.h"

@@ -1,3 +1,5 @@
+// deck_draw.cpp: records the cards and their faces.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/draw_list.h"

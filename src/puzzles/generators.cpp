@@ -1,3 +1,5 @@
+// generators.cpp: makes the pieces: laid out in a box or around the board, or waiting in the deck.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/generators.h"

@@ -1,3 +1,5 @@
+// headings.cpp: the tables of the symbols that head columns and rows.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/headings.h"

@@ -1,3 +1,5 @@
+// keypad.cpp: the twelve keys, and what a right and a wrong answer do.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/keypad.h"

@@ -1,3 +1,5 @@
+// placement.cpp: finding pieces and buttons, and fixing a dropped piece in its cell.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/placement.h"

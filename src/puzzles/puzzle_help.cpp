@@ -1,3 +1,5 @@
+// puzzle_help.cpp: the tables of the types' help bubbles.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/puzzle_help.h"

@@ -1,3 +1,5 @@
+// puzzle_type.cpp: the table of places, and setting a board up from the tables.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/puzzle_type.h"

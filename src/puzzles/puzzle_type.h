@@ -25,6 +25,7 @@ struct puzzle_layout {
     i32 symbols;
     u32 features;
 };
+
 // The features in the sets in which they occur.
 inline constexpr u32 PUZZLE_BOX = BOARD_HAS_BOX;
 inline constexpr u32 PUZZLE_TYPED = BOARD_HAS_DECK | BOARD_HAS_KEYPAD | BOARD_KEEP_DROPPED | BOARD_CARD_TEXT;

@@ -1,3 +1,5 @@
+// random_list.cpp: shuffles while adding, and again at the end of each cycle.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/random_list.h"

@@ -1,3 +1,5 @@
+// study.cpp: fills and clears the board, and lets single pieces leave and fly in.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/study.h"

@@ -1,3 +1,5 @@
+// common.cpp: what several screens do alike.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/common.h"

@@ -10,11 +10,11 @@
 inline constexpr i32 RENDER_ALL_SHOWN = 2; // for render_pause: wait until all that was recorded is on the screen
 inline constexpr i32 COLUMN_RIGHT = 795;   // right end of the button columns
 inline constexpr i32 COLUMN_BOTTOM = 595;  // bottom of their lowest button
-inline constexpr i32 COLUMN_GAP = 5;       // between the buttons
+inline constexpr i32 BUTTON_GAP = 5;       // between the buttons
 
 // Top of the nth button from the bottom (1 the lowest) in a column of buttons h pixels high.
 constexpr i32 column_top(i32 n, i32 h) {
-    return COLUMN_BOTTOM - COLUMN_GAP * (n - 1) - n * h;
+    return COLUMN_BOTTOM - BUTTON_GAP * (n - 1) - n * h;
 }
 
 // Button callbacks.

@@ -1,3 +1,5 @@
+// credits.cpp: the heading's way down and up, and the rows that it uncovers.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/credits.h"
@@ -5,7 +7,6 @@
 #include "core/screen_id.h"
 #include "graphics/draw_list.h"
 #include "graphics/font.h"
-#include "input/cursor.h"
 #include "input/input.h"
 #include "screens/title_pictures.h"
 #include "sprites/glyph_mover.h"

@@ -6,7 +6,8 @@
 
 #include "core/types.h"
 
-i32 credits_init();
+// The screen's operations, for the screen table.
+[[nodiscard]] i32 credits_init(); // 1, or -1 when a picture cannot be loaded or memory is short (logged)
 void credits_shutdown();
 void credits_enter();
 void credits_update();

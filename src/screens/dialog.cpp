@@ -1,3 +1,5 @@
+// dialog.cpp: the four dialogs, their entrance, name typing and confetti.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/dialog.h"
@@ -37,7 +39,7 @@ constexpr i32 TITLE_SLIDE_STEP = 24, TITLE_SETTLE_STEP = 2;
 constexpr i32 CONFETTI_ONE_IN = 5; // frames, on average
 constexpr i32 LINE_COUNT = 5;
 constexpr i32 LINE_HIDDEN = -1; // as line_x
-constexpr i32 NAME_LIMIT = 16;    // characters
+constexpr i32 NAME_LIMIT = 16;  // characters
 constexpr char KEY_CHAR_RETURN = 10, KEY_CHAR_BACKSPACE = 8;
 
 constexpr u32 DIALOG_FIRST_FRAME = 0x1; // dim and restore the whole screen at the next draw
@@ -71,15 +73,20 @@ void bind_key(i32 key, button *target) {
         dialog.key_buttons[key] = target;
 }
 
+void set_text(char **target, const char *text) {
+    if (string_set(target, text) < 0)
+        log_out_of_memory();
+}
+
 void set_title(const char *text) {
-    string_set(&dialog.title, text);
+    set_text(&dialog.title, text);
     const text_size size = text_measure(text);
     dialog.title_x = center_x(size.width);
     dialog.title_y = 1 - size.height - size.top;
 }
 
 void set_line(i32 line, const char *text, i32 y) {
-    string_set(&dialog.lines[line], text);
+    set_text(&dialog.lines[line], text);
     dialog.line_x[line] = center_x(text_measure(text).width);
     dialog.line_y[line] = y;
 }
@@ -204,10 +211,6 @@ void press_bound_key() {
     }
 }
 
-bool has_left_screen(const effect *piece) {
-    return piece->x < -piece->w || piece->x >= SCREEN_WIDTH || piece->y >= SCREEN_HEIGHT;
-}
-
 void celebrate() {
     if (std::rand() % CONFETTI_ONE_IN == 0) {
         effect *piece = effect_create(EFFECT_CONFETTI);
@@ -217,7 +220,7 @@ void celebrate() {
     for (i32 i = 0; i < dialog.confetti->count; ++i) {
         effect *piece = dialog.confetti->items[i];
         effect_update(piece);
-        if (has_left_screen(piece)) {
+        if (effect_off_screen(piece)) {
             effect_free(piece);
             dialog.confetti->items[i] = nullptr;
         }
@@ -292,6 +295,8 @@ void dialog_update() {
         if ((dialog.dialog_flags & DIALOG_NAME_ENTRY) != 0)
             type_name();
         press_bound_key();
+        if (dialog.buttons->count == 0) // memory was short for them
+            screen_request(SCREEN_TITLE);
     }
     if ((dialog.dialog_flags & DIALOG_CELEBRATE) != 0)
         celebrate();

@@ -1,3 +1,5 @@
+// play.cpp: mouse and keys on the board, and the end of a run.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/play.h"
@@ -101,8 +103,8 @@ void take_piece(const board *b, sprite *piece) {
 i32 update_pieces(board *b) {
     const bool held = mouse_held(MOUSE_LEFT);
     if (!held || play_hover_piece == nullptr) {
-        // A piece that is let go is dropped below, under the mouse where it was.
-        if ((play_flags & PLAY_DRAGGING) == 0 || play_hover_piece == nullptr)
+        // A piece that is let go is dropped below, even when the mouse has left it in the meantime.
+        if ((play_flags & PLAY_DRAGGING) == 0)
             hover_piece(board_piece_at(b, mouse_x, mouse_y));
         if (play_hover_piece == nullptr)
             return CURSOR_ARROW;

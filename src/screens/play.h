@@ -6,7 +6,8 @@
 
 #include "core/types.h"
 
-i32 play_init();
+// The screen's operations, for the screen table.
+i32 play_init(); // 1
 void play_enter();
 void play_update();
 void play_draw();

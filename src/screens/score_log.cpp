@@ -1,3 +1,5 @@
+// score_log.cpp: the show of best times, step by step.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/score_log.h"
@@ -15,6 +17,7 @@
 #include "sprites/glyph_mover.h"
 
 #include <cstdio>
+#include <iterator>
 
 namespace {
 
@@ -26,13 +29,14 @@ constexpr i32 MASTER_SHOWN_BAR_Y = 40, LOG_SHOWN_BAR_Y = 155; // the bar has unc
 constexpr i32 GLIDE_STEPS = 20;                               // frames
 constexpr i32 TITLE_PICTURE_X = 400, TITLE_PICTURE_CENTRE_Y = 192, TITLE_TEXT_CENTRE_Y = 182;
 constexpr i32 LEFT_X = 10, LEFT_RISE = 40, LEFT_TEXT_RISE = 20;
-constexpr i32 BAR_SPEED = 2; // pixels a frame
+constexpr i32 SECONDS_A_MINUTE = 60;
+constexpr std::size_t TIME_SIZE = 32; // bytes of a time as text
 
-// Stages of the show, and the lengths that end them, in frames.
-constexpr i32 STEP_SKIPPABLE = 2, STEP_HEADING = 2, STEP_FIRST_PLACE = 3, STEP_FIRST_SWEEP = 6, STEP_BAR = 7;
-constexpr i32 STEP_FIRST_SWEEP_END = 11, STEP_SECOND_SWEEP = 12, STEP_BAR_GROWS = 13, STEP_LOG = 14, STEP_LOG_END = 15;
+// Steps of the show at which something appears.
+constexpr i32 STEP_HEADING = 2, STEP_FIRST_PLACE = 3, STEP_BAR = 7, STEP_LOG = 14;
+constexpr i32 STEP_SKIPPABLE = 2;    // from here on a click or key shows everything
+constexpr i32 STEP_MASTERS_END = 11; // an empty log ends the show here
 constexpr i32 STEP_FINISHED = 16, STEP_NO_LOG = 17, STEP_SKIPPED = 99;
-constexpr i32 SLOW = 20, QUICK = 10, PAUSE = 40;
 constexpr i32 BAR_DONE_Y = 599; // everything is uncovered
 
 constexpr u32 LOG_FIRST_FRAME = 0x1;
@@ -46,12 +50,44 @@ struct highlight_bar {
 constexpr highlight_bar MASTER_BAR = {520, 45, 260, 0, 45};
 constexpr highlight_bar LOG_BAR = {370, 155, 410, 0, 155};
 
+// What a step of the show does: the bar uncovers itself, sweeps down, and closes.
+struct show_step {
+    i32 clip_y, bar_y, clip_h; // pixels a frame
+    i32 next_length;           // frames of the next step, or BY_LOG
+    const highlight_bar *bar;  // starts with the next step; null for none
+};
+constexpr i32 BY_LOG = -1;            // as long as the bar takes from the first to the last log entry
+constexpr i32 FIRST_STEP_LENGTH = 20; // frames
+constexpr i32 FRAMES_A_ROW = 10;      // that the bar takes from row to row
+// clang-format off
+constexpr show_step SHOW[] = {
+    // clip_y bar_y clip_h  next    bar
+    {0,      0,     0,     20,     nullptr},
+    {0,      0,     0,     20,     nullptr},
+    {0,      0,     0,     10,     nullptr},
+    {0,      0,     0,     10,     nullptr},
+    {0,      0,     0,     10,     nullptr},
+    {0,      0,     0,     10,     nullptr},
+    {0,      0,     0,     10,     &MASTER_BAR},
+    {0,      0,     2,     10,     nullptr},
+    {2,      2,     0,     10,     nullptr},
+    {2,      2,     0,     10,     nullptr},
+    {2,      2,     0,     10,     nullptr},
+    {2,      0,    -2,     40,     nullptr},
+    {0,      0,     0,     10,     &LOG_BAR},
+    {0,      0,     2,     BY_LOG, nullptr},
+    {2,      2,     0,     10,     nullptr},
+    {2,      0,    -2,     0,      nullptr},
+};
+// clang-format on
+static_assert(std::size(SHOW) == STEP_FINISHED);
+
 image *panel[1];
 highlight_bar bar;
 glyph_mover picture_mover, title_mover;
 i32 shown_puzzle = 0;
 i32 step = 0;
-i32 countdown = 0; // frames left in this stage
+i32 countdown = 0; // frames left in this step
 u32 log_flags = 0;
 
 // Where the puzzle's picture and title stand on the title screen.
@@ -95,72 +131,35 @@ void skip_or_leave() {
     log_flags |= LOG_SHOW_FINISHED;
 }
 
-// What a stage does every frame: the bar uncovers itself, moves down, and closes at the end.
-void stage_frame() {
-    switch (step) {
-    case STEP_BAR:
-    case STEP_BAR_GROWS:
-        bar.clip_h += BAR_SPEED;
-        break;
-    case STEP_BAR + 1:
-    case STEP_BAR + 2:
-    case STEP_BAR + 3:
-    case STEP_LOG:
-        bar.clip_y += BAR_SPEED;
-        bar.y += BAR_SPEED;
-        break;
-    case STEP_FIRST_SWEEP_END:
-    case STEP_LOG_END:
-        bar.clip_y += BAR_SPEED;
-        bar.clip_h -= BAR_SPEED;
-        break;
-    default:
-        if (step >= STEP_FINISHED)
-            log_flags |= LOG_SHOW_FINISHED;
+void end_step() {
+    if (step == STEP_MASTERS_END && log_entries() == 0) {
+        step = STEP_NO_LOG;
+        log_flags |= LOG_SHOW_FINISHED;
+        return;
     }
-}
-
-void start_bar(const highlight_bar &start) {
-    bar = start;
-    sound_play(SOUND_SCORE_SHOW);
-}
-
-// What happens at the end of a stage; sets the length of the next one.
-void stage_end() {
-    switch (step) {
-    case 0:
-    case 1:
-        countdown = SLOW;
-        break;
-    case STEP_FIRST_SWEEP:
-        countdown = QUICK;
-        start_bar(MASTER_BAR);
-        break;
-    case STEP_FIRST_SWEEP_END:
-        countdown = PAUSE;
-        if (log_entries() == 0) {
-            step = STEP_NO_LOG;
-            log_flags |= LOG_SHOW_FINISHED;
-            return;
-        }
-        break;
-    case STEP_SECOND_SWEEP:
-        countdown = QUICK;
-        start_bar(LOG_BAR);
-        break;
-    case STEP_BAR_GROWS:
-        countdown = QUICK * log_entries() - QUICK;
-        break;
-    default:
-        if (step < STEP_LOG_END)
-            countdown = QUICK;
+    const show_step &ended = SHOW[step];
+    countdown = ended.next_length == BY_LOG ? FRAMES_A_ROW * (log_entries() - 1) : ended.next_length;
+    if (ended.bar != nullptr) {
+        bar = *ended.bar;
+        sound_play(SOUND_SCORE_SHOW);
     }
     ++step;
 }
 
+void advance_show() {
+    if (step >= STEP_FINISHED) {
+        log_flags |= LOG_SHOW_FINISHED;
+        return;
+    }
+    bar.clip_y += SHOW[step].clip_y;
+    bar.y += SHOW[step].bar_y;
+    bar.clip_h += SHOW[step].clip_h;
+    if (--countdown <= 0)
+        end_step();
+}
+
 void draw_time(i32 seconds, i32 y) {
-    constexpr i32 SECONDS_A_MINUTE = 60;
-    char text[32];
+    char text[TIME_SIZE];
     std::snprintf(text, sizeof text, "%i:%.2i", seconds / SECONDS_A_MINUTE, seconds % SECONDS_A_MINUTE);
     text_draw(text, TIME_COLUMN, y, WHITE, TEXT_TRANSIENT);
 }
@@ -225,7 +224,7 @@ void score_log_enter() {
     cursor_select(CURSOR_ARROW);
     log_flags = LOG_FIRST_FRAME;
     step = 0;
-    countdown = SLOW;
+    countdown = FIRST_STEP_LENGTH;
 }
 
 void score_log_update() {
@@ -235,12 +234,8 @@ void score_log_update() {
     glyph_mover_step(&title_mover);
     if ((log_flags & LOG_LEAVING) != 0 && glyph_mover_arrived(&picture_mover) && glyph_mover_arrived(&title_mover))
         screen_request(SCREEN_TITLE);
-    if ((log_flags & LOG_SHOW_FINISHED) != 0)
-        return;
-    --countdown;
-    stage_frame();
-    if (countdown <= 0)
-        stage_end();
+    if ((log_flags & LOG_SHOW_FINISHED) == 0)
+        advance_show();
 }
 
 void score_log_draw() {

@@ -6,7 +6,8 @@
 
 #include "core/types.h"
 
-i32 score_log_init();
+// The screen's operations, for the screen table.
+[[nodiscard]] i32 score_log_init(); // 1, or -1 when a picture cannot be loaded or memory is short (logged)
 void score_log_shutdown();
 void score_log_enter();
 void score_log_update();

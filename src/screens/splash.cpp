@@ -1,3 +1,5 @@
+// splash.cpp: the list of all puzzles, the reveal, and the wipe to black.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/splash.h"

@@ -1,4 +1,5 @@
-// splash.h: the first screen, which is also the last: all puzzles at a glance, a picture and two buttons.
+// splash.h: the first screen, which is also the last: all puzzles at a glance, a picture and two buttons. Main
+// thread.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -6,7 +7,8 @@
 
 #include "core/types.h"
 
-i32 splash_init();
+// The screen's operations, for the screen table.
+[[nodiscard]] i32 splash_init(); // 1, or -1 when a picture cannot be loaded or memory is short (logged)
 void splash_shutdown();
 void splash_enter();
 void splash_update();

@@ -1,3 +1,5 @@
+// study.cpp: the complete board, its text and its buttons.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/study.h"

@@ -6,7 +6,8 @@
 
 #include "core/types.h"
 
-i32 study_init();
+// The screen's operations, for the screen table.
+[[nodiscard]] i32 study_init(); // 1, or -1 when a picture cannot be loaded or memory is short (logged)
 void study_shutdown();
 void study_enter();
 void study_update();

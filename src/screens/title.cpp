@@ -1,3 +1,5 @@
+// title.cpp: choosing from the list, the picture slide and the column of buttons.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/title.h"

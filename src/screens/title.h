@@ -6,7 +6,8 @@
 
 #include "core/types.h"
 
-i32 title_init();
+// The screen's operations, for the screen table.
+[[nodiscard]] i32 title_init(); // 1, or -1 when a picture cannot be loaded or memory is short (logged)
 void title_shutdown();
 void title_enter();
 void title_leave();

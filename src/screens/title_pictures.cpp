@@ -1,3 +1,5 @@
+// title_pictures.cpp: the set of pictures, loaded once.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/title_pictures.h"

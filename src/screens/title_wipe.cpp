@@ -1,3 +1,5 @@
+// title_wipe.cpp: opening two pictures from the centre, drawn directly.
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/title_wipe.h"
@@ -34,13 +36,12 @@ void reveal_from_centre(u32 pass_limit) {
         const bool higher = open_axis(&area.y, &area.h, SCREEN_HEIGHT, step);
         if (!wider && !higher)
             return;
-        const i32 thick = step;
         if (pass_took_longer(&pass_start, pass_limit))
             ++step;
-        dirty_add(area.x, area.y, area.w, thick);
-        dirty_add(area.x, area.y + area.h - thick, area.w, thick);
-        dirty_add(area.x, area.y, thick, area.h);
-        dirty_add(area.x + area.w - thick, area.y, thick, area.h);
+        dirty_add(area.x, area.y, area.w, step);
+        dirty_add(area.x, area.y + area.h - step, area.w, step);
+        dirty_add(area.x, area.y, step, area.h);
+        dirty_add(area.x + area.w - step, area.y, step, area.h);
         dirty_flush();
     }
 }

@@ -24,13 +24,6 @@ constexpr int BOX_PIECES = 50;
 constexpr int TITLE_FIRST = 0, TITLE_SECOND = 2; // list positions of the box puzzles
 constexpr int SECOND_TYPE = 2;
 
-sprite *loose_piece(int skip = 0) {
-    for (sprite *piece : each(the_board()->pieces))
-        if ((piece->flags & SPRITE_FIXED) == 0 && skip-- == 0)
-            return piece;
-    return nullptr;
-}
-
 void study_shows_hides_and_fills() {
     board *b = the_board();
     const auto shown = [b] {

@@ -5,6 +5,7 @@
 #include "core/app.h"
 #include "core/screen.h"
 #include "core/settings.h"
+#include "input/input.h"
 #include "puzzles/board.h"
 #include "puzzles/cells.h"
 #include "puzzles/placement.h"
@@ -96,8 +97,8 @@ game_result play_game(const game_folder &folder, int depth, const script &player
         child(depth, player, errors);
     int status = 0;
     waitpid(pid, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read_file(errors),
-            read_file(folder.file("bin/errorlog.log"))};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, file_text(errors),
+            file_text(folder.file("bin/errorlog.log"))};
 }
 
 // --- For scripts ---------------------------------------------------------------------------------
@@ -122,13 +123,25 @@ void check(bool holds, const std::string &what) {
         fail_script("expected: " + what);
 }
 
-void click(int x, int y) {
+void move_mouse(int x, int y) {
     fake_mouse_move(x, y);
     frames(1);
+}
+
+void mouse_down_at(int x, int y) {
+    move_mouse(x, y);
     fake_mouse_button(SDL_BUTTON_LEFT, true);
     frames(1);
+}
+
+void mouse_up() {
     fake_mouse_button(SDL_BUTTON_LEFT, false);
     frames(1);
+}
+
+void click(int x, int y) {
+    mouse_down_at(x, y);
+    mouse_up();
 }
 
 void hold_key(int key, bool down) {
@@ -147,16 +160,10 @@ void type_text(const std::string &letters) {
 }
 
 void drag(int from_x, int from_y, int to_x, int to_y) {
-    fake_mouse_move(from_x, from_y);
-    frames(1);
-    fake_mouse_button(SDL_BUTTON_LEFT, true);
-    frames(1);
-    fake_mouse_move((from_x + to_x) / 2, (from_y + to_y) / 2);
-    frames(1);
-    fake_mouse_move(to_x, to_y);
-    frames(1);
-    fake_mouse_button(SDL_BUTTON_LEFT, false);
-    frames(1);
+    mouse_down_at(from_x, from_y);
+    move_mouse((from_x + to_x) / 2, (from_y + to_y) / 2);
+    move_mouse(to_x, to_y);
+    mouse_up();
 }
 
 void until_screen(screen_id id) {
@@ -223,16 +230,29 @@ void start_playing(const char *name) {
     close_help();
 }
 
-void place_piece(sprite *piece) {
+sprite *loose_piece(int skip) {
+    for (sprite *piece : each(the_board()->pieces))
+        if ((piece->flags & SPRITE_FIXED) == 0 && skip-- == 0)
+            return piece;
+    return nullptr;
+}
+
+void carry_to_cell(sprite *piece) {
     const board *b = the_board();
     const sprite *cell = board_find_cell(b, piece->target_col, piece->target_row);
     check(cell != nullptr, "the piece has a cell");
-    const int dx = b->x + cell->x + 1 - piece->x, dy = b->y + cell->y + 1 - piece->y;
-    const int grab_x = piece->x + piece->w / 2, grab_y = piece->y + piece->h / 2;
-    check(board_piece_at(b, grab_x, grab_y) == piece, "the piece can be taken where it lies");
-    drag(grab_x, grab_y, grab_x + dx, grab_y + dy);
+    const int x = b->x + cell->x + 1, y = b->y + cell->y + 1;
+    move_mouse(mouse_x + x - piece->x, mouse_y + y - piece->y);
+    mouse_up();
     check((piece->flags & SPRITE_FIXED) != 0, "the piece snaps into its cell");
-    check(piece->x == b->x + cell->x + 1 && piece->y == b->y + cell->y + 1, "the piece lies in its cell");
+    check(piece->x == x && piece->y == y, "the piece lies in its cell");
+}
+
+void place_piece(sprite *piece) {
+    const int x = piece->x + piece->w / 2, y = piece->y + piece->h / 2;
+    check(board_piece_at(the_board(), x, y) == piece, "the piece can be taken where it lies");
+    mouse_down_at(x, y);
+    carry_to_cell(piece);
 }
 
 void finish_dialog_and_score_log() {

@@ -47,6 +47,9 @@ void check(bool holds, const std::string &what);                                
 
 void click(int x, int y);
 void press(int key);
+void mouse_down_at(int x, int y);
+void mouse_up();
+void move_mouse(int x, int y);
 void type_text(const std::string &letters);
 void hold_key(int key, bool down);
 void drag(int from_x, int from_y, int to_x, int to_y);
@@ -60,6 +63,8 @@ void study_selected();                 // to the study screen, help bubbles clos
 void start_playing(const char *name);  // from the study screen through the name dialog; null keeps the name
 void close_help();
 void place_piece(sprite *piece);    // by dragging it from where it lies into its cell
+void carry_to_cell(sprite *piece);  // moves the mouse, which holds the piece, to its cell and lets go
+sprite *loose_piece(int skip = 0);  // the first piece that is not fixed yet, after skipping some; null for none
 void finish_dialog_and_score_log(); // from the completion dialog to the title screen
 void leave_program();               // from the title screen, through the exit dialog and the closing splash
 

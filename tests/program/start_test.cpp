@@ -104,7 +104,7 @@ TEST(start, keeps_a_damaged_file_beside_the_new_one) {
 
 TEST(start, says_which_file_it_cannot_write) {
     const game_folder folder;
-    fs::create_directory(folder.file("data/scores"));
+    fs::create_symlink("no-such-folder/scores", folder.file("data/scores"));
     const game_result result = play_game(folder, 16, walk_in_and_out);
     EXPECT_EQ(result.exit_code, 0) << result.said;
     EXPECT_NE(result.log.find("scores for writing"), std::string::npos) << result.log;

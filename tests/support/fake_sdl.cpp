@@ -46,6 +46,7 @@ constexpr auto TURN_FOR_OTHERS = 20us; // so that waiting for another thread doe
 struct input_script {
     bool on;
     std::array<Uint8, FAKE_KEY_LIMIT> keys;
+    std::array<Uint8, FAKE_KEY_LIMIT> polled; // the array that SDL hands out, as of the last asking
     int key_count;
     int x, y;
     Uint8 buttons;
@@ -74,7 +75,7 @@ thread_local failure_script failure;
 
 input_script &script_input() {
     if (!input.on)
-        input = {.on = true, .keys = {}, .key_count = USUAL_KEY_COUNT, .x = 0, .y = 0, .buttons = 0};
+        input = {.on = true, .keys = {}, .polled = {}, .key_count = USUAL_KEY_COUNT, .x = 0, .y = 0, .buttons = 0};
     return input;
 }
 
@@ -161,7 +162,8 @@ Uint8 *__wrap_SDL_GetKeyState(int *count) {
         return __real_SDL_GetKeyState(count);
     if (count != nullptr)
         *count = input.key_count;
-    return input.keys.data();
+    input.polled = input.keys;
+    return input.polled.data();
 }
 
 Uint8 __wrap_SDL_GetMouseState(int *x, int *y) {

@@ -23,7 +23,9 @@ struct fake_scope {
     fake_scope &operator=(const fake_scope &) = delete;
 };
 
-// --- Input: the first call switches from the real devices to scripted ones, all up, mouse at (0, 0) ------
+// --- Input ------------------------------------------------------------------------------------------------
+// The first call switches from the real devices to scripted ones: all up, the mouse at (0, 0). As with real ones,
+// the key array that SDL hands out changes only when the program polls.
 
 void fake_key(int key, bool down);
 void fake_keys_up();

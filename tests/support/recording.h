@@ -52,6 +52,8 @@ inline std::string line_of(u8 id, const u8 *at, const picture_names &names) {
     switch (id) {
     case DRAW_IMAGE:
         return "image " + placed_picture(at, names);
+    case DRAW_IMAGE_BG:
+        return "bg " + placed_picture(at, names);
     case DRAW_IMAGE_EX:
         return "ex " + placed_picture(at, names) + mode_and_colour(at);
     case DRAW_IMAGE_CLIPPED:

@@ -36,10 +36,7 @@ struct stage {
         fake_video_reset();
         fake_video_pitch(extra_pitch);
         fake_video_refuse(bits == pixel16::BITS ? nullptr : refuse_16_bits);
-        EXPECT_EQ(video_init(), 1);
-        EXPECT_EQ(prim_init(), 1);
-        EXPECT_EQ(blit_init(), 1);
-        EXPECT_EQ(video_format.depth, bits);
+        EXPECT_TRUE(video_init() == 1 && prim_init() == 1 && blit_init() == 1 && video_format.depth == bits);
         render_pass();
     }
     ~stage() {
@@ -59,13 +56,15 @@ struct stage {
     }
 };
 
+template <class Pixel> typename Pixel::value *pixels_at(const frame_buffer &buffer, i32 y) {
+    return reinterpret_cast<typename Pixel::value *>(frame_row(buffer, y));
+}
+
 // All pixels of a buffer, row by row.
 template <class Pixel> std::vector<typename Pixel::value> pixels_of(const frame_buffer &buffer) {
     std::vector<typename Pixel::value> copy;
-    for (i32 y = 0; y < buffer.height; ++y) {
-        const auto *row = reinterpret_cast<const typename Pixel::value *>(frame_row(buffer, y));
-        copy.insert(copy.end(), row, row + buffer.width);
-    }
+    for (i32 y = 0; y < buffer.height; ++y)
+        copy.insert(copy.end(), pixels_at<Pixel>(buffer, y), pixels_at<Pixel>(buffer, y) + buffer.width);
     return copy;
 }
 
@@ -74,8 +73,9 @@ template <class Pixel> std::vector<typename Pixel::value> screen_pixels() {
     return pixels_of<Pixel>(frames.screen);
 }
 
-template <class Pixel> typename Pixel::value screen_pixel(i32 x, i32 y) {
-    return screen_pixels<Pixel>()[static_cast<std::size_t>(y * SCREEN_WIDTH + x)];
+inline u16 pixel_at(i32 x, i32 y) {
+    const screen_access access;
+    return pixels_at<pixel16>(frames.screen, y)[x];
 }
 
 inline i32 pick(std::mt19937 &dice, i32 low, i32 high) {
@@ -92,25 +92,23 @@ template <class Pixel> typename Pixel::value key_pixel() {
     return Pixel::from_rgb(key);
 }
 
-// A picture of random runs, some rows empty or full. The caller frees it.
+// A picture of random runs. The caller frees it.
 template <class Pixel> image *random_picture(std::mt19937 &dice, i32 width, i32 height) {
     image *picture = image_create(width, height);
-    auto *pixels = reinterpret_cast<typename Pixel::value *>(picture->pixels);
     bool opaque = false;
     for (i32 i = 0; i < width * height; ++i) {
-        if (pick(dice, 0, 7) == 0)
-            opaque = !opaque;
-        pixels[i] = opaque ? Pixel::from_rgb(pick_colour(dice)) : key_pixel<Pixel>();
+        opaque ^= pick(dice, 0, 7) == 0;
+        reinterpret_cast<typename Pixel::value *>(picture->pixels)[i] =
+            opaque ? Pixel::from_rgb(pick_colour(dice)) : key_pixel<Pixel>();
     }
     EXPECT_TRUE(image_build_runs(picture));
     return picture;
 }
 
-// Fills both buffers with noise, so that what is drawn over shows.
+// Fills both buffers with noise, so that what is drawn over it shows.
 template <class Pixel> void scatter(std::mt19937 &dice) {
     const screen_access access;
     for (const frame_buffer &buffer : {frames.screen, frames.background})
-        for (i32 y = 0; y < buffer.height; ++y)
-            for (i32 x = 0; x < buffer.width; ++x)
-                reinterpret_cast<typename Pixel::value *>(frame_row(buffer, y))[x] = Pixel::from_rgb(pick_colour(dice));
+        for (i32 i = 0; i < buffer.width * buffer.height; ++i)
+            pixels_at<Pixel>(buffer, i / buffer.width)[i % buffer.width] = dice() & Pixel::RGB_MASK;
 }

@@ -139,12 +139,12 @@ TEST(text, each_character_has_its_own_colour_in_one_list) {
         draw_character('a', 800, 10, WHITE, false);
     });
     const auto background = pixels_of<pixel16>(frames.background);
-    EXPECT_EQ(screen_pixel<pixel16>(10, 91), pixel16::from_rgb(RED));
-    EXPECT_EQ(screen_pixel<pixel16>(10, 90), 0) << "transparent rows stay so";
-    EXPECT_EQ(screen_pixel<pixel16>(50, 91), 0);
-    EXPECT_EQ(background[91 * SCREEN_WIDTH + 50], pixel16::from_rgb({0, 255, 64}));
-    EXPECT_EQ(screen_pixel<pixel16>(90, 91), pixel16::from_rgb(RED));
-    EXPECT_EQ(screen_pixel<pixel16>(11, 191), pixel16::from_rgb({128, 32, 0}));
+    EXPECT_EQ(pixel_at(10, 91), pixel16::from_rgb(RED));
+    EXPECT_EQ(pixel_at(10, 90), 0) << "transparent rows stay so";
+    EXPECT_EQ(pixel_at(50, 91), 0);
+    EXPECT_EQ(background[91 * SCREEN_WIDTH + 50], pixel16::from_rgb({0, 252, 248 * 64 / 255}));
+    EXPECT_EQ(pixel_at(90, 91), pixel16::from_rgb(RED));
+    EXPECT_EQ(pixel_at(11, 191), pixel16::from_rgb({128, 32, 0}));
     EXPECT_EQ(glyphs['a'].green, 128) << "a character off the screen is not coloured";
 }
 

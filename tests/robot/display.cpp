@@ -1,0 +1,146 @@
+// display.cpp: the virtual display.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "display.h"
+#include "robot.h"
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/XShm.h>
+#include <X11/extensions/XTest.h>
+
+#include <fcntl.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <string>
+#include <thread>
+
+static constexpr unsigned LEFT_BUTTON = 1;
+static constexpr int PRIVATE = 0600;
+static constexpr int NOT_STARTED = 127;
+static constexpr auto STOP_PATIENCE = std::chrono::seconds(2), POLL = std::chrono::milliseconds(10);
+
+static display_options chosen;
+static std::string name;
+static Display *connection;
+static XImage *screen_image;
+static XShmSegmentInfo segment;
+
+pid_t process_start(const std::vector<std::string> &words, const char *output, const std::string &folder) {
+    std::vector<char *> arguments;
+    for (const std::string &word : words)
+        arguments.push_back(const_cast<char *>(word.c_str()));
+    arguments.push_back(nullptr);
+    const pid_t id = fork();
+    robot_expect(id >= 0, "a process can be started");
+    if (id > 0)
+        return id;
+    const int out = open(output != nullptr ? output : "/dev/null", O_WRONLY | O_CREAT | O_APPEND, PRIVATE);
+    dup2(out, STDOUT_FILENO);
+    dup2(out, STDERR_FILENO);
+    if (folder.empty() || chdir(folder.c_str()) == 0)
+        execvp(arguments[0], arguments.data());
+    _exit(NOT_STARTED);
+}
+
+void process_stop(pid_t id) {
+    kill(id, SIGTERM);
+    for (auto waited = POLL; waited < STOP_PATIENCE; waited += POLL) {
+        if (waitpid(id, nullptr, WNOHANG) != 0)
+            return;
+        std::this_thread::sleep_for(POLL);
+    }
+    kill(id, SIGKILL);
+    waitpid(id, nullptr, 0);
+}
+
+// The server picks a free display number and writes it to the pipe.
+static std::string start_server() {
+    int ends[2];
+    robot_expect(pipe(ends) == 0, "a pipe can be made");
+    const std::string screen = std::to_string(chosen.width) + "x" + std::to_string(chosen.height) + "x24";
+    const pid_t server = process_start({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", screen,
+                                        "-nolisten", "tcp", "-noreset"},
+                                       nullptr, "");
+    close(ends[1]);
+    robot_at_end([server] { process_stop(server); });
+    std::string number;
+    for (char c = 0; read(ends[0], &c, 1) == 1 && c != '\n';)
+        number += c;
+    close(ends[0]);
+    robot_expect(!number.empty(), "Xvfb starts");
+    return ":" + number;
+}
+
+static void share_screen() {
+    const int screen = DefaultScreen(connection);
+    screen_image = XShmCreateImage(connection, DefaultVisual(connection, screen), 24, ZPixmap, nullptr, &segment,
+                                   static_cast<unsigned>(chosen.width), static_cast<unsigned>(chosen.height));
+    robot_expect(screen_image != nullptr && screen_image->bits_per_pixel == 32, "the display has 32 bits a pixel");
+    const auto size = static_cast<std::size_t>(screen_image->bytes_per_line * screen_image->height);
+    segment.shmid = shmget(IPC_PRIVATE, size, IPC_CREAT | PRIVATE);
+    segment.shmaddr = screen_image->data = static_cast<char *>(shmat(segment.shmid, nullptr, 0));
+    robot_expect(XShmAttach(connection, &segment) != 0, "the display shares its pixels");
+    XSync(connection, False);
+    shmctl(segment.shmid, IPC_RMID, nullptr); // it lives until both have let go
+}
+
+void display_start(const display_options &options) {
+    chosen = options;
+    name = start_server();
+    connection = XOpenDisplay(name.c_str());
+    robot_expect(connection != nullptr, "the display " + name + " can be opened");
+    int unused = 0;
+    robot_expect(XTestQueryExtension(connection, &unused, &unused, &unused, &unused) != 0, "the display has XTEST");
+    XChangePointerControl(connection, True, True, 1, 1, 0); // no acceleration
+    share_screen();
+    setenv("DISPLAY", name.c_str(), 1);
+    if (options.window_manager) {
+        const pid_t manager = process_start({"openbox"}, nullptr, "");
+        robot_at_end([manager] { process_stop(manager); });
+    }
+}
+
+std::string display_name() {
+    return name;
+}
+
+void display_grab(view *into) {
+    XShmGetImage(connection, DefaultRootWindow(connection), screen_image, 0, 0, AllPlanes);
+    for (int y = 0; y < WINDOW_HEIGHT; ++y) {
+        const int from_y = (2 * y + 1) * chosen.height / (2 * WINDOW_HEIGHT);
+        const auto *row =
+            reinterpret_cast<const std::uint32_t *>(screen_image->data + from_y * screen_image->bytes_per_line);
+        for (int x = 0; x < WINDOW_WIDTH; ++x) {
+            const std::uint32_t c = row[(2 * x + 1) * chosen.width / (2 * WINDOW_WIDTH)] & 0xFFFFFFU;
+            const auto at = static_cast<std::size_t>(y * WINDOW_WIDTH + x);
+            into->shown[at] = c;
+            into->pixels[at] = static_cast<color565>((c >> 8 & 0xF800) | (c >> 5 & 0x07E0) | (c >> 3 & 0x001F));
+        }
+    }
+}
+
+void display_move_pointer(point to) {
+    XTestFakeMotionEvent(connection, -1, (2 * to.x + 1) * chosen.width / (2 * WINDOW_WIDTH),
+                         (2 * to.y + 1) * chosen.height / (2 * WINDOW_HEIGHT), CurrentTime);
+    XFlush(connection);
+}
+
+void display_button(bool down) {
+    XTestFakeButtonEvent(connection, LEFT_BUTTON, down ? True : False, CurrentTime);
+    XFlush(connection);
+}
+
+void display_key(unsigned long keysym, bool down) {
+    const KeyCode code = XKeysymToKeycode(connection, keysym);
+    robot_expect(code != 0, "the keyboard has the key " + std::to_string(keysym));
+    XTestFakeKeyEvent(connection, code, down ? True : False, CurrentTime);
+    XFlush(connection);
+}

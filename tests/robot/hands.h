@@ -1,0 +1,23 @@
+// hands.h: the robot's mouse and keyboard.
+//
+// One thread. The game draws its own mouse cursor; every movement is over only when the cursor is seen at the new
+// place. That is also how the robot knows that a click or a key has been noticed: after it the mouse moves by a
+// pixel, and the game sees both in order.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "picture.h"
+
+#include <X11/keysym.h>
+
+#include <string>
+
+void hands_move(int x, int y);
+void hands_click(int x, int y);
+void hands_key(unsigned long keysym);
+void hands_type(const std::string &text); // letters, digits, spaces; capitals with the shift key held
+
+void hands_take(int x, int y); // presses the button over a piece and waits until the cursor shows that it is held
+void hands_let_go();

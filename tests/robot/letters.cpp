@@ -1,0 +1,164 @@
+// letters.cpp: the font, seen letter by letter.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "eyes.h"
+#include "letters.h"
+#include "library.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <map>
+#include <sstream>
+
+static constexpr int LINE = 17, GAP = 1; // pixels between lines and between letters
+static constexpr int FULL = 255;
+static constexpr int PULSE_DARKEST = 183, PULSE_STEP = 4; // greys of a pulsing text
+
+static constexpr std::array SIGNS = {
+    std::pair{' ', "space"},      std::pair{'!', "exclamation"}, std::pair{'"', "quote"},    std::pair{'%', "percent"},
+    std::pair{'$', "dollarsign"}, std::pair{'\'', "apostrophe"}, std::pair{'(', "lparen"},   std::pair{')', "rparen"},
+    std::pair{',', "comma"},      std::pair{'-', "dash"},        std::pair{'.', "period"},   std::pair{'/', "slash"},
+    std::pair{':', "colon"},      std::pair{';', "semicolon"},   std::pair{'=', "tavimo"},   std::pair{'+', "plus"},
+    std::pair{'<', "lessthan"},   std::pair{'>', "greaterthan"}, std::pair{'?', "question"}, std::pair{'*', "asterisk"},
+    std::pair{'@', "copy"},       std::pair{'[', "lbracket"},    std::pair{']', "rbracket"}, std::pair{'\\', "backslash"},
+    std::pair{'_', "underscore"},
+};
+
+struct letter {
+    const picture *shape;
+    int below; // rows that it reaches below the reference line: those that are empty at its top
+};
+
+static const std::map<char, letter> &font() {
+    static const std::map<char, letter> all = [] {
+        std::map<char, letter> made;
+        const auto add = [&made](char c, const std::string &file) {
+            const picture &p = library_picture("font/normal/" + file + ".xpm");
+            const auto first = std::find(p.opaque.begin(), p.opaque.end(), true);
+            const auto row = first == p.opaque.end() ? 0 : (first - p.opaque.begin()) / p.width;
+            made[c] = {&p, static_cast<int>(row)};
+        };
+        for (int c = 0; c <= FULL / 2; ++c)
+            if (std::isalnum(c) != 0)
+                add(static_cast<char>(c), std::string(1, static_cast<char>(c)));
+        for (const auto &[sign, file] : SIGNS)
+            add(sign, file);
+        return made;
+    }();
+    return all;
+}
+
+static const letter *find_letter(char c) {
+    const auto found = font().find(c);
+    return found == font().end() ? nullptr : &found->second;
+}
+
+// The letter's picture in this colour; made once for each.
+static const picture &colored(char c, rgb8 color) {
+    static std::map<std::array<int, 4>, picture> made;
+    const std::array<int, 4> key = {c, color.r, color.g, color.b};
+    if (const auto found = made.find(key); found != made.end())
+        return found->second;
+    picture p = *font().at(c).shape;
+    for (color565 &pixel : p.pixels) {
+        const rgb8 from = from_565(pixel);
+        pixel = to_565(from.r * color.r / FULL, from.g * color.g / FULL, from.b * color.b / FULL);
+    }
+    return made.emplace(key, std::move(p)).first->second;
+}
+
+static int line_width(const std::string &line) {
+    int width = 0;
+    for (const char c : line)
+        if (const letter *l = find_letter(c))
+            width += l->shape->width + GAP;
+    return width;
+}
+
+int letters_width(const std::string &text) {
+    int width = 0;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        width = std::max(width, line_width(line));
+    return width;
+}
+
+int letters_center(const std::string &text) {
+    return (WINDOW_WIDTH - letters_width(text)) >> 1;
+}
+
+// Breaks at the last space before the width is exceeded.
+std::string letters_wrap(std::string text, int width) {
+    std::size_t line = 0, space = std::string::npos;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\n') {
+            line = i + 1;
+            space = std::string::npos;
+            continue;
+        }
+        if (text[i] == ' ')
+            space = i;
+        if (space != std::string::npos && line_width(text.substr(line, i + 1 - line)) > width) {
+            text[space] = '\n';
+            line = space + 1;
+            space = std::string::npos;
+        }
+    }
+    return text;
+}
+
+static bool line_seen(const std::string &line, int x, int y, rgb8 color) {
+    for (const char c : line) {
+        const letter *l = find_letter(c);
+        if (l == nullptr)
+            continue;
+        const int top = y + l->below - l->shape->height;
+        if (!l->shape->probes.empty() && !eyes_see(colored(c, color), x, top))
+            return false;
+        x += l->shape->width + GAP;
+    }
+    return true;
+}
+
+bool letters_seen(const std::string &text, int x, int y, rgb8 color) {
+    y -= LINE * static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line); y += LINE)
+        if (!line_seen(line, x, y, color))
+            return false;
+    return true;
+}
+
+bool letters_seen_pulsing(const std::string &text, int x, int y) {
+    for (int grey = FULL; grey >= PULSE_DARKEST; grey -= PULSE_STEP)
+        if (letters_seen(text, x, y, {grey, grey, grey}))
+            return true;
+    return false;
+}
+
+// The letter that explains the most ink wins: a dot is part of a colon.
+std::string letters_read(int x, int y, rgb8 color) {
+    std::string text;
+    for (;;) {
+        char best = 0;
+        std::size_t most = 0;
+        for (const auto &[c, l] : font())
+            if (l.shape->probes.size() > most && eyes_see(colored(c, color), x, y + l.below - l.shape->height)) {
+                best = c;
+                most = l.shape->probes.size();
+            }
+        const bool gap = best == 0;
+        if (gap && (text.empty() || text.back() == ' '))
+            break;
+        text += gap ? ' ' : best;
+        x += font().at(text.back()).shape->width + GAP;
+    }
+    return text.empty() ? text : text.substr(0, text.size() - 1);
+}
+
+void letters_until(const std::string &text, int x, int y, rgb8 color) {
+    eyes_until("the text \"" + text + "\" at (" + std::to_string(x) + ", " + std::to_string(y) + ")",
+               [&] { return letters_seen(text, x, y, color); });
+}

@@ -1,0 +1,52 @@
+// robot.cpp: progress, giving up, cleaning up.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "robot.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+static const auto start = std::chrono::steady_clock::now();
+static std::vector<std::function<void()>> give_up_steps, end_steps;
+
+void robot_say(const std::string &what) {
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    std::printf("%6.1f  %s\n", passed.count(), what.c_str());
+    std::fflush(stdout);
+}
+
+static void run(std::vector<std::function<void()>> &steps) {
+    while (!steps.empty()) {
+        const std::function<void()> step = std::move(steps.back());
+        steps.pop_back();
+        step();
+    }
+}
+
+void robot_give_up(const std::string &expected) {
+    robot_say("FAILED: expected that " + expected);
+    run(give_up_steps);
+    run(end_steps);
+    std::_Exit(EXIT_FAILURE);
+}
+
+void robot_expect(bool holds, const std::string &expected) {
+    if (!holds)
+        robot_give_up(expected);
+}
+
+void robot_on_give_up(std::function<void()> step) {
+    give_up_steps.push_back(std::move(step));
+}
+
+void robot_at_end(std::function<void()> step) {
+    end_steps.push_back(std::move(step));
+}
+
+void robot_clean_up() {
+    run(end_steps);
+}

@@ -1,0 +1,146 @@
+// prefs_test.cpp: the preferences file, byte for byte.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/app_state.h"
+#include "core/settings.h"
+#include "persist/prefs.h"
+#include "support/fake_sdl.h"
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
+class Prefs : public testing::Test {
+protected:
+    Prefs() { app = &state; }
+    ~Prefs() override {
+        std::free(state.player_name);
+        app = nullptr;
+        settings = 0;
+    }
+
+    // Forgets everything, reads the file, and says what came of it: name (or -), completion flag.
+    std::string load() {
+        std::free(state.player_name);
+        state.player_name = nullptr;
+        state.flags = 0;
+        settings = SETTINGS_HELP;
+        result = prefs_load();
+        const std::string name = app_has(APP_NAME_SET) ? state.player_name : "-";
+        return name + ((settings & SETTINGS_COMPLETED) != 0 ? " 1" : " 0");
+    }
+    file_bytes stored() const { return read_file(game.data("prefs")); }
+
+    const temp_game game;
+    app_state state = {};
+    i32 result = 0;
+};
+
+static const file_bytes NOBODY = {0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0};
+static const file_bytes ANN = {0, 0, 0, 1, 0, 0, 0, 3, 0xC1, 0xEE, 0xEE, 0, 0, 0, 1};
+
+TEST_F(Prefs, SavesAndLoads) {
+    game.log_to_file();
+    EXPECT_EQ(load(), "- 0");
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(prefs_save(), 1);
+    EXPECT_EQ(stored(), NOBODY);
+    EXPECT_EQ(load(), "- 0");
+    EXPECT_EQ(result, 1);
+    app_state_set_name(app, "Ann");
+    settings |= SETTINGS_COMPLETED;
+    EXPECT_EQ(prefs_save(), 1);
+    EXPECT_EQ(stored(), ANN);
+    EXPECT_EQ(load(), "Ann 1");
+    EXPECT_EQ(settings, SETTINGS_HELP | SETTINGS_COMPLETED);
+    app_state_set_name(app, "A\xE4 \x80x"); // the byte that would be stored as a zero ends the name
+    EXPECT_EQ(prefs_save(), 1);
+    EXPECT_EQ(load(), "A\xE4  1");
+    EXPECT_EQ(game.log_text(), "");
+}
+
+TEST_F(Prefs, ShorterContentLeavesStaleBytesBehind) {
+    app_state_set_name(app, "0123456789");
+    EXPECT_EQ(prefs_save(), 1);
+    const file_bytes longer = stored();
+    settings |= SETTINGS_COMPLETED;
+    app_state_set_name(app, "Ann");
+    EXPECT_EQ(prefs_save(), 1);
+    file_bytes expected = ANN;
+    expected.insert(expected.end(), longer.end() - 7, longer.end());
+    EXPECT_EQ(stored(), expected);
+    EXPECT_EQ(load(), "Ann 1");
+    EXPECT_EQ(prefs_save(), 1);
+    EXPECT_FALSE(fs::exists(game.data("prefs.bad"))) << "stale bytes are no damage";
+}
+
+TEST_F(Prefs, DamagedFileIsKeptBeforeItIsWrittenOver) {
+    struct row {
+        const char *what;
+        file_bytes bytes;
+        const char *loads;
+        bool damaged;
+    };
+    std::vector<row> rows = {
+        {"negative length", {0, 0, 0, 1, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "- 0", true},
+        {"largest length", {0, 0, 0, 1, 0x7F, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "- 0", true},
+        {"one byte too long", {0, 0, 0, 1, 0, 0, 0, 5, 0, 0, 0, 1}, "- 0", true},
+        {"name without flag", {0, 0, 0, 1, 0, 0, 0, 1, 0xC1}, "A 0", true},
+        {"empty", {}, "- 0", false},
+        {"other version, other flag", {9, 9, 9, 9, 0, 0, 0, 1, 0xC1, 0, 0, 2, 0}, "A 1", false},
+    };
+    for (std::size_t size = 1; size < ANN.size(); ++size)
+        rows.push_back({"cut", file_bytes(ANN.begin(), ANN.begin() + static_cast<std::ptrdiff_t>(size)),
+                        size < 11 ? "- 0" : "Ann 0", true});
+    game.log_to_file();
+    for (const row &r : rows) {
+        SCOPED_TRACE(r.what + std::to_string(r.bytes.size()));
+        fs::remove(game.data("prefs.bad"));
+        write_file(game.data("prefs"), r.bytes);
+        EXPECT_EQ(load(), r.loads);
+        EXPECT_EQ(result, 1);
+        EXPECT_EQ(prefs_save(), 1);
+        EXPECT_EQ(fs::exists(game.data("prefs.bad")), r.damaged);
+        EXPECT_EQ(read_file(game.data("prefs.bad")), r.damaged ? r.bytes : file_bytes());
+        EXPECT_EQ(load(), r.loads) << "what was read is kept";
+        fs::remove(game.data("prefs.bad"));
+        EXPECT_EQ(prefs_save(), 1);
+        EXPECT_FALSE(fs::exists(game.data("prefs.bad"))) << "sound again";
+    }
+}
+
+TEST_F(Prefs, FailuresAreLoggedAndSpareTheFile) {
+    game.log_to_file();
+    fs::create_directory(game.data("prefs.bad")); // no copy can be made
+    const file_bytes damaged = {1, 2, 3};
+    write_file(game.data("prefs"), damaged);
+    load();
+    EXPECT_EQ(prefs_save(), -1);
+    EXPECT_EQ(stored(), damaged);
+    fs::remove(game.data("prefs.bad"));
+    EXPECT_EQ(prefs_save(), 1) << "next time it works";
+    fs::remove(game.data("prefs"));
+    fs::create_directory(game.data("prefs"));
+    EXPECT_EQ(prefs_save(), -1);
+    const std::string log = game.log_text();
+    EXPECT_NE(log.find(" open - Is a directory\nCould not open file ..\\data\\prefs for writing\n"), std::string::npos)
+        << log;
+}
+
+TEST_F(Prefs, ShortMemoryWritesNothing) {
+    game.log_to_file();
+    fake_scope fakes;
+    write_file(game.data("prefs"), ANN);
+    load();
+    EXPECT_GE(fake_fail_each_allocation([&] {
+                  const bool saved = prefs_save() == 1;
+                  EXPECT_EQ(stored(), ANN);
+                  return saved;
+              }),
+              4);
+}

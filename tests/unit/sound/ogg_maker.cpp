@@ -1,0 +1,97 @@
+// ogg_maker.cpp: encodes square-shouldered tones.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "ogg_maker.h"
+
+#include <vorbis/vorbisenc.h>
+#include <vorbis/vorbisfile.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr float QUALITY = 0.3F;
+constexpr float FIFTH = 1.5F;
+
+void put_page(file_bytes *file, const ogg_page &page) {
+    file->insert(file->end(), page.header, page.header + page.header_len);
+    file->insert(file->end(), page.body, page.body + page.body_len);
+}
+
+void put_headers(file_bytes *file, vorbis_dsp_state *dsp, ogg_stream_state *stream) {
+    vorbis_comment comment;
+    vorbis_comment_init(&comment);
+    ogg_packet packets[3];
+    vorbis_analysis_headerout(dsp, &comment, &packets[0], &packets[1], &packets[2]);
+    for (ogg_packet &packet : packets)
+        ogg_stream_packetin(stream, &packet);
+    for (ogg_page page; ogg_stream_flush(stream, &page) != 0;)
+        put_page(file, page);
+    vorbis_comment_clear(&comment);
+}
+
+void put_samples(vorbis_dsp_state *dsp, const wave &w) {
+    float **pcm = vorbis_analysis_buffer(dsp, w.frames);
+    for (int c = 0; c < w.channels; ++c)
+        for (int i = 0; i < w.frames; ++i) {
+            const float turns =
+                w.hertz * std::pow(FIFTH, static_cast<float>(c)) * static_cast<float>(i) / static_cast<float>(w.rate);
+            pcm[c][i] = w.level * std::clamp(4 * std::sin(2 * std::numbers::pi_v<float> * turns), -1.0F, 1.0F);
+        }
+    vorbis_analysis_wrote(dsp, w.frames);
+    vorbis_analysis_wrote(dsp, 0); // the end
+}
+
+void put_blocks(file_bytes *file, vorbis_dsp_state *dsp, ogg_stream_state *stream) {
+    vorbis_block block;
+    vorbis_block_init(dsp, &block);
+    while (vorbis_analysis_blockout(dsp, &block) == 1) {
+        vorbis_analysis(&block, nullptr);
+        vorbis_bitrate_addblock(&block);
+        for (ogg_packet packet; vorbis_bitrate_flushpacket(dsp, &packet) != 0;)
+            ogg_stream_packetin(stream, &packet);
+    }
+    for (ogg_page page; ogg_stream_flush(stream, &page) != 0;)
+        put_page(file, page);
+    vorbis_block_clear(&block);
+}
+
+} // namespace
+
+file_bytes make_ogg(const wave &w) {
+    file_bytes file;
+    vorbis_info info;
+    vorbis_dsp_state dsp;
+    ogg_stream_state stream;
+    vorbis_info_init(&info);
+    vorbis_encode_init_vbr(&info, w.channels, w.rate, QUALITY);
+    vorbis_analysis_init(&dsp, &info);
+    ogg_stream_init(&stream, static_cast<int>(w.frames + w.channels));
+    put_headers(&file, &dsp, &stream);
+    if (w.frames > 0)
+        put_samples(&dsp, w);
+    put_blocks(&file, &dsp, &stream);
+    ogg_stream_clear(&stream);
+    vorbis_dsp_clear(&dsp);
+    vorbis_info_clear(&info);
+    return file;
+}
+
+std::vector<i16> decode_ogg(const std::filesystem::path &path) {
+    std::vector<i16> samples;
+    OggVorbis_File file;
+    if (ov_fopen(path.c_str(), &file) != 0)
+        return samples;
+    i16 part[1024];
+    int link = 0;
+    for (long bytes = 1; bytes > 0;) {
+        bytes = ov_read(&file, reinterpret_cast<char *>(part), sizeof part, 0, 2, 1, &link);
+        if (bytes > 0)
+            samples.insert(samples.end(), part, part + bytes / 2);
+    }
+    ov_clear(&file);
+    return samples;
+}

@@ -1,0 +1,282 @@
+// sound_test.cpp: what the audio thread is given for the sounds asked for, and files that cannot be played.
+//
+// The device is SDL's dummy and stays paused; the tests call the mixing function in its place.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "sound/sound.h"
+
+#include "ogg_maker.h"
+#include "resources/archive.h"
+#include "sound/mixer.h"
+#include "sound/sound_bank.h"
+#include "support/archive_builder.h"
+#include "support/fake_sdl.h"
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <random>
+#include <thread>
+
+namespace {
+
+using samples = std::vector<i16>;
+
+constexpr int BUFFER_BYTES = 16384;
+constexpr std::size_t BUFFER_SAMPLES = BUFFER_BYTES / sizeof(i16);
+
+// The whole buffers that a number of samples take.
+std::size_t in_buffers(std::size_t count) {
+    return (count + BUFFER_SAMPLES - 1) / BUFFER_SAMPLES;
+}
+
+struct sound_test : testing::Test {
+    fake_scope fakes;
+    temp_game game;
+    archive_builder archive;
+
+    sound_test() {
+        game.log_to_file();
+        setenv("SDL_AUDIODRIVER", "dummy", 1);
+    }
+    ~sound_test() override {
+        sound_shutdown();
+        data_archive_close();
+        SDL_Quit();
+    }
+    void open() {
+        archive.write(game.data("data.dar"));
+        ASSERT_EQ(data_archive_open(), 1);
+        ASSERT_EQ(sound_init(), 1);
+        sound_set_effect_volume(128);
+    }
+    // Adds a sound's file; gives what it decodes to.
+    samples add_file(i32 number, const file_bytes &file) {
+        archive.add(std::string("ogg/") + SOUND_TABLE[number].name, file);
+        write_file(game.data("one.ogg"), file);
+        return decode_ogg(game.data("one.ogg"));
+    }
+    samples add(i32 number, const wave &w) { return add_file(number, make_ogg(w)); }
+
+    static void ask(i32 number, int times = 1) {
+        for (int i = 0; i < times; ++i)
+            sound_play(number);
+    }
+    static samples hear(int bytes = BUFFER_BYTES) {
+        samples stream(static_cast<std::size_t>(bytes) / sizeof(i16));
+        sound_mix_callback(nullptr, reinterpret_cast<u8 *>(stream.data()), bytes);
+        return stream;
+    }
+    // Runs frames until everything has been played; what was heard, without the silence at its end.
+    static samples hear_all(int bytes = BUFFER_BYTES) {
+        samples all;
+        for (int silent = 0; silent < 2;) {
+            sound_update();
+            const samples part = hear(bytes);
+            silent = std::ranges::count(part, 0) == std::ssize(part) ? silent + 1 : 0;
+            all.insert(all.end(), part.begin(), part.end());
+        }
+        return trimmed(all);
+    }
+    static samples trimmed(samples s) {
+        while (!s.empty() && s.back() == 0)
+            s.pop_back();
+        return s;
+    }
+};
+
+// The sum of so many copies, each at a volume.
+samples mixed(const samples &one, int copies, int volume = 128) {
+    samples sum(one.size());
+    for (std::size_t i = 0; i < one.size(); ++i)
+        for (int k = 0; k < copies; ++k)
+            sum[i] = static_cast<i16>(std::clamp(sum[i] + ((one[i] * volume) >> 7), -32768, 32767));
+    return sum;
+}
+
+TEST_F(sound_test, plays_a_file_whole_in_any_portions) {
+    const samples one = add(SOUND_CLICK, {.frames = 200000}); // longer than what is decoded ahead
+    ASSERT_GT(in_buffers(one.size()), 32u);
+    open();
+    for (const int bytes : {BUFFER_BYTES, BUFFER_BYTES / 4, BUFFER_BYTES * 3 - 12}) {
+        ask(SOUND_CLICK);
+        EXPECT_EQ(hear_all(bytes), trimmed(one)) << bytes;
+    }
+    EXPECT_EQ(game.log_text(), "Sound enabled.\n");
+}
+
+TEST_F(sound_test, limited_sounds_start_over_and_others_overlap) {
+    const samples loud = add(SOUND_CLICK, {.frames = 30000, .level = 1.0F});
+    add(SOUND_PUZZLE_COMPLETE, {.frames = 30000, .level = 1.0F});
+    open();
+    ask(SOUND_CLICK, 2);
+    EXPECT_EQ(hear_all(), trimmed(loud));
+    ask(SOUND_CLICK);
+    sound_update();
+    hear();
+    ask(SOUND_CLICK);
+    EXPECT_EQ(hear_all(), trimmed(loud)) << "asked for again while it plays";
+    ask(SOUND_PUZZLE_COMPLETE, 2);
+    const samples both = mixed(loud, 2);
+    EXPECT_EQ(hear_all(), trimmed(both));
+    EXPECT_EQ(*std::ranges::max_element(both), 32767);
+    EXPECT_EQ(*std::ranges::min_element(both), -32768);
+}
+
+TEST_F(sound_test, sixteen_at_once_and_none_after) {
+    const samples quiet = add(SOUND_PUZZLE_COMPLETE, {.frames = 3000, .level = 0.04F});
+    const samples click = add(SOUND_CLICK, {.frames = 3000, .level = 0.2F});
+    open();
+    ask(SOUND_CLICK);
+    ask(SOUND_PUZZLE_COMPLETE, 40); // 15 find a channel
+    ask(SOUND_CLICK);               // would restart, but comes too late
+    samples expected = mixed(quiet, 15);
+    std::ranges::transform(expected, click, expected.begin(), [](i16 a, i16 b) { return static_cast<i16>(a + b); });
+    EXPECT_EQ(hear_all(), trimmed(expected));
+    ask(SOUND_CLICK);
+    EXPECT_EQ(hear_all(), trimmed(click)) << "the channels are free again";
+}
+
+TEST_F(sound_test, volumes_scale_and_are_kept_in_range) {
+    const samples one = add(SOUND_CLICK, {.frames = 5000});
+    open();
+    ask(-1);
+    ask(SOUND_COUNT);
+    EXPECT_TRUE(hear_all().empty());
+    struct row {
+        i32 set, used;
+    };
+    for (const row &r : {row{64, 64}, {1, 1}, {0, 0}, {-5, 0}, {1000, 128}}) {
+        sound_set_effect_volume(r.set);
+        ask(SOUND_CLICK);
+        EXPECT_EQ(hear_all(), trimmed(mixed(one, 1, r.used))) << r.set;
+    }
+}
+
+TEST_F(sound_test, other_layouts_are_played_in_stereo) {
+    const samples mono = add(SOUND_CLICK, {.channels = 1, .rate = 22050, .frames = 9000});
+    const samples many = add(SOUND_PIECE_RETURN, {.channels = 4, .frames = 9000});
+    file_bytes chained = make_ogg({.frames = 9000});
+    const file_bytes link = make_ogg({.channels = 1, .frames = 9000});
+    chained.insert(chained.end(), link.begin(), link.end());
+    add_file(SOUND_SCORE_SHOW, chained);
+    open();
+    samples expected;
+    for (const i16 s : mono)
+        expected.insert(expected.end(), 2, s);
+    ask(SOUND_CLICK);
+    EXPECT_EQ(hear_all(), trimmed(expected));
+    expected.clear();
+    for (std::size_t i = 0; i < many.size(); i += 4)
+        expected.insert(expected.end(), {many[i], many[i + 1]});
+    ask(SOUND_PIECE_RETURN);
+    EXPECT_EQ(hear_all(), trimmed(expected));
+    ask(SOUND_SCORE_SHOW);
+    EXPECT_GT(hear_all().size(), 2u * 17000) << game.log_text();
+}
+
+TEST_F(sound_test, files_that_cannot_be_played_are_logged_and_skipped) {
+    add_file(SOUND_CLICK, to_bytes("no sound at all, but a few words"));
+    add_file(SOUND_PIECE_RETURN, file_bytes{});
+    add(SOUND_SCORE_LOG, wave{.frames = 0});
+    const samples good = add(SOUND_SCORE_SHOW, {.frames = 4000});
+    open();
+    for (const i32 number : {SOUND_CLICK, SOUND_PIECE_RETURN, SOUND_SCORE_LOG, SOUND_BOARD_SLIDE, SOUND_BOARD_SLIDE})
+        ask(number);
+    ask(SOUND_SCORE_SHOW);
+    EXPECT_EQ(hear_all(), trimmed(good));
+    EXPECT_EQ(game.log_text(), "Sound enabled.\n"
+                               "Warning: Could not decode sound file click.ogg\n"
+                               "Warning: Could not open sound file ogg/piece_return.ogg\n"
+                               "Warning: Could not open sound file ogg/board_slide.ogg\n"
+                               "Warning: Could not open sound file ogg/board_slide.ogg\n");
+}
+
+TEST_F(sound_test, damaged_files_end_early_and_harm_nothing) {
+    const file_bytes whole = make_ogg({.frames = 12000});
+    std::mt19937 dice(7);
+    const auto pick = [&](std::size_t below) { return std::uniform_int_distribution<std::size_t>(0, below - 1)(dice); };
+    for (int round = 0; round < 150;) {
+        archive = {};
+        const samples good = add(SOUND_CLICK, {.frames = 200});
+        for (i32 number = 0; number < SOUND_COUNT; ++number) {
+            if (number == SOUND_CLICK)
+                continue;
+            file_bytes file = whole;
+            if (round % 3 == 0)
+                file.resize(pick(whole.size()));
+            for (int flips = round % 3 * 4; flips > 0; --flips)
+                file[pick(file.size())] ^= static_cast<unsigned char>(1 + pick(255));
+            add_file(number, file);
+            ++round;
+        }
+        open();
+        for (i32 number = 0; number < SOUND_COUNT; ++number) {
+            ask(number);
+            const samples heard = hear_all();
+            EXPECT_LE(heard.size(), 2u * 12000);
+            if (number == SOUND_CLICK)
+                EXPECT_EQ(heard, trimmed(good));
+        }
+        sound_shutdown();
+        data_archive_close();
+    }
+}
+
+TEST_F(sound_test, short_memory_loses_sounds_but_no_more) {
+    const samples one = add(SOUND_CLICK, {.frames = 9000});
+    open();
+    const int failed = fake_fail_each_allocation([&] {
+        ask(SOUND_CLICK);
+        const bool all = hear_all() == trimmed(one);
+        sound_shutdown();
+        EXPECT_TRUE(sound_init() == 1 || sound_init() == 1) << "the second time no allocation fails";
+        return all;
+    });
+    EXPECT_GT(failed, 5);
+    EXPECT_NE(game.log_text().find("Out of memory\n"), std::string::npos);
+    sound_shutdown();
+    fake_fail_allocation(1);
+    EXPECT_EQ(sound_init(), -1);
+}
+
+TEST_F(sound_test, without_a_device_nothing_happens) {
+    setenv("SDL_AUDIODRIVER", "none such", 1);
+    ASSERT_EQ(sound_init(), -1);
+    fake_fail_allocation(0);
+    sound_resume();
+    ask(SOUND_CLICK, 3);
+    sound_update();
+    EXPECT_EQ(fake_allocations(), 0);
+}
+
+// For the thread sanitizer: another thread mixes while this one starts, restarts and stops sounds.
+TEST_F(sound_test, the_audio_thread_may_mix_at_any_time) {
+    add(SOUND_CLICK, {.frames = 2000});
+    add(SOUND_PUZZLE_COMPLETE, {.frames = 20000});
+    open();
+    sound_resume();
+    std::atomic<bool> ended = false;
+    std::thread audio([&] {
+        while (!ended) {
+            SDL_LockAudio();
+            hear();
+            SDL_UnlockAudio();
+            std::this_thread::yield();
+        }
+    });
+    for (int frame = 0; frame < 100; ++frame) {
+        ask(frame % 3 == 0 ? SOUND_CLICK : SOUND_PUZZLE_COMPLETE, 2);
+        sound_set_effect_volume(frame);
+        sound_update();
+        std::this_thread::yield();
+    }
+    ended = true;
+    audio.join();
+    EXPECT_EQ(game.log_text(), "Sound enabled.\n");
+}
+
+} // namespace

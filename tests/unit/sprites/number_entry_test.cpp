@@ -1,0 +1,187 @@
+// number_entry_test.cpp: the flight of single pictures, and typing, entering and scattering digits.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "sprites/number_entry.h"
+
+#include "core/log.h"
+#include "support/fake_sdl.h"
+#include "support/recording.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <utility>
+
+namespace {
+
+using places = std::vector<std::pair<i32, i32>>;
+
+constexpr rect KEY = {500, 400, 41, 30};
+
+struct entry_test : testing::Test {
+    fake_scope fakes;
+    std::array<image, ENTRY_DIGIT_COUNT> pictures = {};
+    std::array<image *, ENTRY_DIGIT_COUNT> digits = {};
+    number_entry *e = number_entry_create(4);
+
+    entry_test() {
+        for (std::size_t i = 0; i < digits.size(); ++i) {
+            pictures[i].width = 10 + static_cast<i32>(i);
+            pictures[i].height = 20;
+            digits[i] = &pictures[i];
+        }
+        e->digits = digits.data();
+        e->x = 600;
+        e->y = 50;
+        e->dest_x = 100;
+        e->dest_y = 300;
+    }
+    ~entry_test() override { number_entry_free(e); }
+
+    void type(const char *text) {
+        for (const char *c = text; *c != '\0'; ++c)
+            number_entry_add_digit(e, KEY, *c - '0');
+    }
+    void update(int frames) {
+        for (int i = 0; i < frames; ++i)
+            number_entry_update(e);
+    }
+    // Where the digits stand, empty slots left out.
+    places shown() const {
+        places all;
+        for (i32 i = 0; i < e->capacity; ++i)
+            if (e->movers[i].glyph != nullptr)
+                all.emplace_back(e->movers[i].x, e->movers[i].y);
+        return all;
+    }
+};
+
+TEST(glyph_mover, arrives_in_the_frames_laid_down) {
+    struct row {
+        const char *what;
+        i32 dx, dy, frames;
+        int landing, arrival; // in which frame it stands on its target, and in which that is noticed
+    };
+    constexpr row rows[] = {
+        {"even steps land exactly and are noticed a frame later", 100, -50, 10, 10, 11},
+        {"uneven steps are clamped", 105, 0, 10, 11, 11},
+        {"uneven steps on both axes, backward", -109, -101, 10, 11, 11},
+        {"a short way is made at once", 9, -10, 10, 1, 2},
+        {"no frames count as one", 30, 4, 0, 1, 2},
+        {"no way at all", 0, 0, 10, 1, 1},
+    };
+    const image picture = {};
+    for (const row &r : rows) {
+        SCOPED_TRACE(r.what);
+        glyph_mover m = {};
+        m.flags = GLYPH_ARRIVED;
+        glyph_mover_start(&m, &picture, 300, 200, 300 + r.dx, 200 + r.dy, r.frames);
+        int landing = 0, arrival = 0;
+        for (int frame = 1; frame <= 20; ++frame) {
+            glyph_mover_step(&m);
+            if (landing == 0 && m.x == 300 + r.dx && m.y == 200 + r.dy)
+                landing = frame;
+            if (arrival == 0 && glyph_mover_arrived(&m))
+                arrival = frame;
+        }
+        EXPECT_EQ(landing, r.landing);
+        EXPECT_EQ(arrival, r.arrival);
+    }
+}
+
+TEST_F(entry_test, typed_digits_fly_from_the_key_into_a_row) {
+    type("705");
+    EXPECT_EQ(shown(), (places{{512, 405}, {515, 405}, {513, 405}}));
+    update(11);
+    EXPECT_EQ(shown(), (places{{600, 50}, {619, 50}, {631, 50}}));
+    number_entry_draw(e);
+    EXPECT_EQ(take_recording({{digits[7], "7"}, {digits[0], "0"}, {digits[5], "5"}}).now,
+              (std::vector<std::string>{"image 7 600 50", "image 0 619 50", "image 5 631 50"}));
+}
+
+TEST_F(entry_test, takes_only_what_it_has_room_for) {
+    struct row {
+        const char *typed;
+        int deleted;
+        const char *text;
+        i32 value;
+    };
+    constexpr row rows[] = {{"0", 0, "", 0},  {"00120", 0, "120", 120}, {"12345", 0, "1234", 1234},
+                            {"12", 3, "", 0}, {"908", 1, "90", 90},     {":", 0, "", 0}};
+    for (const row &r : rows) {
+        number_entry_clear(e);
+        type(r.typed);
+        for (int i = 0; i < r.deleted; ++i)
+            number_entry_backspace(e);
+        EXPECT_STREQ(e->text, r.text);
+        EXPECT_EQ(number_entry_value(e), r.value);
+        EXPECT_EQ(shown().size(), std::string(r.text).size());
+    }
+}
+
+TEST_F(entry_test, entering_sends_the_digits_on_from_their_places) {
+    type("42");
+    update(3);
+    number_entry_submit(e, 42);
+    EXPECT_EQ(e->flags, ENTRY_ENTERED | ENTRY_CORRECT);
+    EXPECT_EQ(shown(), (places{{600, 50}, {616, 50}}));
+    type("7");
+    number_entry_submit(e, 4);
+    EXPECT_STREQ(e->text, "42");
+    update(10);
+    EXPECT_EQ(shown(), (places{{100, 300}, {116, 300}}));
+    EXPECT_EQ(e->flags, ENTRY_ENTERED | ENTRY_CORRECT);
+    update(5);
+    EXPECT_EQ(e->flags, ENTRY_ENTERED | ENTRY_CORRECT | ENTRY_ARRIVED);
+}
+
+TEST_F(entry_test, a_digit_deleted_in_flight_is_not_waited_for) {
+    type("42");
+    number_entry_submit(e, 1);
+    update(3);
+    number_entry_backspace(e);
+    EXPECT_EQ(shown().size(), 1u);
+    update(8);
+    EXPECT_EQ(e->flags, ENTRY_ENTERED | ENTRY_ARRIVED);
+    e->flags = ENTRY_CLOSED;
+    number_entry_backspace(e);
+    EXPECT_STREQ(e->text, "4");
+}
+
+TEST_F(entry_test, a_wrong_answer_scatters_to_the_border_and_clears) {
+    // For each digit: which axis first, then its draws.
+    fake_dice({1, 900, 1, /**/ 1, 799, 0, /**/ 0, 1, 1199, /**/ 0, 0, 0});
+    type("1234");
+    number_entry_submit(e, 1);
+    update(20);
+    number_entry_scatter(e);
+    e->flags = (e->flags & ~(ENTRY_ENTERED | ENTRY_ARRIVED)) | ENTRY_CLOSED;
+    number_entry_scatter(e); // once only
+    type("5");
+    EXPECT_EQ(fake_dice_drawn(), 12);
+    update(10);
+    EXPECT_STREQ(e->text, "1234");
+    std::vector<std::pair<i32, i32>> targets;
+    for (i32 i = 0; i < e->capacity; ++i)
+        targets.emplace_back(e->movers[i].target_x, e->movers[i].target_y);
+    EXPECT_EQ(targets, (places{{100, 0}, {799, 600}, {0, 599}, {800, 0}}));
+    update(1);
+    EXPECT_EQ(e->flags, 0u);
+    EXPECT_EQ(number_entry_length(e), 0);
+    EXPECT_TRUE(shown().empty());
+}
+
+TEST_F(entry_test, creation_survives_short_memory) {
+    log_set_mode(0);
+    const int failed = fake_fail_each_allocation([] {
+        number_entry *made = number_entry_create(4);
+        number_entry_free(made);
+        return made != nullptr;
+    });
+    EXPECT_EQ(failed, 3);
+    log_set_mode(LOG_STDERR);
+}
+
+} // namespace
