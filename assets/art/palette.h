@@ -14,7 +14,7 @@ namespace art {
 // Day world.
 inline constexpr rgb PAPER_LIGHT = hex(0xC7DCE9), PAPER = hex(0xB8D1E1), PAPER_DARK = hex(0xA8C5D8);
 // Pieces are exact in 5-6-5, so that all parts of one keep the same tone.
-inline constexpr rgb CREAM = hex(0xFFF3D6), CREAM_LIGHT = hex(0xFFFBEF), CREAM_SHADE = hex(0xC5A26B);
+inline constexpr rgb CREAM = hex(0xFFF3DE), CREAM_LIGHT = hex(0xFFFBEF), CREAM_SHADE = hex(0xC5A26B);
 inline constexpr rgb PRINT = hex(0x2B1C10);
 inline constexpr rgb WOOD = hex(0xDDB47C), WOOD_LIGHT = hex(0xF0D2A0), WOOD_SHADE = hex(0xA9783F),
                      WOOD_OUTLINE = hex(0x6E4A22), TRAY_FLOOR = hex(0xBF9160);

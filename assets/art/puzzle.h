@@ -59,7 +59,7 @@ void make_labels(int type); // piece/symbols
 void make_deck(int type);   // deck, next button and keys
 void make_keypad(int type); // input and deck/symbols of the puzzles with typed answers
 
-// Two marks of the money puzzles that several pictures share.
+// The market stall, and the goods of a cell of the types 6 and 9.
 void draw_market_scene(cairo_t *cr, double width, double height, const puzzle_colours &colours);
 const char *market_goods(int cell); // an emoji
 const char *money_goods(int cell);  // an emoji

@@ -110,15 +110,14 @@ static_assert(DRAWN_ICONS.size() == PUZZLE_LOOKS.size());
 struct letter {
     std::string_view sign;
     rgb accent;
-    double lift; // how far the letter stands above the tile's middle line, pixels
 };
 constexpr std::array<letter, 6> LETTERS = {{
-    {"T", PUZZLE_LOOKS[0].accent, 0},
-    {"a", PUZZLE_LOOKS[10].accent, 0},
-    {"v", PUZZLE_LOOKS[9].accent, 0},
-    {"i", PUZZLE_LOOKS[1].accent, 0},
-    {"m", PUZZLE_LOOKS[4].accent, 0},
-    {"o", PUZZLE_LOOKS[6].accent, 0},
+    {"T", PUZZLE_LOOKS[0].accent},
+    {"a", PUZZLE_LOOKS[10].accent},
+    {"v", PUZZLE_LOOKS[9].accent},
+    {"i", PUZZLE_LOOKS[1].accent},
+    {"m", PUZZLE_LOOKS[4].accent},
+    {"o", PUZZLE_LOOKS[6].accent},
 }};
 // Which neighbour carries the tab between two letters: +1 the left one.
 constexpr std::array<int, 5> TABS = {-1, 1, 1, -1, 1};
@@ -171,7 +170,7 @@ canvas draw_list_row(int type) {
     constexpr double CAP = 12.5, STRIP_RADIUS = 7;
     const puzzle_look &look = PUZZLE_LOOKS[static_cast<std::size_t>(type)];
     const int position = static_cast<int>(std::ranges::find(LIST_ORDER, type) - LIST_ORDER.begin());
-    // Two dark accents take a slightly darker tile, so that white signs stand out well.
+    // The dark accents take a slightly darker tile, so that white signs stand out well.
     const rgb accent = look.white_ink ? lighten(look.accent, -0.05) : look.accent;
     const rgb ink = look.white_ink ? WHITE : ICON_INK;
     canvas row = night_window(ROW_X, ROW_Y + PITCH * position, WIDTH, HEIGHT);
@@ -204,7 +203,7 @@ canvas draw_heading() {
         heading_tile(heading, i);
     for (std::size_t i = 0; i < LETTERS.size(); ++i) {
         const piece_shape s = letter_shape(i);
-        const double x = s.x + s.w / 2, y = LETTER_TOP + LETTER_BASE - LETTERS[i].lift;
+        const double x = s.x + s.w / 2, y = LETTER_TOP + LETTER_BASE;
         cairo_set_line_join(heading, CAIRO_LINE_JOIN_ROUND);
         text_path(heading, face::cherry_bomb, LETTER_CAP, x + 1.5, y + 2.5, align::centre, LETTERS[i].sign);
         stroke(heading, lighten(LETTERS[i].accent, -0.34), LETTER_RIM, 0.55);

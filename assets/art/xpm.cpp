@@ -96,14 +96,14 @@ std::vector<sample> samples_of(const canvas &picture, const finish &how) {
 }
 
 // Reduces to 5-6-5. With dithering the error goes on to the next pixels of the row (in alternating
-// directions) and the row below, but never into or across a transparent pixel.
+// directions) and the row below; a transparent pixel swallows what it is given.
 std::vector<int> reduce_picture(std::vector<sample> samples, int width, int height, bool dither) {
     std::vector<int> pixels(samples.size(), TRANSPARENT);
     const auto spread = [&](int x, int y, const colour3 &error, double share) {
         if (x < 0 || x >= width || y >= height)
             return;
         sample &to = samples[static_cast<std::size_t>(y * width + x)];
-        for (std::size_t c = 0; to.opaque && c < 3; ++c)
+        for (std::size_t c = 0; c < 3; ++c)
             to.level[c] += error[c] * share;
     };
     constexpr std::array<int, 3> bits = {5, 6, 5};

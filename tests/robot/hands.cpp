@@ -13,6 +13,7 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <thread>
 
 struct cursor {
     const char *picture;
@@ -26,6 +27,8 @@ static constexpr std::array CURSORS = {
 };
 static constexpr const cursor &HOLDING = CURSORS[2];
 static constexpr double LOST_SECONDS = 0.5; // without the cursor where it should be before looking for it elsewhere
+
+static constexpr auto CLICK_TIME = std::chrono::milliseconds(300); // of a click that nothing answers
 
 static point here;  // where the robot's cursor is
 static point shift; // from there to the place where the pointer has to be put
@@ -95,6 +98,13 @@ void hands_click(int x, int y) {
     nudge();
     display_button(false);
     nudge();
+}
+
+void hands_press_last(int x, int y) {
+    hands_move(x, y);
+    display_button(true);
+    std::this_thread::sleep_for(CLICK_TIME);
+    display_button(false);
 }
 
 void hands_key(unsigned long keysym) {

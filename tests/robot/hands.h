@@ -16,6 +16,7 @@
 
 void hands_move(int x, int y);
 void hands_click(int x, int y);
+void hands_press_last(int x, int y); // the click after which the program ends
 void hands_key(unsigned long keysym);
 void hands_type(const std::string &text); // letters, digits, spaces; capitals with the shift key held
 

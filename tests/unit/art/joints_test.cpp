@@ -11,10 +11,8 @@ namespace {
 using art::edge_kind;
 using art::side;
 
-constexpr art::joint_colours COLOURS = {.line = art::hex(0x507090),
-                                        .dent = art::hex(0x90A0B0),
-                                        .panel = art::hex(0xE0F0FF),
-                                        .cells = art::hex(0xA0D0E0)};
+constexpr art::joint_colours COLOURS = {
+    .line = art::hex(0x507090), .dent = art::hex(0x90A0B0), .panel = art::hex(0xE0F0FF), .cells = art::hex(0xA0D0E0)};
 
 bool opaque(const art::canvas &picture, int x, int y) {
     cairo_surface_flush(picture.surface.get());
@@ -37,8 +35,7 @@ TEST(Joints, EveryPixelBesideAFillIsFillOrLine) {
     }
 }
 
-// The game draws a bottom socket's picture and a placed top tab's picture of the piece below so that
-// their deepest rows differ by the one row that the tab's ring would need.
+// A placed tab is its fill alone: the first row and column of the socket's picture show the line beyond it.
 TEST(Joints, PlacedTabFillsItsSocketExactly) {
     for (const int width : {44, 55, 67}) {
         const art::knob_mask mask(art::knob_for(width));
@@ -48,7 +45,8 @@ TEST(Joints, PlacedTabFillsItsSocketExactly) {
         for (int x = 0; x < socket.width; ++x) {
             EXPECT_TRUE(opaque(socket, x, 0)) << "the hole is closed above";
             for (int y = 1; y < socket.height; ++y)
-                EXPECT_NE(opaque(socket, x, y), opaque(tab, x, y - 1)) << "pieces " << width << " at " << x << ", " << y;
+                EXPECT_NE(opaque(socket, x, y), opaque(tab, x, y - 1))
+                    << "pieces " << width << " at " << x << ", " << y;
         }
         const art::canvas left = art::draw_edge(mask, edge_kind::placed, side::left, COLOURS);
         const art::canvas right = art::draw_edge(mask, edge_kind::placed, side::right, COLOURS);

@@ -23,7 +23,7 @@ TEST(Problems, NumbersWorkedByHand) {
         int type, column, line, value;
     };
     constexpr row ROWS[] = {
-        {0, 0, 0, 1},  {0, 9, 4, 50}, {0, 2, 2, 9},  {1, 6, 3, 28}, {2, 0, 0, 6},
+        {0, 0, 0, 1},   {0, 9, 4, 50}, {0, 2, 2, 9},  {1, 6, 3, 28},  {2, 0, 0, 6},
         {2, 9, 4, 100}, {3, 4, 2, 40}, {8, 6, 7, 56}, {8, 9, 9, 100},
     };
     for (const row &r : ROWS)
@@ -43,8 +43,9 @@ TEST(Problems, DivisionsComeOutAtTheirColumnAndRow) {
 
 TEST(Problems, AmountsWorkedByHand) {
     // Column coin, left coin and right coin of the row.
-    constexpr std::pair<int, int> PRICES[] = {{0, 1 + 1 + 10}, {5, 100 + 1 + 10}, {6, 1 + 5 + 100},  {16, 50 + 10 + 5},
-                                              {18, 1 + 25 + 50}, {24, 1 + 50 + 1}, {35, 100 + 100 + 25}};
+    constexpr std::pair<int, int> PRICES[] = {{0, 1 + 1 + 10},     {5, 100 + 1 + 10}, {6, 1 + 5 + 100},
+                                              {16, 50 + 10 + 5},   {18, 1 + 25 + 50}, {24, 1 + 50 + 1},
+                                              {35, 100 + 100 + 25}};
     for (const auto &[cell, cents] : PRICES)
         EXPECT_EQ(art::market_price(cell), cents) << "cell " << cell;
     constexpr std::pair<int, int> TOTALS[] = {{0, 4}, {5, 202}, {13, 30}, {30, 202}, {35, 400}};
@@ -69,10 +70,9 @@ TEST(Problems, FractionsAreEqualAndCountable) {
             EXPECT_GT(f.shown_denominator, f.denominator) << "cell " << cell << " leaves nothing to simplify";
         }
         EXPECT_TRUE(art::fraction_suits(f.shape, f.shown_denominator)) << "cell " << cell;
-        EXPECT_TRUE(drawings[{f.numerator, f.denominator}]
-                        .insert({f.shown_denominator, static_cast<int>(f.shape)})
-                        .second)
-            << "cell " << cell << " is drawn like another one";
+        auto &others = drawings[std::pair(f.numerator, f.denominator)];
+        const bool differs = others.emplace(f.shown_denominator, static_cast<int>(f.shape)).second;
+        EXPECT_TRUE(differs) << "cell " << cell << " is drawn like another one";
     }
     EXPECT_EQ(drawings.size(), 35U) << "every fraction in lowest terms with denominators 2 to 10 and 12";
 }

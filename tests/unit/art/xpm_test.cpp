@@ -3,12 +3,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "canvas.h"
-#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -32,9 +32,11 @@ art::canvas saved(const art::canvas &picture, const std::string &name, const art
 }
 
 class Xpm : public ::testing::Test {
-  protected:
-    void SetUp() override { art::set_output(folder.path); }
-    test::temp_folder folder;
+protected:
+    void SetUp() override { art::set_output(folder); }
+    void TearDown() override { std::filesystem::remove_all(folder); }
+    const std::string folder =
+        ::testing::TempDir() + "tavimo-xpm-" + ::testing::UnitTest::GetInstance()->current_test_info()->name();
 };
 
 TEST_F(Xpm, WrittenColoursSurviveBeingCutToSixteenBits) {
@@ -53,7 +55,7 @@ TEST_F(Xpm, WrittenColoursSurviveBeingCutToSixteenBits) {
 }
 
 TEST_F(Xpm, DitheringKeepsTheMeanAndStaysOutOfTransparency) {
-    const art::rgb between = art::hex(0x848484); // halfway between two 5-bit levels
+    const art::rgb between = art::hex(0x888888); // between two 5-bit levels
     art::canvas parted(41, 40), alone(20, 40);
     block(parted, 0, 0, 20, 40, between);
     block(parted, 21, 0, 20, 40, art::hex(0x40C0F3));
@@ -67,7 +69,7 @@ TEST_F(Xpm, DitheringKeepsTheMeanAndStaysOutOfTransparency) {
             sum += (pixel(a, x, y) >> 16) & 0xFF;
         }
     }
-    EXPECT_NEAR(sum / (20 * 40), 0x84, 0.5);
+    EXPECT_NEAR(sum / (20 * 40), 0x88, 0.5);
 }
 
 TEST_F(Xpm, NinetyThreeColoursTakeTwoCharacters) {
@@ -78,7 +80,7 @@ TEST_F(Xpm, NinetyThreeColoursTakeTwoCharacters) {
         const art::canvas back = saved(picture, "many");
         for (int i = 0; i < colours; ++i)
             EXPECT_NEAR((pixel(back, i, 0) >> 8) & 0xFF, (i / 8) * 17, 2) << colours << " colours, number " << i;
-        std::ifstream file(folder.path + "/xpm/many.xpm");
+        std::ifstream file(folder + "/xpm/many.xpm");
         std::stringstream content;
         content << file.rdbuf();
         EXPECT_NE(content.str().find("\"" + std::to_string(colours) + " 1 " + std::to_string(colours) +

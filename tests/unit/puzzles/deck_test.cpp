@@ -108,7 +108,6 @@ TEST(deck, used_up_cards_take_turns_and_answered_ones_go) {
         {"abc", "", 3, "bca", 'a'},  {"ab-", "", 2, "ba-", 'a'},   {"abc", "a", 2, "bc-", 'a'},
         {"abc", "b", 2, "ac-", 'a'}, {"abc", "ac", 1, "b--", '-'}, {"ab-", "a", 1, "b--", '-'},
         {"a--", "", 1, "a--", '-'},  {"a--", "a", 0, "---", 'a'},  {"---", "", 5, "---", '-'},
-        {"a--", "", 3, "a--", 'a'},
     };
     for (const auto &[cards, answered, remaining, then, leaving] : ROWS) {
         t.leave_only(cards, answered);

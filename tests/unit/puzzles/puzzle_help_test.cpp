@@ -12,7 +12,7 @@
 namespace {
 
 constexpr i32 LAST_START = 300; // frames
-constexpr i32 GLYPH_WIDTH = 6;  // pixels; with the gap, 7 a character: wider than the game's letters are on average
+constexpr i32 GLYPH_WIDTH = 5;  // pixels, and one between two: about what the game's letters measure on average
 
 struct typecase {
     typecase() {
@@ -36,7 +36,7 @@ struct shown_help {
         for (i32 at = 0; at < list.length;) {
             const u8 id = list.bytes[at++];
             if (id == DRAW_FRAME)
-                frames.push_back(recording_detail::operands_at<frame_operands>(list.bytes + at).area);
+                frames.push_back(recording_detail::operands_at<fill_operands>(list.bytes + at).area);
             if (id == DRAW_LINE)
                 lines.push_back(recording_detail::operands_at<line_operands>(list.bytes + at));
             at += DRAW_COMMANDS[id].size;

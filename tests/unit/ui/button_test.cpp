@@ -13,7 +13,7 @@ static image sized(i32 width, i32 height) {
     return picture;
 }
 
-static const image NORMAL_PICTURE = sized(31, 21), HOVER_PICTURE = sized(32, 22), PRESSED_PICTURE = sized(41, 27);
+static const image NORMAL_PICTURE = sized(32, 22), HOVER_PICTURE = sized(33, 23), PRESSED_PICTURE = sized(41, 27);
 static const image *const LOOKS[] = {&NORMAL_PICTURE, &HOVER_PICTURE, &PRESSED_PICTURE};
 
 static void count_call(button *, std::intptr_t counter, std::intptr_t step) {
@@ -86,25 +86,25 @@ TEST(Button, LookAndFlagsFollowTheEvents) {
 TEST(Button, HitIncludesTheFarEdgesOfTheCurrentLook) {
     button b = looking_button();
     EXPECT_TRUE(button_hit(&b, 100, 200));
-    EXPECT_TRUE(button_hit(&b, 131, 221));
-    EXPECT_FALSE(button_hit(&b, 132, 221));
-    EXPECT_FALSE(button_hit(&b, 131, 222));
+    EXPECT_TRUE(button_hit(&b, 132, 222));
+    EXPECT_FALSE(button_hit(&b, 133, 222));
+    EXPECT_FALSE(button_hit(&b, 132, 223));
     EXPECT_FALSE(button_hit(&b, 99, 200));
     EXPECT_FALSE(button_hit(&b, 100, 199));
     button_hover(&b);
-    EXPECT_TRUE(button_hit(&b, 132, 222));
+    EXPECT_TRUE(button_hit(&b, 133, 223));
 }
 
 TEST(Button, DrawsTheLookWithACentredLabelAndSinksWhilePressed) {
-    const image small_label = sized(10, 5), wide_label = sized(36, 30);
+    const image small_label = sized(11, 5), wide_label = sized(36, 30);
     const struct {
         const image *label;
         bool pressed;
         i32 x, y, label_x, label_y;
     } ROWS[] = {
-        {&small_label, false, 100, 200, 110, 208},
+        {&small_label, false, 100, 200, 111, 209},
         {&small_label, true, 101, 201, 116, 212},
-        {&wide_label, false, 100, 200, 97, 195},
+        {&wide_label, false, 100, 200, 98, 196},
     };
     const ui_stage stage;
     for (const auto &row : ROWS) {

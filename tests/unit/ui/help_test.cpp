@@ -117,8 +117,8 @@ TEST(Help, ClearedHelpStartsOverAndStoppedHelpStandsStill) {
 TEST(Help, DrawsTheBoxAroundTheTextAndErasesTheLines) {
     help_stage stage;
     image ink = {};
-    glyphs['A'] = {
-        .working = &ink, .source = &ink, .width = 9, .height = 12, .top = 3, .red = 0, .green = 0, .blue = 0};
+    glyph &letter = glyphs[static_cast<u8>('A')];
+    letter = {.working = &ink, .source = &ink, .width = 9, .height = 12, .top = 3, .red = 0, .green = 0, .blue = 0};
     help_add_row({"AA", 200, 100, 0, 3, {{50, 60, 40, 90}, {40, 90, 50, 60}, {70, 10, 70, 10}}});
     help_start();
     stage.step();
@@ -144,7 +144,7 @@ TEST(Help, DrawsTheBoxAroundTheTextAndErasesTheLines) {
     EXPECT_EQ(restored[1].area, (rect{40, 60, 11, 31}));
     EXPECT_EQ(restored[2].area, (rect{40, 60, 11, 31}));
     EXPECT_EQ(restored[3].area, (rect{70, 10, 1, 1}));
-    glyphs['A'] = {};
+    letter = {};
 }
 
 TEST(Help, TheKeySequenceTogglesTheDebugMode) {
@@ -154,10 +154,10 @@ TEST(Help, TheKeySequenceTogglesTheDebugMode) {
         const char *then;
         std::size_t toggles;
     } ROWS[] = {
-        {"qzkvxhwnyrt", 0, "", 1},         {"qzkvxhwnyrt", 0, "qzkvxhwnyrt", 2},
+        {"qzkvxhwnyrt", 0, "", 1},      {"qzkvxhwnyrt", 0, "qzkvxhwnyrt", 2},
         {"qzakbvxqhw", 0, "qnyert", 1}, // others in between
-        {"qzkvxhwnyr", 0, "", 0},          {"zkvxhwnyrt", 0, "", 0},
-        {"qzkvxh", 199, "wnyrt", 1},       {"qzkvxh", 200, "wnyrt", 0},
+        {"qzkvxhwnyr", 0, "", 0},       {"zkvxhwnyrt", 0, "", 0},
+        {"qzkvxh", 199, "wnyrt", 1},    {"qzkvxh", 200, "wnyrt", 0},
     };
     for (const auto &row : ROWS) {
         help_stage stage;
