@@ -103,6 +103,11 @@ void deal_used_up(board *b) {
     } else if (b->remaining == 1) {
         b->leaving = nullptr;
     }
+    // A text card that came round again was made available when it left the top. Dealt a second time it would ask
+    // for a piece that is placed already, and the run would end with another piece missing.
+    for (i32 i = 1; i < DECK_CARDS; ++i)
+        if (b->slot[i] != nullptr)
+            b->slot[i]->flags &= ~SPRITE_AVAILABLE;
 }
 
 // --- Turning -------------------------------------------------------------------------------------

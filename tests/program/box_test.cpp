@@ -38,7 +38,7 @@ void study_shows_hides_and_fills() {
     click(x, y);
     check(shown() == BOX_PIECES - 1, "a click takes the piece out");
     click(x, y);
-    frames(100);
+    wait_frames(100);
     check(shown() == BOX_PIECES, "a second click brings it back");
     click(720, 460); // clear
     check(shown() == 0, "clear hides all");
@@ -57,7 +57,7 @@ void wrong_drop_goes_home() {
     sprite *other = loose_piece(0) == piece ? loose_piece(1) : loose_piece(0);
     drag(other->x + 20, other->y + 15, other->x + 22, other->y + 15);
     until("the piece is home", [&] { return piece->x == home_x && piece->y == home_y; });
-    frames(2);
+    wait_frames(2);
     check((b->state & BOARD_CLOCK) != 0, "the clock runs");
 }
 
@@ -72,10 +72,10 @@ void play_box(int list_position, const char *name, bool with_detours) {
         wrong_drop_goes_home();
         press(SDLK_ESCAPE);
         until_screen(SCREEN_DIALOG);
-        frames(40);
+        wait_frames(40);
         press(SDLK_n); // back into the same run
         until_screen(SCREEN_PLAY);
-        frames(2);
+        wait_frames(2);
     }
     for (sprite *piece = loose_piece(); piece != nullptr; piece = loose_piece())
         place_piece(piece);
@@ -122,7 +122,7 @@ TEST(ending, by_signal_saves_a_recorded_run) {
             leave_splash();
             play_box(TITLE_FIRST, "bob", false);
             std::raise(signal);
-            frames(50);
+            wait_frames(50);
             check(false, "the signal ends the program");
         });
         EXPECT_EQ(result.exit_code, 0) << result.said;

@@ -50,7 +50,7 @@ sprite *take_top_card() {
     sprite *piece = b->slot[0];
     check(piece != nullptr, "a card lies on the deck");
     mouse_down_at(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
-    frames(3);
+    wait_frames(3);
     check((piece->flags & (SPRITE_INERT | SPRITE_HIDDEN)) == 0, "the piece comes off its card");
     return piece;
 }
@@ -75,7 +75,7 @@ void turn_away_a_taken_card() {
     const int before = the_board()->remaining;
     press(SDLK_SPACE);
     press(SDLK_SPACE); // ignored while the cards move
-    frames(12);
+    wait_frames(12);
     check((piece->flags & SPRITE_HIDDEN) != 0, "the piece vanishes");
     check(the_board()->remaining == before + 1, "and counts again");
     until_deck_rests();
@@ -86,7 +86,7 @@ void drop_the_last_piece_beside_its_cell(const sprite *piece) {
     move_mouse(FREE_X, FREE_Y);
     mouse_up();
     press(SDLK_SPACE);
-    frames(12);
+    wait_frames(12);
     check((piece->flags & (SPRITE_HIDDEN | SPRITE_INERT)) == 0, "the last piece stays");
     mouse_down_at(FREE_X, FREE_Y);
 }

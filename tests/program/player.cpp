@@ -103,7 +103,7 @@ game_result play_game(const game_folder &folder, int depth, const script &player
 
 // --- For scripts ---------------------------------------------------------------------------------
 
-void frames(int count) {
+void wait_frames(int count) {
     for (int i = 0; i < count; ++i) {
         game_turn.release();
         script_turn.acquire();
@@ -114,7 +114,7 @@ void until(const char *what, const std::function<bool()> &holds, int limit) {
     for (int i = 0; !holds(); ++i) {
         if (i == limit)
             fail_script(std::string("waited in vain until ") + what);
-        frames(1);
+        wait_frames(1);
     }
 }
 
@@ -125,18 +125,18 @@ void check(bool holds, const std::string &what) {
 
 void move_mouse(int x, int y) {
     fake_mouse_move(x, y);
-    frames(1);
+    wait_frames(1);
 }
 
 void mouse_down_at(int x, int y) {
     move_mouse(x, y);
     fake_mouse_button(SDL_BUTTON_LEFT, true);
-    frames(1);
+    wait_frames(1);
 }
 
 void mouse_up() {
     fake_mouse_button(SDL_BUTTON_LEFT, false);
-    frames(1);
+    wait_frames(1);
 }
 
 void click(int x, int y) {
@@ -146,7 +146,7 @@ void click(int x, int y) {
 
 void hold_key(int key, bool down) {
     fake_key(key, down);
-    frames(1);
+    wait_frames(1);
 }
 
 void press(int key) {
@@ -192,21 +192,21 @@ board *the_board() {
 
 void leave_splash() {
     until_screen(SCREEN_SPLASH);
-    frames(SPLASH_REVEAL);
+    wait_frames(SPLASH_REVEAL);
     click(COLUMN_X, SPLASH_GO_Y);
     until_screen(SCREEN_TITLE);
-    frames(2);
+    wait_frames(2);
 }
 
 void select_puzzle(int list_position) {
     click(LIST_X, LIST_Y + LIST_PITCH * list_position);
-    frames(SLIDE);
+    wait_frames(SLIDE);
 }
 
 void close_help() {
     for (int clicks = 0; settings_help_showing(); ++clicks) {
         check(clicks < 10, "clicks to close the help bubbles");
-        frames(HELP_DEAF);
+        wait_frames(HELP_DEAF);
         click(COLUMN_X, SCREEN_HEIGHT / 2);
     }
 }
@@ -214,19 +214,19 @@ void close_help() {
 void study_selected() {
     click(COLUMN_X, TITLE_STUDY_Y);
     until_screen(SCREEN_STUDY);
-    frames(2);
+    wait_frames(2);
     close_help();
 }
 
 void start_playing(const char *name) {
     click(COLUMN_X, STUDY_PLAY_Y);
     until_screen(SCREEN_DIALOG);
-    frames(ENTRANCE);
+    wait_frames(ENTRANCE);
     if (name != nullptr)
         type_text(name);
     press(SDLK_RETURN);
     until_screen(SCREEN_PLAY);
-    frames(2);
+    wait_frames(2);
     close_help();
 }
 
@@ -257,24 +257,24 @@ void place_piece(sprite *piece) {
 
 void finish_dialog_and_score_log() {
     until_screen(SCREEN_DIALOG);
-    frames(ENTRANCE);
+    wait_frames(ENTRANCE);
     press(SDLK_RETURN);
     until_screen(SCREEN_SCORE_LOG);
     constexpr int SHOW = 700; // frames, more than the whole show takes
-    frames(SHOW);
+    wait_frames(SHOW);
     click(COLUMN_X, SCREEN_HEIGHT / 2);
     until_screen(SCREEN_TITLE);
-    frames(2);
+    wait_frames(2);
 }
 
 void leave_program() {
     click(COLUMN_X, TITLE_EXIT_Y);
     until_screen(SCREEN_DIALOG);
-    frames(ENTRANCE);
+    wait_frames(ENTRANCE);
     press(SDLK_y);
     until_screen(SCREEN_SPLASH);
-    frames(SPLASH_REVEAL);
+    wait_frames(SPLASH_REVEAL);
     click(COLUMN_X, SPLASH_GO_Y);
-    frames(1000);
+    wait_frames(1000);
     check(false, "the program ends");
 }

@@ -41,7 +41,7 @@ game_result play_game(const game_folder &folder, int depth, const script &player
 
 // --- For scripts ---------------------------------------------------------------------------------
 
-void frames(int count);                                                             // lets the game run
+void wait_frames(int count);                                                        // lets the game run
 void until(const char *what, const std::function<bool()> &holds, int limit = 3000); // frames until it holds
 void check(bool holds, const std::string &what);                                    // ends the game when it does not
 

@@ -25,7 +25,7 @@
 static constexpr unsigned LEFT_BUTTON = 1;
 static constexpr int PRIVATE = 0600;
 static constexpr int NOT_STARTED = 127;
-static constexpr auto STOP_PATIENCE = std::chrono::seconds(2), POLL = std::chrono::milliseconds(10);
+static constexpr std::chrono::milliseconds STOP_PATIENCE{2000}, POLL{10};
 
 static display_options chosen;
 static std::string name;

@@ -85,6 +85,18 @@ std::vector<point> eyes_find_all(const picture &p, const area &within) {
     return search(p, within, false);
 }
 
+bool eyes_appears(const std::function<bool()> &holds, double seconds) {
+    const auto end = steady::now() + std::chrono::duration<double>(seconds);
+    for (;;) {
+        eyes_look();
+        if (holds())
+            return true;
+        if (steady::now() > end)
+            return false;
+        std::this_thread::sleep_for(PAUSE);
+    }
+}
+
 static void watch(const std::string &what, const std::function<bool()> &holds, int views, double seconds) {
     const auto end = steady::now() + std::chrono::duration<double>(seconds);
     for (int in_a_row = 0;;) {

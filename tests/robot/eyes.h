@@ -29,6 +29,7 @@ std::vector<point> eyes_find_all(const picture &p, const area &within);
 
 // Looks until it holds; `what` completes "expected to see ...".
 void eyes_until(const std::string &what, const std::function<bool()> &holds, double seconds = PATIENCE);
+bool eyes_appears(const std::function<bool()> &holds, double seconds); // whether it holds before the time is over
 void eyes_until_seen(const picture &p, int x, int y);
 // Looks until it does not hold for several views in a row, so that a picture caught half drawn does not count.
 void eyes_until_not(const std::string &what, const std::function<bool()> &holds);

@@ -12,6 +12,7 @@
 #include "screens.h"
 #include "screens_parts.h"
 
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -26,7 +27,8 @@ static constexpr int ROW_HEIGHT = 35, ROW_TOP = 130, ROW_X = 30, ROW_TEXT_X = 70
 static constexpr point MARK_AT = {22, 135}, HEADING_AT = {30, 14}, NAME_AT = {15, 582};
 static constexpr int PICTURE_X = 400, PICTURE_MIDDLE = 192, PICTURE_TITLE = 10;
 static constexpr point SPLASH_BUTTON = {659, 480};
-static constexpr int HELP_DEAF_GREY = 211; // a pulsing text that has become this dark has been shown for 10 frames
+static constexpr std::array HELP_DARK = {203, 187};
+static constexpr double HELP_DEAF_SECONDS = 1; // longer than they are deaf
 static constexpr int HIGHLIGHT_FIRST = 180, HIGHLIGHT_LAST = 250, HIGHLIGHT_BLUE = 64;
 
 static std::string picture_folder;
@@ -40,22 +42,25 @@ void screens_save_pictures(const std::string &folder) {
 void screens_snap(const std::string &name) {
     if (picture_folder.empty())
         return;
-    char number[8];
+    char number[16];
     std::snprintf(number, sizeof number, "%02i-", ++picture_number);
     eyes_look();
     eyes_save(picture_folder + "/" + number + name + ".png");
+}
+
+// The bubbles are deaf for their first frames. A text starts white and pulses: when it is dark they listen.
+static bool help_seen_dark(const std::string &text, point at) {
+    for (const int grey : HELP_DARK)
+        if (letters_seen(text, at.x, at.y, {grey, grey, grey}))
+            return true;
+    return false;
 }
 
 void help_until_closed(const std::string &first_text, point at, int most_clicks) {
     const auto showing = [&] { return letters_seen_pulsing(first_text, at.x, at.y); };
     hands_move(AWAY.x, AWAY.y);
     eyes_until("the help \"" + first_text + "\"", showing);
-    eyes_until("the help text pulsing", [&] {
-        for (int grey = HELP_DEAF_GREY; grey > HELP_DEAF_GREY - 28; --grey)
-            if (letters_seen(first_text, at.x, at.y, {grey, grey, grey}))
-                return true;
-        return letters_seen(first_text, at.x, at.y, WHITE) && false;
-    });
+    eyes_appears([&] { return help_seen_dark(first_text, at); }, HELP_DEAF_SECONDS);
     for (int click = 1; click <= most_clicks; ++click) {
         if (click == most_clicks)
             screens_snap("help");
@@ -86,8 +91,11 @@ static bool row_title_seen(int type, rgb8 color) {
     return letters_seen(puzzle_kind_of(type).title, ROW_TEXT_X, ROW_TEXT_Y + ROW_HEIGHT * puzzle_list_row(type), color);
 }
 
+// The row's picture as far as its text leaves it free.
 static bool row_seen(int type) {
-    return eyes_see(title_picture_of(ROWS + type), ROW_X, ROW_TOP + ROW_HEIGHT * puzzle_list_row(type));
+    const picture &row = title_picture_of(ROWS + type);
+    const picture left = picture_inset(row, 0, 0, row.width - (ROW_TEXT_X - ROW_X - 1), 0);
+    return eyes_see(left, ROW_X, ROW_TOP + ROW_HEIGHT * puzzle_list_row(type));
 }
 
 static void until_splash(int button_number) {

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <stdexcept>
 
 namespace fs = std::filesystem;
@@ -39,8 +38,20 @@ void temp_game::log_to_file() const {
 }
 
 std::string temp_game::log_text() const {
-    const file_bytes bytes = read_file(root / "bin" / LOG_NAME);
-    return std::regex_replace(std::string(bytes.begin(), bytes.end()), std::regex("(^|\n)\\[[0-9]+\\]"), "$1");
+    std::ifstream in(root / "bin" / LOG_NAME);
+    std::string all, line;
+    while (std::getline(in, line)) {
+        const std::size_t end = line.find_first_not_of("0123456789", 1);
+        const bool prefixed = line[0] == '[' && end != std::string::npos && line[end] == ']';
+        all += (prefixed ? line.substr(end + 1) : line) + "\n";
+    }
+    return all;
+}
+
+std::string masked_digits(std::string text) {
+    for (char &c : text)
+        c = c >= '0' && c <= '9' ? '0' : c;
+    return text;
 }
 
 file_bytes read_file(const fs::path &path) {

@@ -33,3 +33,4 @@ private:
 file_bytes read_file(const std::filesystem::path &path); // empty when there is none
 void write_file(const std::filesystem::path &path, const file_bytes &bytes);
 file_bytes to_bytes(const std::string &text);
+std::string masked_digits(std::string text); // every digit as 0: the form of a date

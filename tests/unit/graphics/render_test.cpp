@@ -178,14 +178,14 @@ TEST(slots, restore_what_lay_on_the_screen) {
         {{5, 600, 5, 5}, 0, false},    {{5, 5, 0, 9}, 1, false},     {{5, 5, 9, 9}, SAVE_SLOTS, false},
         {{5, 5, 9, 9}, -1, false},     {{10, 10, 3, 3}, 1, true},
     };
-    for (const auto &[area, slot, saves] : ROWS) {
+    for (const auto &row : ROWS) {
         scatter<pixel16>(dice);
         const auto before = screen_pixels<pixel16>();
-        on.show([&] { draw_save(area, slot); });
-        on.show([&] { draw_fill(area, RED, false); });
+        on.show([&] { draw_save(row.area, row.slot); });
+        on.show([&] { draw_fill(row.area, RED, false); });
         const auto filled = screen_pixels<pixel16>();
-        on.show([&] { draw_restore_saved(slot); });
-        EXPECT_TRUE(screen_pixels<pixel16>() == (saves ? before : filled)) << area.x << ", " << area.y;
+        on.show([&] { draw_restore_saved(row.slot); });
+        EXPECT_TRUE(screen_pixels<pixel16>() == (row.saves ? before : filled)) << row.area.x << ", " << row.area.y;
     }
     fake_fail_allocation(1);
     on.show([] { draw_save(WHOLE_SCREEN, 0); });

@@ -1,24 +1,21 @@
 // table.h: a puzzle on the table: a board that was loaded from an archive of plain pictures and started.
 //
-// No video, no sound device: sounds that are asked for are written down, keys and mouse are scripted, the clock
-// moves 20 ms a frame.
+// No video, no sound device: sounds that are asked for are written down, keys are scripted, a frame takes 20 ms.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
 #include "puzzles/board.h"
+#include "sprites/sprite.h"
 #include "support/archive_builder.h"
 #include "support/fake_sdl.h"
 #include "support/recording.h"
 #include "support/temp_folder.h"
 
-#include "sprites/sprite.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,36 +25,31 @@ inline bool was_played(i32 number) {
     return std::count(sounds_played.begin(), sounds_played.end(), number) > 0;
 }
 
-// The names, in the archive, of a type's pictures and of those that all types use.
-std::vector<std::string> picture_files(i32 type);
+std::vector<std::string> picture_files(i32 type); // names of the entries that a type needs
 archive_builder picture_archive(i32 type, const std::string &left_out = "");
 
-// The program's surroundings of a board; nothing is loaded.
-struct empty_table {
+struct puzzle_table {
     fake_scope fakes;
     temp_game game;
     app_state state{};
     board *b;
 
-    explicit empty_table(const archive_builder &archive);
-    ~empty_table();
-    empty_table(const empty_table &) = delete;
-    empty_table &operator=(const empty_table &) = delete;
+    explicit puzzle_table(i32 type);
+    ~puzzle_table();
+    puzzle_table(const puzzle_table &) = delete;
+    puzzle_table &operator=(const puzzle_table &) = delete;
 
-    void open(const archive_builder &archive); // in place of the one that is open
-
-    void frame(int count = 1);
-    int frames_while(u32 state_flag); // until it is clear, at most 1000
-    void press_key(i32 key);          // for one frame
+    void open(const archive_builder &archive) const; // in place of the one that is open
+    void frame(int count = 1) const;
+    int frames_while(u32 state_flag) const; // until it is clear, at most 1000
+    void press_key(i32 key) const;          // for one frame
+    void type_keys(const std::vector<i32> &values) const; // on the keypad
 
     sprite *piece(i32 label) const;                            // the piece with this label
     void put_on_cell(sprite *s, i32 dx = 0, i32 dy = 0) const; // so far from the place in which it is fixed
-    button *key_with(const image *label) const;
 };
 
-struct puzzle_table : empty_table {
-    explicit puzzle_table(i32 type);
-};
+inline constexpr i32 KEY_DELETE = 10, KEY_ANSWER = 11; // values of keypad keys
 
 inline bool has(const sprite *s, u32 flags) {
     return (s->flags & flags) == flags;

@@ -1,4 +1,4 @@
-// ogg_maker.cpp: encodes square-shouldered tones.
+// ogg_maker.cpp: encodes tones with cut-off peaks.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -16,9 +16,11 @@ namespace {
 constexpr float QUALITY = 0.3F;
 constexpr float FIFTH = 1.5F;
 
-void put_page(file_bytes *file, const ogg_page &page) {
-    file->insert(file->end(), page.header, page.header + page.header_len);
-    file->insert(file->end(), page.body, page.body + page.body_len);
+void put_pages(file_bytes *file, ogg_stream_state *stream) {
+    for (ogg_page page; ogg_stream_flush(stream, &page) != 0;) {
+        file->insert(file->end(), page.header, page.header + page.header_len);
+        file->insert(file->end(), page.body, page.body + page.body_len);
+    }
 }
 
 void put_headers(file_bytes *file, vorbis_dsp_state *dsp, ogg_stream_state *stream) {
@@ -28,8 +30,7 @@ void put_headers(file_bytes *file, vorbis_dsp_state *dsp, ogg_stream_state *stre
     vorbis_analysis_headerout(dsp, &comment, &packets[0], &packets[1], &packets[2]);
     for (ogg_packet &packet : packets)
         ogg_stream_packetin(stream, &packet);
-    for (ogg_page page; ogg_stream_flush(stream, &page) != 0;)
-        put_page(file, page);
+    put_pages(file, stream);
     vorbis_comment_clear(&comment);
 }
 
@@ -53,9 +54,8 @@ void put_blocks(file_bytes *file, vorbis_dsp_state *dsp, ogg_stream_state *strea
         vorbis_bitrate_addblock(&block);
         for (ogg_packet packet; vorbis_bitrate_flushpacket(dsp, &packet) != 0;)
             ogg_stream_packetin(stream, &packet);
+        put_pages(file, stream); // many small pages, so that damage hits some of many
     }
-    for (ogg_page page; ogg_stream_flush(stream, &page) != 0;)
-        put_page(file, page);
     vorbis_block_clear(&block);
 }
 

@@ -1,0 +1,147 @@
+// play.cpp: a run, by the style of the puzzle.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "eyes.h"
+#include "hands.h"
+#include "library.h"
+#include "pieces.h"
+#include "play.h"
+#include "play_deck.h"
+#include "robot.h"
+#include "screens.h"
+#include "screens_parts.h"
+
+#include <chrono>
+#include <string>
+
+using steady = std::chrono::steady_clock;
+
+static constexpr int GRIP = 3;                // pixels from a piece's lower right corner to where it is held
+static constexpr point CARELESS = {2, -2};    // a drop is this far from the exact place, and must snap
+static constexpr double SNAP_SECONDS = 0.3;   // within which a drop that fits is seen to snap
+static constexpr point HELP_BUTTON = {730, 5}, RETURN_BUTTON = {730, 35};
+
+void play_drag(point piece, point to, point grip) {
+    hands_take(piece.x + grip.x, piece.y + grip.y);
+    hands_move(to.x + grip.x, to.y + grip.y);
+    hands_let_go();
+}
+
+point play_grip() {
+    return {pieces_size().x - GRIP, pieces_size().y - GRIP};
+}
+
+point play_careless(point place) {
+    return {place.x + CARELESS.x, place.y + CARELESS.y};
+}
+
+bool play_snapped(int cell) {
+    const point place = pieces_place(cell);
+    return eyes_appears([&] { return pieces_body_seen(place); }, SNAP_SECONDS);
+}
+
+static point begin_place(const picture &begin) {
+    return {(WINDOW_WIDTH - begin.width) >> 1, WINDOW_HEIGHT - 5 - begin.height};
+}
+
+static const picture &begin_picture(const puzzle_kind &kind) {
+    return library_picture(std::string(kind.folder) + "begin.xpm");
+}
+
+// The picture that asks for the first move; it stands where no help is shown and the clock does not run.
+static void until_begin(const puzzle_kind &kind) {
+    const picture &begin = begin_picture(kind);
+    eyes_until_seen(begin, begin_place(begin).x, begin_place(begin).y);
+}
+
+static void click_console(const puzzle_kind &kind, int number, point at) {
+    until_button_and_click(library_picture(std::string(kind.folder) + "console/", number), at.x, at.y);
+}
+
+static void wander_before(const puzzle_kind &kind) {
+    click_console(kind, 1, HELP_BUTTON);
+    help_until_closed(kind.help, kind.help_at, kind.help_clicks);
+    until_begin(kind);
+    hands_key(XK_Escape);
+    return_dialog_stay();
+    until_begin(kind);
+    pieces_until_board();
+    click_console(kind, 2, RETURN_BUTTON);
+    return_dialog_stay();
+    until_begin(kind);
+}
+
+// --- All pieces in sight ---------------------------------------------------------------------------------------
+
+// Dropped on a cell of another row the piece stays; when the next one is taken it goes home.
+static void drop_wrongly(const loose_piece &piece, const loose_piece &next) {
+    const int elsewhere = (piece.cell + pieces_count() / 2) % pieces_count();
+    const point wrong = pieces_place(elsewhere);
+    play_drag(piece.at, wrong, play_grip());
+    hands_move(AWAY.x, AWAY.y);
+    eyes_until("a piece that was dropped wrongly where it was dropped", [&] { return pieces_face_seen(piece.cell, wrong); });
+    screens_snap("wrong-drop");
+    const point grip = play_grip();
+    hands_take(next.at.x + grip.x, next.at.y + grip.y);
+    hands_let_go();
+    hands_move(AWAY.x, AWAY.y);
+    eyes_until("the wrongly dropped piece back in its place", [&] { return pieces_face_seen(piece.cell, piece.at); });
+    robot_expect(pieces_cell_empty(elsewhere), "the cell under a wrong drop is empty again");
+}
+
+static void place(const loose_piece &piece, bool last) {
+    play_drag(piece.at, play_careless(pieces_place(piece.cell)), play_grip());
+    if (!last && !play_snapped(piece.cell))
+        robot_give_up("the piece \"" + pieces_label(piece.cell).name + "\" snaps into cell " +
+                      std::to_string(piece.cell));
+}
+
+static void play_in_sight(bool wander) {
+    hands_move(AWAY.x, AWAY.y);
+    std::vector<loose_piece> pieces;
+    eyes_until("all pieces, none twice", [&] {
+        pieces = pieces_find_loose();
+        return static_cast<int>(pieces.size()) == pieces_count();
+    });
+    if (wander)
+        drop_wrongly(pieces[0], pieces[1]);
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        const bool last = i + 1 == pieces.size();
+        if (last) {
+            hands_move(AWAY.x, AWAY.y);
+            eyes_until("every piece but the last with its label in its cell", [] { return pieces_faces_missing() == 1; });
+        }
+        place(pieces[i], last);
+        if (i == pieces.size() / 2)
+            screens_snap("play");
+    }
+}
+
+double play_puzzle(const puzzle_kind &kind, const play_detours &detours) {
+    pieces_open(kind, false);
+    if (detours.help_expected)
+        help_until_closed(kind.help, kind.help_at, kind.help_clicks);
+    until_begin(kind);
+    pieces_until_board();
+    screens_snap("begin");
+    if (detours.wander)
+        wander_before(kind);
+    hands_move(AWAY.x, AWAY.y);
+    eyes_look();
+    pieces_read_cells();
+    const auto start = steady::now();
+    switch (kind.style) {
+    case play_style::BOX:
+    case play_style::AROUND:
+        play_in_sight(detours.wander);
+        break;
+    case play_style::DECK:
+        play_deck(kind, detours.wander);
+        break;
+    case play_style::KEYPAD:
+        play_keypad(kind, detours.wander);
+        break;
+    }
+    return std::chrono::duration<double>(steady::now() - start).count();
+}

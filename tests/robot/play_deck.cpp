@@ -1,0 +1,185 @@
+// play_deck.cpp: cards from the deck, and products on the keypad.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "eyes.h"
+#include "hands.h"
+#include "library.h"
+#include "pieces.h"
+#include "play_deck.h"
+#include "robot.h"
+#include "screens.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+static constexpr int DECK_PIECE = 4;        // a piece taken from the deck lies this far from its corner
+static constexpr int NEXT_LEFT = 60;        // of the next button from the deck
+static constexpr int KEY_MARGIN = 3, KEY_GAP_X = 1, KEY_GAP_Y = 3;
+static constexpr int ENTER_KEY = 11;        // number on the keypad, read row by row
+static constexpr int DIGIT_ZERO_KEY = 10;
+static constexpr int FACTORS = 10;          // columns of the products
+
+static std::string in(const puzzle_kind &kind, const char *name) {
+    return std::string(kind.folder) + name;
+}
+
+static void click_next(const puzzle_kind &kind) {
+    const picture &card = library_picture(in(kind, "deck/base.xpm"));
+    const picture &button = library_picture(in(kind, "input/keys/"), 4);
+    const point at = {kind.deck.x - NEXT_LEFT, kind.deck.y + 4 + (card.height >> 1) - (button.height >> 1)};
+    eyes_until_seen(button, at.x, at.y);
+    hands_click(at.x + button.width / 2, at.y + button.height / 2);
+}
+
+// --- Cards with labels -----------------------------------------------------------------------------------------
+
+static std::vector<picture> card_faces(const puzzle_kind &kind) {
+    const picture &card = library_picture(in(kind, "deck/base.xpm"));
+    std::vector<picture> faces;
+    for (int cell = 0; cell < pieces_count(); ++cell) {
+        const picture &label = pieces_label(cell);
+        faces.push_back(picture_over(card, label, (card.width >> 1) - (label.width >> 1) + kind.card_label.x,
+                                     (card.height >> 1) - (label.height >> 1) + kind.card_label.y));
+    }
+    return faces;
+}
+
+// The number of the picture that is seen on the top card.
+static int until_card(const puzzle_kind &kind, const std::vector<picture> &faces) {
+    int seen = -1;
+    eyes_until("a card on the deck", [&] {
+        for (std::size_t i = 0; i < faces.size() && seen < 0; ++i)
+            if (eyes_see(faces[i], kind.deck.x, kind.deck.y))
+                seen = static_cast<int>(i);
+        return seen >= 0;
+    });
+    return seen;
+}
+
+// Cells are tried in turn where several pieces share a label; a cell that has its piece is not among them.
+static int put_into_one_of(std::vector<int> cells, point from) {
+    const point grip = play_grip();
+    for (const int cell : cells) {
+        play_drag(from, play_careless(pieces_place(cell)), grip);
+        if (play_snapped(cell))
+            return cell;
+        from = play_careless(pieces_place(cell));
+    }
+    return -1;
+}
+
+static void take_card(const puzzle_kind &kind, point to) {
+    const point piece = {kind.deck.x + DECK_PIECE, kind.deck.y + DECK_PIECE};
+    play_drag(piece, to, {pieces_size().x / 2, pieces_size().y / 2});
+}
+
+static void wander_deck(const puzzle_kind &kind, const std::vector<picture> &faces) {
+    hands_key(XK_space); // the next card, while this one goes under the stack
+    const point aside = {40, 200};
+    until_card(kind, faces);
+    take_card(kind, aside);
+    hands_move(AWAY.x, AWAY.y);
+    hands_key(XK_space); // the piece that was not placed goes back
+    eyes_until_not("the piece that was taken back", [&] { return pieces_body_seen(aside); });
+}
+
+void play_deck(const puzzle_kind &kind, bool wander) {
+    const std::vector<picture> faces = card_faces(kind);
+    std::vector<int> open;
+    for (int cell = 0; cell < pieces_count(); ++cell)
+        open.push_back(cell);
+    click_next(kind);
+    if (wander) {
+        until_card(kind, faces);
+        wander_deck(kind, faces);
+    }
+    while (!open.empty()) {
+        const int seen = until_card(kind, faces);
+        if (open.size() * 2 == static_cast<std::size_t>(pieces_count()))
+            screens_snap("deck");
+        std::vector<int> cells = pieces_lookalikes(seen);
+        std::erase_if(cells, [&](int cell) { return std::find(open.begin(), open.end(), cell) == open.end(); });
+        robot_expect(!cells.empty(), "the card \"" + pieces_label(seen).name + "\" has not been placed before");
+        const int first = cells[0];
+        take_card(kind, play_careless(pieces_place(first)));
+        if (open.size() == 1)
+            return;
+        int placed = play_snapped(first) ? first : -1;
+        if (placed < 0)
+            placed = put_into_one_of({cells.begin() + 1, cells.end()}, play_careless(pieces_place(first)));
+        robot_expect(placed >= 0, "the piece \"" + pieces_label(seen).name + "\" fits one of its cells");
+        std::erase(open, placed);
+    }
+}
+
+// --- Products --------------------------------------------------------------------------------------------------
+
+// A card with the problem of this cell, as it is written with the deck's digits.
+static picture problem_card(const puzzle_kind &kind, int cell) {
+    static constexpr int TIMES_SIGN = 11;
+    const picture &card = library_picture(in(kind, "deck/base.xpm"));
+    const std::string text = std::to_string(kind.first_factor + cell / kind.columns) + "x" +
+                             std::to_string(1 + cell % kind.columns);
+    std::vector<const picture *> signs;
+    int width = 0, height = 0;
+    for (const char c : text) {
+        signs.push_back(&library_picture(in(kind, "deck/symbols/"), c == 'x' ? TIMES_SIGN : c - '0' + 1));
+        width += signs.back()->width + 1;
+        height = std::max(height, signs.back()->height);
+    }
+    picture result = card;
+    int x = (card.width >> 1) - (width >> 1);
+    const int bottom = (card.height >> 1) - (height >> 1) + height;
+    for (const picture *sign : signs) {
+        result = picture_over(result, *sign, x, bottom - sign->height);
+        x += sign->width + 1;
+    }
+    result.name = text;
+    return result;
+}
+
+static void click_key(const puzzle_kind &kind, int number) {
+    static constexpr point KEYPAD = {330, 390};
+    const picture &key = library_picture(in(kind, "input/keys/"), 1);
+    hands_click(KEYPAD.x + KEY_MARGIN + number % 3 * (key.width + KEY_GAP_X) + key.width / 2,
+                KEYPAD.y + KEY_MARGIN + number / 3 * (key.height + KEY_GAP_Y) + key.height / 2);
+}
+
+static void enter(const puzzle_kind &kind, int answer) {
+    for (const char digit : std::to_string(answer))
+        click_key(kind, digit == '0' ? DIGIT_ZERO_KEY : digit - '1');
+    click_key(kind, ENTER_KEY);
+}
+
+static int product(const puzzle_kind &kind, int cell) {
+    return (kind.first_factor + cell / kind.columns) * (1 + cell % kind.columns);
+}
+
+void play_keypad(const puzzle_kind &kind, bool wander) {
+    std::vector<picture> cards;
+    for (int cell = 0; cell < pieces_count(); ++cell)
+        cards.push_back(problem_card(kind, cell));
+    const point piece = {kind.deck.x + DECK_PIECE, kind.deck.y + DECK_PIECE};
+    click_next(kind);
+    if (wander) {
+        until_card(kind, cards);
+        hands_key(XK_space);
+        const int wrong = until_card(kind, cards);
+        enter(kind, product(kind, wrong) + 1);
+        screens_snap("wrong-answer");
+        eyes_until("the same problem after a wrong answer", [&] { return until_card(kind, cards) == wrong; });
+    }
+    for (int left = pieces_count(); left > 0; --left) {
+        const int cell = until_card(kind, cards);
+        enter(kind, product(kind, cell));
+        eyes_until("the piece of " + cards[static_cast<std::size_t>(cell)].name,
+                   [&] { return pieces_face_seen(cell, piece); });
+        if (left == pieces_count() / 2)
+            screens_snap("keypad");
+        play_drag(piece, play_careless(pieces_place(cell)), play_grip());
+        if (left > 1)
+            robot_expect(play_snapped(cell), "the piece of " + cards[static_cast<std::size_t>(cell)].name + " snaps");
+    }
+}

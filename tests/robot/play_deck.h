@@ -1,0 +1,16 @@
+// play_deck.h: playing with a deck of cards, and what all styles of play share.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "picture.h"
+#include "puzzle_kinds.h"
+
+void play_drag(point piece, point to, point grip); // places of the piece's corner; the grip is counted from there
+point play_grip();
+point play_careless(point place); // near enough to snap
+bool play_snapped(int cell);      // whether a piece lies exactly in the cell, or soon will
+
+void play_deck(const puzzle_kind &kind, bool wander);
+void play_keypad(const puzzle_kind &kind, bool wander);

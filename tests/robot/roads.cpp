@@ -1,0 +1,101 @@
+// roads.cpp: whole visits.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "game.h"
+#include "play.h"
+#include "records.h"
+#include "roads.h"
+#include "robot.h"
+#include "screens.h"
+
+#include <array>
+#include <csignal>
+#include <sstream>
+#include <string>
+#include <vector>
+
+static constexpr const char *PLAYER = "Ann Lee";
+static constexpr int FIRST = 0, SECOND = 2; // the counting puzzles
+
+static void check_files() {
+    robot_expect(game_data_file("scores") == records_scores_file(), "data/scores holds what was played");
+    robot_expect(game_data_file("prefs") == records_prefs_file(), "data/prefs holds the player's name");
+    std::istringstream lines(game_log());
+    for (std::string line; std::getline(lines, line);)
+        for (const char *bad : {"rror", "arning", "ut of memory", "ould not"})
+            robot_expect(line.find(bad) == std::string::npos, "the error log has no complaint such as \"" + line + "\"");
+}
+
+// From the title screen to the title screen.
+static void visit(const puzzle_kind &kind, const std::string &name, bool wander) {
+    robot_say(std::string("plays ") + kind.title);
+    static bool study_help_seen = false; // by this player; nobody is shown it before there is a name
+    title_select(kind);
+    title_study();
+    study_enter(kind, !records_name().empty() && !study_help_seen);
+    study_help_seen = !records_name().empty();
+    if (wander)
+        study_explore(kind);
+    study_play(name);
+    records_run_started(kind.type);
+    const double seconds = play_puzzle(kind, {.help_expected = records_log(kind.type).empty(), .wander = wander});
+    completion_confirm(kind, seconds);
+    score_log_record(kind, seconds);
+    robot_say(std::string("has completed ") + kind.title + " in " + std::to_string(records_log(kind.type)[0].seconds) +
+              " s");
+}
+
+static void leave() {
+    title_exit();
+    splash_finish();
+    check_files();
+    robot_say("has left; scores, prefs and log are right");
+}
+
+// What was played is there again after the next start.
+static void start_again(const std::vector<int> &played) {
+    game_start();
+    splash_leave();
+    for (const int type : played) {
+        title_select(puzzle_kind_of(type));
+        title_scores(puzzle_kind_of(type));
+    }
+    leave();
+}
+
+void road_short() {
+    game_start();
+    splash_leave();
+    title_help();
+    title_credits();
+    visit(puzzle_kind_of(FIRST), PLAYER, true);
+    visit(puzzle_kind_of(SECOND), "", false);
+    leave();
+    start_again({FIRST, SECOND});
+}
+
+void road_long() {
+    game_start();
+    splash_leave();
+    title_help();
+    title_credits();
+    title_name(PLAYER);
+    std::vector<int> all;
+    for (int type = 0; type < PUZZLE_COUNT; ++type) {
+        visit(puzzle_kind_of(type), "", true);
+        all.push_back(type);
+    }
+    leave();
+    start_again(all);
+}
+
+void road_signal() {
+    game_start();
+    splash_leave();
+    visit(puzzle_kind_of(FIRST), PLAYER, false);
+    game_signal(SIGTERM);
+    game_expect_exit();
+    check_files();
+    start_again({FIRST});
+}
