@@ -19,11 +19,13 @@
 #include "puzzles/background.h"
 #include "puzzles/board.h"
 #include "resources/archive.h"
+#include "screens/screen_table.h"
 #include "sound/sound.h"
 #include "sprites/effect.h"
 
 #include <SDL.h>
 #include <SDL_thread.h>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -38,10 +40,23 @@ constexpr int EXIT_NO_SDL = 1, EXIT_NO_START = -1;
 // Taken just before a normal exit, for the exit handler; 0 on every other way out.
 u32 open_web_page = 0;
 
+std::atomic<bool> loop_running = false; // nothing but the main loop may end the program meanwhile
+
 // --- Shutdown ------------------------------------------------------------------------------------
+
+void save() {
+    prefs_save();
+    best_times_save();
+}
 
 // Every step is safe when its start-up step never ran.
 void app_exit_handler() {
+    // A library has ended the program, as Xlib does when the display goes away, perhaps on the render thread: both
+    // threads still use what would be released here, but what was recorded must not be lost.
+    if (loop_running.exchange(false)) {
+        save();
+        return;
+    }
     screen_shutdown_all();
     effects_shutdown();
     board_free_background();
@@ -94,6 +109,10 @@ i32 load_saved() {
     return 1;
 }
 
+i32 start_screens() {
+    return screen_init_all(screen_table);
+}
+
 // In order. A negative result, which the step has logged, stops the program.
 // clang-format off
 constexpr i32 (*START_UP[])() = {
@@ -112,7 +131,7 @@ constexpr i32 (*START_UP[])() = {
     load_saved,
     board_reset_background,
     effects_init,
-    screen_init_all,
+    start_screens,
 };
 // clang-format on
 
@@ -188,9 +207,10 @@ void app_run() {
     SDL_Thread *renderer = SDL_CreateThread(render_thread, nullptr);
     if (renderer == nullptr)
         fail_with_sdl_error();
+    loop_running = true;
     main_loop();
-    prefs_save();
-    best_times_save();
+    loop_running = false;
+    save();
     SDL_WaitThread(renderer, nullptr);
     open_web_page = app->flags & APP_OPEN_WEB_PAGE;
     std::exit(EXIT_SUCCESS);

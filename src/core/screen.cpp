@@ -19,6 +19,8 @@ screen_id current = SCREEN_NONE;
 screen_id next = SCREEN_NONE;
 bool full_redraw = false; // the next recorded frame first restores the whole window
 
+const screen_operations *screens = nullptr; // borrowed from screen_init_all
+
 // The current screen's per-frame operations.
 operation current_update, current_draw, current_tick, current_late;
 
@@ -41,8 +43,9 @@ screen_id screen_current() {
     return current;
 }
 
-i32 screen_init_all() {
-    for (auto *init : screen_table.init)
+i32 screen_init_all(const screen_operations &table) {
+    screens = &table;
+    for (auto *init : screens->init)
         if (init != nullptr && init() < 0)
             return -1;
     screen_request(SCREEN_SPLASH);
@@ -52,11 +55,11 @@ i32 screen_init_all() {
 }
 
 void screen_activate(screen_id id) {
-    current_update = screen_table.update[id];
-    current_draw = screen_table.draw[id];
-    current_tick = screen_table.tick[id];
-    current_late = screen_table.late[id];
-    run(screen_table.enter[id]);
+    current_update = screens->update[id];
+    current_draw = screens->draw[id];
+    current_tick = screens->tick[id];
+    current_late = screens->late[id];
+    run(screens->enter[id]);
     full_redraw = true;
 }
 
@@ -86,7 +89,7 @@ void screen_end_frame() {
     run(current_late);
     if (next != current) {
         help_stop();
-        run(screen_table.leave[current]);
+        run(screens->leave[current]);
         current = next;
         screen_activate(current);
     }
@@ -94,8 +97,11 @@ void screen_end_frame() {
 }
 
 void screen_shutdown_all() {
-    for (auto *shutdown : screen_table.shutdown)
+    if (screens == nullptr)
+        return;
+    for (auto *shutdown : screens->shutdown)
         run(shutdown);
+    screens = nullptr;
     current = next = SCREEN_NONE;
     current_update = current_draw = current_tick = current_late = nullptr;
 }

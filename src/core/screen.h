@@ -20,9 +20,10 @@ struct screen_operations {
     void (*enter[SCREEN_COUNT])();    // when it becomes current
     void (*leave[SCREEN_COUNT])();    // when it stops being current
 };
-extern const screen_operations screen_table; // screens/screen_table.cpp
 
-[[nodiscard]] i32 screen_init_all(); // and enters the splash screen; 1, or -1 at the first screen that failed
+// Initialises every screen of the table, which must outlive them, and enters the splash screen. 1, or -1 at the
+// first screen that failed.
+[[nodiscard]] i32 screen_init_all(const screen_operations &table);
 void screen_shutdown_all();          // screens that were never initialised must bear it
 void screen_activate(screen_id id);  // enters a screen at once, without leaving the current one
 void screen_tick();

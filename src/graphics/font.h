@@ -29,5 +29,5 @@ struct text_size {
 void font_shutdown();
 
 text_size text_measure(const char *text);
-void text_wrap(char *text, i32 max_width); // turns spaces into line feeds, in place
+void text_wrap(char *text, i32 max_width);                             // turns spaces into line feeds, in place
 void text_draw(const char *text, i32 x, i32 y, rgb colour, u32 flags); // null draws nothing

@@ -3,7 +3,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/screen.h"
+#include "screens/screen_table.h"
+
 #include "screens/credits.h"
 #include "screens/dialog.h"
 #include "screens/play.h"
@@ -19,7 +20,7 @@ void none() {}
 } // namespace
 
 // clang-format off
-extern const screen_operations screen_table = {
+const screen_operations screen_table = {
     .init     = {play_init,   title_init,     study_init,     dialog_init,     score_log_init,     credits_init,     splash_init},
     .shutdown = {none,        title_shutdown, study_shutdown, dialog_shutdown, score_log_shutdown, credits_shutdown, splash_shutdown},
     .update   = {play_update, title_update,   study_update,   dialog_update,   score_log_update,   credits_update,   splash_update},

@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "ears.h"
 #include "eyes.h"
 #include "hands.h"
 #include "letters.h"
@@ -30,6 +31,7 @@ static void until_title(const std::string &title) {
 
 void dialog_answer(const std::string &question, bool yes) {
     until_title(question);
+    hands_move(AWAY.x, AWAY.y);
     const picture &first = library_picture("dialog/", YES), &second = library_picture("dialog/", NO);
     const int x = (WINDOW_WIDTH - 2 * first.width - ANSWER_GAP) >> 1;
     eyes_until_seen(first, x, ANSWER_Y);
@@ -47,6 +49,7 @@ static int ok_x() {
 
 void dialog_name(const std::string &name) {
     until_title("Enter your name");
+    hands_move(AWAY.x, AWAY.y);
     eyes_until_seen(library_picture("dialog/", OK), ok_x(), NAME_OK_Y);
     if (!name.empty()) {
         hands_type(name);
@@ -63,6 +66,7 @@ void return_dialog_stay() {
 
 void completion_confirm(const puzzle_kind &kind, double played_seconds) {
     until_title("Congratulations");
+    hands_move(AWAY.x, AWAY.y);
     const std::string message = std::string("You have completed the ") + kind.title + " puzzle.";
     letters_until(message, letters_center(message), FIRST_LINE_Y, YELLOW);
     const std::string praise = "You have achieved a Master's score!";

@@ -12,6 +12,7 @@
 
 #include <fcntl.h>
 #include <sys/ipc.h>
+#include <sys/prctl.h>
 #include <sys/shm.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,7 +26,7 @@
 static constexpr unsigned LEFT_BUTTON = 1;
 static constexpr int PRIVATE = 0600;
 static constexpr int NOT_STARTED = 127;
-static constexpr std::chrono::milliseconds STOP_PATIENCE{2000}, POLL{10};
+static constexpr std::chrono::milliseconds START_PATIENCE{10000}, STOP_PATIENCE{2000}, POLL{10};
 
 static display_options chosen;
 static std::string name;
@@ -42,6 +43,7 @@ pid_t process_start(const std::vector<std::string> &words, const char *output, c
     robot_expect(id >= 0, "a process can be started");
     if (id > 0)
         return id;
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // nothing outlives a robot that is killed
     const int out = open(output != nullptr ? output : "/dev/null", O_WRONLY | O_CREAT | O_APPEND, PRIVATE);
     dup2(out, STDOUT_FILENO);
     dup2(out, STDERR_FILENO);
@@ -92,6 +94,27 @@ static void share_screen() {
     shmctl(segment.shmid, IPC_RMID, nullptr); // it lives until both have let go
 }
 
+// A window manager says on the root window that it is there.
+static bool manager_ready() {
+    const Atom check = XInternAtom(connection, "_NET_SUPPORTING_WM_CHECK", False);
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0, rest = 0;
+    unsigned char *value = nullptr;
+    XGetWindowProperty(connection, DefaultRootWindow(connection), check, 0, 1, False, AnyPropertyType, &type, &format,
+                       &count, &rest, &value);
+    if (value != nullptr)
+        XFree(value);
+    return type != None;
+}
+
+static void wait_for_manager() {
+    for (auto waited = POLL; !manager_ready(); waited += POLL) {
+        robot_expect(waited < START_PATIENCE, "the window manager starts");
+        std::this_thread::sleep_for(POLL);
+    }
+}
+
 void display_start(const display_options &options) {
     chosen = options;
     name = start_server();
@@ -105,6 +128,7 @@ void display_start(const display_options &options) {
     if (options.window_manager) {
         const pid_t manager = process_start({"openbox"}, nullptr, "");
         robot_at_end([manager] { process_stop(manager); });
+        wait_for_manager();
     }
 }
 
@@ -130,6 +154,12 @@ void display_grab(view *into) {
 void display_move_pointer(point to) {
     XTestFakeMotionEvent(connection, -1, (2 * to.x + 1) * chosen.width / (2 * WINDOW_WIDTH),
                          (2 * to.y + 1) * chosen.height / (2 * WINDOW_HEIGHT), CurrentTime);
+    XFlush(connection);
+}
+
+void display_push_pointer(point by) {
+    XTestFakeRelativeMotionEvent(connection, by.x * chosen.width / WINDOW_WIDTH, by.y * chosen.height / WINDOW_HEIGHT,
+                                 CurrentTime);
     XFlush(connection);
 }
 

@@ -5,6 +5,7 @@
 #include "eyes.h"
 #include "robot.h"
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 #include <utility>
@@ -12,6 +13,7 @@
 using steady = std::chrono::steady_clock;
 
 static constexpr auto PAUSE = std::chrono::milliseconds(4); // between two looks
+static constexpr auto STILL = std::chrono::milliseconds(150); // longer than a slow game's frame
 static constexpr int GONE_VIEWS = 4;                        // views without a thing before it counts as gone
 
 static view now;
@@ -52,6 +54,10 @@ bool eyes_see(const picture &p, int x, int y) {
         any |= there > 0;
     }
     return any;
+}
+
+bool eyes_contradict(const picture &p, int x, int y) {
+    return std::any_of(p.probes.begin(), p.probes.end(), [&](int index) { return judge(p, index, x, y) == 0; });
 }
 
 double eyes_match(const picture &p, int x, int y) {
@@ -127,6 +133,27 @@ static std::string place(int x, int y) {
 
 void eyes_until_seen(const picture &p, int x, int y) {
     eyes_until("the picture " + p.name + " at " + place(x, y), [&] { return eyes_see(p, x, y); });
+}
+
+std::vector<color565> eyes_copy(const area &part) {
+    std::vector<color565> copy;
+    for (int y = part.y; y < part.y + part.h; ++y)
+        for (int x = part.x; x < part.x + part.w; ++x)
+            copy.push_back(now.pixels[static_cast<std::size_t>(y * WINDOW_WIDTH + x)]);
+    return copy;
+}
+
+void eyes_until_still(const std::string &what, const area &part) {
+    std::vector<color565> before;
+    auto since = steady::now();
+    eyes_until(what + " at rest", [&] {
+        std::vector<color565> seen = eyes_copy(part);
+        if (seen != before) {
+            before = std::move(seen);
+            since = steady::now();
+        }
+        return steady::now() - since > STILL;
+    });
 }
 
 void eyes_save(const std::string &path) {

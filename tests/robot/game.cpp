@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "display.h"
+#include "ears.h"
 #include "eyes.h"
 #include "game.h"
 #include "robot.h"
@@ -20,6 +21,7 @@
 namespace fs = std::filesystem;
 
 static constexpr double END_PATIENCE = 20; // seconds from the last click to the program's end
+static constexpr const char *RECORDING_PACE = "93"; // ms of sound that SDL writes at a time: real time
 static constexpr auto POLL = std::chrono::milliseconds(20);
 
 static game_options chosen;
@@ -81,8 +83,13 @@ static void set(const char *name, const std::string &value) {
 }
 
 void game_start() {
+    static int starts = 0;
+    const std::string recording = folder / ("sound" + std::to_string(++starts) + ".raw");
+    if (chosen.record_sound)
+        ears_open(recording);
     set("SDL_AUDIODRIVER", chosen.record_sound ? "disk" : "dummy");
-    set("SDL_DISKAUDIOFILE", chosen.record_sound ? game_sound_file() : "");
+    set("SDL_DISKAUDIOFILE", recording);
+    set("SDL_DISKAUDIODELAY", RECORDING_PACE);
     set("LD_PRELOAD", chosen.preload);
     set("LD_LIBRARY_PATH", chosen.library_path);
     running = process_start({"./tavimo"}, (folder / "said.txt").c_str(), folder / "bin");
@@ -116,8 +123,4 @@ std::string game_data_file(const std::string &name) {
 
 std::string game_log() {
     return file_bytes(folder / "bin" / "errorlog.log");
-}
-
-std::string game_sound_file() {
-    return folder / "sound.raw";
 }

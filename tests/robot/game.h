@@ -14,7 +14,7 @@ struct game_options {
     std::string program; // build/game/bin/tavimo; the archive lies in ../data beside it
     std::string preload; // a library put before the program's own, or empty
     std::string library_path;
-    bool record_sound = false; // into game_sound_file()
+    bool record_sound = false;
 };
 
 void game_prepare(const game_options &options); // makes the folder
@@ -24,4 +24,3 @@ void game_signal(int number);
 
 std::string game_data_file(const std::string &name); // the bytes of data/NAME; empty when there is none
 std::string game_log();                              // errorlog.log, of all starts so far
-std::string game_sound_file();                       // the path

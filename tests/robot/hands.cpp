@@ -32,6 +32,7 @@ static constexpr auto CLICK_TIME = std::chrono::milliseconds(300); // of a click
 
 static point here;  // where the robot's cursor is
 static point shift; // from there to the place where the pointer has to be put
+static bool pushes; // the game hears of the pointer's movements only
 
 static bool cursor_at(const cursor &c, point at) {
     return eyes_see(library_picture(c.picture), at.x - c.hot.x, at.y - c.hot.y);
@@ -63,27 +64,39 @@ static void overlook_cursor() {
     eyes_overlook(covered);
 }
 
+void hands_push() {
+    pushes = true;
+}
+
+// Moves the pointer so that the cursor should go from where it was seen to the goal.
+static void aim(point seen, point goal) {
+    if (pushes) {
+        display_push_pointer({goal.x - seen.x, goal.y - seen.y});
+        return;
+    }
+    shift = {shift.x + here.x - seen.x, shift.y + here.y - seen.y};
+    display_move_pointer({goal.x + shift.x, goal.y + shift.y});
+}
+
 // The game may follow the pointer's movements rather than its place, so that the two come apart at the window's
 // edges. Then the robot looks where the cursor went and allows for the difference.
 void hands_move(int x, int y) {
     using steady = std::chrono::steady_clock;
     const point goal = {x, y};
     eyes_overlook({});
-    display_move_pointer({x + shift.x, y + shift.y});
+    aim(here, goal);
+    here = goal;
     auto moved = steady::now();
     eyes_until("the mouse cursor at (" + std::to_string(x) + ", " + std::to_string(y) + ")", [&] {
         if (any_cursor_at(goal))
             return true;
         if (steady::now() - moved < std::chrono::duration<double>(LOST_SECONDS))
             return false;
-        if (const auto seen = find_cursor()) {
-            shift = {shift.x + x - seen->x, shift.y + y - seen->y};
-            display_move_pointer({x + shift.x, y + shift.y});
-        }
+        if (const auto seen = find_cursor())
+            aim(*seen, goal);
         moved = steady::now();
         return false;
     });
-    here = goal;
     overlook_cursor();
 }
 

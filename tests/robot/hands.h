@@ -14,9 +14,10 @@
 
 #include <string>
 
+void hands_push(); // from now on moves the pointer by so much, not to a place: for a game that hears only of that
 void hands_move(int x, int y);
 void hands_click(int x, int y);
-void hands_press_last(int x, int y); // the click after which the program ends
+void hands_press_last(int x, int y); // the click after which the program ends, too soon to be heard for certain
 void hands_key(unsigned long keysym);
 void hands_type(const std::string &text); // letters, digits, spaces; capitals with the shift key held
 

@@ -109,17 +109,20 @@ std::string letters_wrap(std::string text, int width) {
     return text;
 }
 
+// Some letters may be under the mouse cursor, but not all.
 static bool line_seen(const std::string &line, int x, int y, rgb8 color) {
+    bool any = false;
     for (const char c : line) {
         const letter *l = find_letter(c);
         if (l == nullptr)
             continue;
         const int top = y + l->below - l->shape->height;
-        if (!l->shape->probes.empty() && !eyes_see(colored(c, color), x, top))
+        if (eyes_contradict(colored(c, color), x, top))
             return false;
+        any |= eyes_see(colored(c, color), x, top);
         x += l->shape->width + GAP;
     }
-    return true;
+    return any || line.empty();
 }
 
 bool letters_seen(const std::string &text, int x, int y, rgb8 color) {

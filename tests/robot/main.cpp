@@ -1,6 +1,6 @@
 // main.cpp: tavimo-robot: plays the real program on a virtual display, by looking at it.
 //
-// usage: tavimo-robot --program PATH [--road short|long|signal] [--pictures DIR] [--failure PNG] [--audio]
+// usage: tavimo-robot --program PATH [--road short|long|signal] [--puzzle N]... [--pictures DIR] [--failure PNG] [--audio]
 //                     [--sdl2] [--depth32 LIBRARY]
 //
 // SPDX-License-Identifier: MIT
@@ -9,7 +9,9 @@
 #include "ears.h"
 #include "eyes.h"
 #include "game.h"
+#include "hands.h"
 #include "library.h"
+#include "puzzle_kinds.h"
 #include "roads.h"
 #include "robot.h"
 #include "screens.h"
@@ -19,31 +21,38 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <map>
 #include <string>
+#include <vector>
 
 static constexpr const char *USAGE =
-    "usage: tavimo-robot --program PATH [--road short|long|signal] [--pictures DIR] [--failure PNG]\n"
+    "usage: tavimo-robot --program PATH [--road short|long|signal] [--puzzle N]... [--pictures DIR] [--failure PNG]\n"
     "                    [--audio] [--sdl2 FOLDER] [--depth32 LIBRARY]\n"
     "  --program   the game, with its archive in ../data beside it\n"
     "  --road      short: two puzzles; long: all eleven; signal: ended by SIGTERM\n"
+    "  --puzzle    one puzzle of the long road by its number, several times for more; default: all\n"
     "  --pictures  folder for numbered pictures of the screens\n"
     "  --failure   where the screenshot goes when something expected is not seen\n"
     "  --audio     records the sound and checks it\n"
     "  --sdl2      folder of the SDL 1.2 library that stands on SDL 2; plays in full screen, scaled\n"
     "  --depth32   library that refuses 16-bit modes\n";
 
-static const std::map<std::string, void (*)()> ROADS = {
-    {"short", road_short}, {"long", road_long}, {"signal", road_signal}};
+// Odd, so that the middle of each of the game's pixels is a pixel of the display, which smooth scaling leaves as it is.
+static constexpr int SCALE = 3;
 
 struct options {
     game_options game;
     display_options display;
+    std::vector<int> puzzles;
     std::string road = "short", pictures, failure = "robot-failure.png";
 };
 
+[[noreturn]] static void refuse() {
+    std::fputs(USAGE, stderr);
+    std::exit(EXIT_FAILURE);
+}
+
 static options parse(int count, char **words) {
-    static const option KNOWN[] = {{"program", required_argument, nullptr, 'p'}, {"road", required_argument, nullptr, 'r'},
+    static const option KNOWN[] = {{"program", required_argument, nullptr, 'p'}, {"road", required_argument, nullptr, 'r'}, {"puzzle", required_argument, nullptr, 'z'},
                                    {"pictures", required_argument, nullptr, 'i'}, {"failure", required_argument, nullptr, 'f'},
                                    {"audio", no_argument, nullptr, 'a'},         {"sdl2", required_argument, nullptr, 's'},
                                    {"depth32", required_argument, nullptr, 'd'}, {nullptr, 0, nullptr, 0}};
@@ -52,21 +61,24 @@ static options parse(int count, char **words) {
         switch (c) {
         case 'p': chosen.game.program = optarg; break;
         case 'r': chosen.road = optarg; break;
+        case 'z': chosen.puzzles.push_back(std::atoi(optarg)); break;
         case 'i': chosen.pictures = optarg; break;
         case 'f': chosen.failure = optarg; break;
         case 'a': chosen.game.record_sound = true; break;
         case 'd': chosen.game.preload = std::filesystem::absolute(optarg); break;
         case 's':
             chosen.game.library_path = optarg;
-            chosen.display = {.width = 2 * WINDOW_WIDTH, .height = 2 * WINDOW_HEIGHT, .window_manager = true};
+            chosen.display = {.width = SCALE * WINDOW_WIDTH, .height = SCALE * WINDOW_HEIGHT, .window_manager = true};
+            hands_push();
             break;
-        default: chosen.road.clear();
+        default: refuse();
         }
     }
-    if (chosen.game.program.empty() || !ROADS.contains(chosen.road)) {
-        std::fputs(USAGE, stderr);
-        std::exit(EXIT_FAILURE);
-    }
+    if (chosen.puzzles.empty())
+        for (int type = 0; type < PUZZLE_COUNT; ++type)
+            chosen.puzzles.push_back(type);
+    if (chosen.game.program.empty())
+        refuse();
     return chosen;
 }
 
@@ -82,7 +94,14 @@ int main(int count, char **words) {
     game_prepare(chosen.game);
     if (!chosen.pictures.empty())
         screens_save_pictures(chosen.pictures);
-    ROADS.at(chosen.road)();
+    if (chosen.road == "short")
+        road_short();
+    else if (chosen.road == "long")
+        road_long(chosen.puzzles);
+    else if (chosen.road == "signal")
+        road_signal();
+    else
+        refuse();
     if (chosen.game.record_sound)
         ears_check();
     robot_say("is done: all was seen as expected");

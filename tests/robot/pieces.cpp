@@ -44,23 +44,32 @@ static picture without_edges(const picture &whole) {
     return picture_inset(whole, 1, 1, table.loose[RIGHT]->width, table.loose[BOTTOM]->height);
 }
 
-static picture make_face(const picture &label) {
-    const picture &base = library_picture(std::string(table.kind->folder) + "piece/base.xpm");
-    const int y = table.kind->label_on_top ? LABEL_TOP : (base.height >> 1) - (label.height >> 1);
-    return without_edges(picture_over(base, label, (base.width >> 1) - (label.width >> 1), y));
+static point label_place(const picture &body, const picture &label) {
+    return {(body.width >> 1) - (label.width >> 1),
+            table.kind->label_on_top ? LABEL_TOP : (body.height >> 1) - (label.height >> 1)};
 }
 
-// The body around the largest label.
+static picture make_face(const picture &label) {
+    const picture &base = library_picture(std::string(table.kind->folder) + "piece/base.xpm");
+    const point at = label_place(base, label);
+    return without_edges(picture_over(base, label, at.x, at.y));
+}
+
+// The body as far as no label covers it.
 static picture make_body() {
     picture body = without_edges(library_picture(std::string(table.kind->folder) + "piece/base.xpm"));
     for (const picture *label : table.labels) {
-        const int x = (body.width >> 1) - (label->width >> 1);
-        const int y = table.kind->label_on_top ? LABEL_TOP : (body.height >> 1) - (label->height >> 1);
-        for (int at = 0; at < body.width * body.height; ++at)
-            if (area{x, y, label->width, label->height}.holds({at % body.width, at / body.width}))
-                body.opaque[static_cast<std::size_t>(at)] = false;
+        const point at = label_place(body, *label);
+        for (int i = 0; i < body.width * body.height; ++i) {
+            const point on_label = {i % body.width - at.x, i / body.width - at.y};
+            if (area{0, 0, label->width, label->height}.holds(on_label) &&
+                label->opaque[static_cast<std::size_t>(on_label.y * label->width + on_label.x)])
+                body.opaque[static_cast<std::size_t>(i)] = false;
+        }
     }
-    return picture_inset(body, 0, 0, 0, 0);
+    body = picture_inset(body, 0, 0, 0, 0);
+    robot_expect(!body.probes.empty(), "the labels leave something of the pieces to be seen");
+    return body;
 }
 
 void pieces_open(const puzzle_kind &kind, bool study) {

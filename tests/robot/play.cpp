@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "ears.h"
 #include "eyes.h"
 #include "hands.h"
 #include "library.h"
@@ -91,6 +92,7 @@ static void drop_wrongly(const loose_piece &piece, const loose_piece &next) {
 }
 
 static void place(const loose_piece &piece, bool last) {
+    ears_note_placement();
     play_drag(piece.at, play_careless(pieces_place(piece.cell)), play_grip());
     if (!last && !play_snapped(piece.cell))
         robot_give_up("the piece \"" + pieces_label(piece.cell).name + "\" snaps into cell " +
@@ -143,5 +145,6 @@ double play_puzzle(const puzzle_kind &kind, const play_detours &detours) {
         play_keypad(kind, detours.wander);
         break;
     }
+    ears_note("puzzle_complete");
     return std::chrono::duration<double>(steady::now() - start).count();
 }

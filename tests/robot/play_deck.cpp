@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "ears.h"
 #include "eyes.h"
 #include "hands.h"
 #include "library.h"
@@ -15,6 +16,8 @@
 #include <vector>
 
 static constexpr int DECK_PIECE = 4;        // a piece taken from the deck lies this far from its corner
+static constexpr int FOLLOW_STEPS = 5;      // at least a frame each
+static constexpr int SLIDE = 60;            // a turned card slides less far than this
 static constexpr int NEXT_LEFT = 60;        // of the next button from the deck
 static constexpr int KEY_MARGIN = 3, KEY_GAP_X = 1, KEY_GAP_Y = 3;
 static constexpr int ENTER_KEY = 11;        // number on the keypad, read row by row
@@ -31,6 +34,13 @@ static void click_next(const puzzle_kind &kind) {
     const point at = {kind.deck.x - NEXT_LEFT, kind.deck.y + 4 + (card.height >> 1) - (button.height >> 1)};
     eyes_until_seen(button, at.x, at.y);
     hands_click(at.x + button.width / 2, at.y + button.height / 2);
+}
+
+// Cards that are being turned can be neither taken nor answered.
+static void until_deck_rests(const puzzle_kind &kind) {
+    const picture &card = library_picture(in(kind, "deck/base.xpm"));
+    hands_move(AWAY.x, AWAY.y);
+    eyes_until_still("the deck", {kind.deck.x - SLIDE, kind.deck.y - DECK_PIECE, card.width + 2 * SLIDE, card.height});
 }
 
 // --- Cards with labels -----------------------------------------------------------------------------------------
@@ -70,19 +80,27 @@ static int put_into_one_of(std::vector<int> cells, point from) {
     return -1;
 }
 
+// A piece that comes out of the deck follows the mouse by itself for its first frames, and twice as far as a held
+// one; so it is moved over small steps first.
 static void take_card(const puzzle_kind &kind, point to) {
-    const point piece = {kind.deck.x + DECK_PIECE, kind.deck.y + DECK_PIECE};
-    play_drag(piece, to, {pieces_size().x / 2, pieces_size().y / 2});
+    const point grip = {pieces_size().x / 2, pieces_size().y / 2};
+    const point from = {kind.deck.x + DECK_PIECE + grip.x, kind.deck.y + DECK_PIECE + grip.y};
+    hands_take(from.x, from.y);
+    for (int step = 1; step <= FOLLOW_STEPS; ++step)
+        hands_move(from.x - step, from.y);
+    hands_move(to.x + grip.x, to.y + grip.y);
+    hands_let_go();
 }
 
-static void wander_deck(const puzzle_kind &kind, const std::vector<picture> &faces) {
+static void wander_deck(const puzzle_kind &kind) {
     hands_key(XK_space); // the next card, while this one goes under the stack
-    const point aside = {40, 200};
-    until_card(kind, faces);
+    const point aside = {20, 200};
+    until_deck_rests(kind);
     take_card(kind, aside);
     hands_move(AWAY.x, AWAY.y);
     hands_key(XK_space); // the piece that was not placed goes back
     eyes_until_not("the piece that was taken back", [&] { return pieces_body_seen(aside); });
+    until_deck_rests(kind);
 }
 
 void play_deck(const puzzle_kind &kind, bool wander) {
@@ -91,10 +109,9 @@ void play_deck(const puzzle_kind &kind, bool wander) {
     for (int cell = 0; cell < pieces_count(); ++cell)
         open.push_back(cell);
     click_next(kind);
-    if (wander) {
-        until_card(kind, faces);
-        wander_deck(kind, faces);
-    }
+    until_deck_rests(kind);
+    if (wander)
+        wander_deck(kind);
     while (!open.empty()) {
         const int seen = until_card(kind, faces);
         if (open.size() * 2 == static_cast<std::size_t>(pieces_count()))
@@ -103,6 +120,8 @@ void play_deck(const puzzle_kind &kind, bool wander) {
         std::erase_if(cells, [&](int cell) { return std::find(open.begin(), open.end(), cell) == open.end(); });
         robot_expect(!cells.empty(), "the card \"" + pieces_label(seen).name + "\" has not been placed before");
         const int first = cells[0];
+        if (cells.size() == 1)
+            ears_note_placement();
         take_card(kind, play_careless(pieces_place(first)));
         if (open.size() == 1)
             return;
@@ -157,27 +176,38 @@ static int product(const puzzle_kind &kind, int cell) {
     return (kind.first_factor + cell / kind.columns) * (1 + cell % kind.columns);
 }
 
+// A card is turned away; the next one is answered wrongly and stays.
+static void wander_keypad(const puzzle_kind &kind, const std::vector<picture> &cards) {
+    hands_key(XK_space);
+    until_deck_rests(kind);
+    const std::vector<color565> before = eyes_copy(WHOLE_WINDOW);
+    const int asked = until_card(kind, cards);
+    ears_note("incorrect_number");
+    enter(kind, product(kind, asked) + 1);
+    screens_snap("wrong-answer");
+    hands_move(AWAY.x, AWAY.y);
+    eyes_until_still("the wrong answer's digits", WHOLE_WINDOW);
+    robot_expect(eyes_copy(WHOLE_WINDOW) == before, "a wrong answer leaves everything as it was");
+}
+
 void play_keypad(const puzzle_kind &kind, bool wander) {
     std::vector<picture> cards;
     for (int cell = 0; cell < pieces_count(); ++cell)
         cards.push_back(problem_card(kind, cell));
     const point piece = {kind.deck.x + DECK_PIECE, kind.deck.y + DECK_PIECE};
     click_next(kind);
-    if (wander) {
-        until_card(kind, cards);
-        hands_key(XK_space);
-        const int wrong = until_card(kind, cards);
-        enter(kind, product(kind, wrong) + 1);
-        screens_snap("wrong-answer");
-        eyes_until("the same problem after a wrong answer", [&] { return until_card(kind, cards) == wrong; });
-    }
+    until_deck_rests(kind);
+    if (wander)
+        wander_keypad(kind, cards);
     for (int left = pieces_count(); left > 0; --left) {
         const int cell = until_card(kind, cards);
+        ears_note("piece_emerge");
         enter(kind, product(kind, cell));
         eyes_until("the piece of " + cards[static_cast<std::size_t>(cell)].name,
                    [&] { return pieces_face_seen(cell, piece); });
         if (left == pieces_count() / 2)
             screens_snap("keypad");
+        ears_note_placement();
         play_drag(piece, play_careless(pieces_place(cell)), play_grip());
         if (left > 1)
             robot_expect(play_snapped(cell), "the piece of " + cards[static_cast<std::size_t>(cell)].name + " snaps");

@@ -75,19 +75,16 @@ void road_short() {
     start_again({FIRST, SECOND});
 }
 
-void road_long() {
+void road_long(const std::vector<int> &types) {
     game_start();
     splash_leave();
     title_help();
     title_credits();
     title_name(PLAYER);
-    std::vector<int> all;
-    for (int type = 0; type < PUZZLE_COUNT; ++type) {
+    for (const int type : types)
         visit(puzzle_kind_of(type), "", true);
-        all.push_back(type);
-    }
     leave();
-    start_again(all);
+    start_again(types);
 }
 
 void road_signal() {

@@ -4,6 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
+#include <vector>
+
 void road_short();  // both counting puzzles, every screen, and a second start
-void road_long();   // all eleven puzzles
+void road_long(const std::vector<int> &types); // these puzzles, with all detours
 void road_signal(); // a run, then SIGTERM; the second start knows the run

@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "ears.h"
 #include "eyes.h"
 #include "game.h"
 #include "hands.h"
@@ -73,10 +74,12 @@ void help_until_closed(const std::string &first_text, point at, int most_clicks)
 }
 
 void click_button(const picture &normal, int x, int y) {
+    ears_note("click");
     hands_click(x + normal.width / 2, y + normal.height / 2);
 }
 
 void until_button_and_click(const picture &normal, int x, int y) {
+    hands_move(AWAY.x, AWAY.y); // a button under the mouse looks different
     eyes_until_seen(normal, x, y);
     click_button(normal, x, y);
 }
@@ -91,10 +94,11 @@ static bool row_title_seen(int type, rgb8 color) {
     return letters_seen(puzzle_kind_of(type).title, ROW_TEXT_X, ROW_TEXT_Y + ROW_HEIGHT * puzzle_list_row(type), color);
 }
 
-// The row's picture as far as its text leaves it free.
+// The row's picture as far as its text and a master's mark leave it free.
 static bool row_seen(int type) {
     const picture &row = title_picture_of(ROWS + type);
-    const picture left = picture_inset(row, 0, 0, row.width - (ROW_TEXT_X - ROW_X - 1), 0);
+    const int mark_end = MARK_AT.x + title_picture_of(MARK).width - ROW_X;
+    const picture left = picture_inset(row, mark_end, 0, row.width - (ROW_TEXT_X - ROW_X - 1), 0);
     return eyes_see(left, ROW_X, ROW_TOP + ROW_HEIGHT * puzzle_list_row(type));
 }
 
@@ -175,6 +179,7 @@ void title_help() {
 }
 
 void title_select(const puzzle_kind &kind) {
+    ears_note("board_slide");
     hands_click(ROW_X + 90, ROW_TOP + ROW_HEIGHT * puzzle_list_row(kind.type) + ROW_HEIGHT / 2);
     const picture &p = title_picture_of(PUZZLES + kind.type);
     const int y = PICTURE_MIDDLE - (p.height >> 1);
@@ -189,6 +194,7 @@ void title_study() {
 }
 
 void title_scores(const puzzle_kind &kind) {
+    ears_note("score_log");
     click_column(SCORES, 5);
     score_log_check(kind);
     title_check();

@@ -17,6 +17,10 @@ namespace {
 
 constexpr rgb RED = {255, 0, 0};
 
+glyph &glyph_for(char c) {
+    return glyphs[static_cast<u8>(c)];
+}
+
 // White glyphs without the font's pictures: 'a' 4 x 10, 'b' 7 x 15 with 3 empty rows, ' ' 2 x 1 and empty.
 struct typecase {
     typecase() {
@@ -37,7 +41,7 @@ struct typecase {
     static void add(char c, i32 width, i32 height, i32 empty_rows) {
         image *working = block(width, height, empty_rows), *source = block(width, height, empty_rows);
         const i32 top = empty_rows < height ? empty_rows : 0;
-        glyphs[static_cast<u8>(c)] = {working, source, width, height, top, -1, -1, -1};
+        glyph_for(c) = {working, source, width, height, top, -1, -1, -1};
     }
 };
 
@@ -67,10 +71,9 @@ TEST(text, wraps_at_the_last_space) {
         i32 width;
         const char *wrapped;
     } ROWS[] = {
-        {"aa aa aa", 24, "aa aa\naa"},  {"aa aa aa", 23, "aa aa\naa"},
-        {"aa aa aa", 22, "aa\naa\naa"}, {"aaaaaaaa", 9, "aaaaaaaa"},
-        {"aa aa", 100, "aa aa"},        {"a#a a", 11, "a#a\na"},
-        {"a\naaa a", 18, "a\naaa\na"},  {"", 5, ""},
+        {"aa aa aa", 24, "aa aa\naa"}, {"aa aa aa", 23, "aa aa\naa"}, {"aa aa aa", 22, "aa\naa\naa"},
+        {"aaaaaaaa", 9, "aaaaaaaa"},   {"aa aa", 100, "aa aa"},       {"aaaa aa aa", 23, "aaaa\naa aa"},
+        {"a#a a", 11, "a#a\na"},       {"a\naaa a", 18, "a\naaa\na"}, {"", 5, ""},
     };
     for (const auto &row : ROWS) {
         char text[32];
@@ -129,7 +132,7 @@ TEST(text, is_recorded_around_its_last_line) {
 TEST(text, each_character_has_its_own_colour_in_one_list) {
     stage on(16);
     const typecase letters;
-    reinterpret_cast<u16 *>(glyphs['a'].source->pixels)[5] = pixel16::from_rgb({128, 64, 128});
+    reinterpret_cast<u16 *>(glyph_for('a').source->pixels)[5] = pixel16::from_rgb({128, 64, 128});
     on.show([] {
         text_draw("b", 10, 100, RED, 0);
         text_draw("b", 50, 100, {0, 255, 64}, TEXT_TO_BG);
@@ -145,7 +148,7 @@ TEST(text, each_character_has_its_own_colour_in_one_list) {
     EXPECT_EQ(background[91 * SCREEN_WIDTH + 50], pixel16::from_rgb({0, 252, 248 * 64 / 255}));
     EXPECT_EQ(pixel_at(90, 91), pixel16::from_rgb(RED));
     EXPECT_EQ(pixel_at(11, 191), pixel16::from_rgb({128, 32, 0}));
-    EXPECT_EQ(glyphs['a'].green, 128) << "a character off the screen is not coloured";
+    EXPECT_EQ(glyph_for('a').green, 128) << "a character off the screen is not coloured";
 }
 
 // An archive with a picture for each of these characters and names; each has its number of columns.
@@ -178,12 +181,12 @@ TEST(font, loads_a_picture_for_each_character_that_has_one) {
     ASSERT_EQ(font_init(), 1);
     const std::string marks = " !\"$%'()*+,-./:;<=>?@[\\]_";
     for (std::size_t i = 0; i < marks.size(); ++i)
-        EXPECT_EQ(glyphs[static_cast<u8>(marks[i])].width, static_cast<i32>(i) + 1) << marks[i];
-    EXPECT_EQ(glyphs['0'].width, 26);
-    EXPECT_EQ(glyphs['A'].width, 36);
-    EXPECT_EQ(glyphs['z'].width, 87);
-    EXPECT_EQ(glyphs['z'].top, 1);
-    EXPECT_EQ(glyphs[' '].top, 0);
+        EXPECT_EQ(glyph_for(marks[i]).width, static_cast<i32>(i) + 1) << marks[i];
+    EXPECT_EQ(glyph_for('0').width, 26);
+    EXPECT_EQ(glyph_for('A').width, 36);
+    EXPECT_EQ(glyph_for('z').width, 87);
+    EXPECT_EQ(glyph_for('z').top, 1);
+    EXPECT_EQ(glyph_for(' ').top, 0);
     EXPECT_EQ(std::count_if(std::begin(glyphs), std::end(glyphs), glyph_exists), 87);
     font_shutdown();
 

@@ -35,6 +35,7 @@ TEST_F(input_test, a_press_is_seen_in_its_first_frame_only) {
     fake_mouse_button(MOUSE_LEFT, true);
     ASSERT_EQ(input_init(), 1);
     EXPECT_EQ(game.log_text(), "Found 0 joystick(s).\n");
+    EXPECT_FALSE(key_pressed(SDLK_x));
     input_poll();
     EXPECT_FALSE(key_pressed(SDLK_x)) << "held since before the start";
     EXPECT_TRUE(mouse_pressed(MOUSE_LEFT)) << "a button held at the start counts";
@@ -64,6 +65,8 @@ TEST_F(input_test, a_press_is_seen_in_its_first_frame_only) {
     EXPECT_EQ(first_pressed_key(), SDLK_b);
     EXPECT_TRUE(shift_held() && ctrl_held());
     EXPECT_EQ(std::pair(mouse_x, mouse_y), std::pair(12, 345));
+    input_poll();
+    EXPECT_EQ(first_pressed_key(), 0) << "still held";
 }
 
 TEST_F(input_test, keys_type_what_stands_on_them) {

@@ -17,96 +17,81 @@ namespace fs = std::filesystem;
 
 class Prefs : public testing::Test {
 protected:
-    Prefs() { app = &state; }
+    Prefs() {
+        app = &state;
+        game.log_to_file();
+    }
     ~Prefs() override {
         std::free(state.player_name);
         app = nullptr;
         settings = 0;
     }
 
-    // Forgets everything, reads the file, and says what came of it: name (or -), completion flag.
+    // Forgets everything, reads the file, and says what came of it: result, name (or -), completion flag.
     std::string load() {
         std::free(state.player_name);
         state.player_name = nullptr;
         state.flags = 0;
         settings = SETTINGS_HELP;
-        result = prefs_load();
+        const std::string result = std::to_string(prefs_load());
+        EXPECT_EQ(settings & ~SETTINGS_COMPLETED, SETTINGS_HELP);
         const std::string name = app_has(APP_NAME_SET) ? state.player_name : "-";
-        return name + ((settings & SETTINGS_COMPLETED) != 0 ? " 1" : " 0");
+        return result + " " + name + ((settings & SETTINGS_COMPLETED) != 0 ? " 1" : " 0");
     }
-    file_bytes stored() const { return read_file(game.data("prefs")); }
+    file_bytes stored(const char *name = "prefs") const { return read_file(game.data(name)); }
 
     const temp_game game;
     app_state state = {};
-    i32 result = 0;
 };
 
 static const file_bytes NOBODY = {0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0};
 static const file_bytes ANN = {0, 0, 0, 1, 0, 0, 0, 3, 0xC1, 0xEE, 0xEE, 0, 0, 0, 1};
 
 TEST_F(Prefs, SavesAndLoads) {
-    game.log_to_file();
-    EXPECT_EQ(load(), "- 0");
-    EXPECT_EQ(result, -1);
+    EXPECT_EQ(load(), "-1 - 0");
     EXPECT_EQ(prefs_save(), 1);
     EXPECT_EQ(stored(), NOBODY);
-    EXPECT_EQ(load(), "- 0");
-    EXPECT_EQ(result, 1);
-    app_state_set_name(app, "Ann");
+    EXPECT_EQ(load(), "1 - 0");
     settings |= SETTINGS_COMPLETED;
-    EXPECT_EQ(prefs_save(), 1);
-    EXPECT_EQ(stored(), ANN);
-    EXPECT_EQ(load(), "Ann 1");
-    EXPECT_EQ(settings, SETTINGS_HELP | SETTINGS_COMPLETED);
     app_state_set_name(app, "A\xE4 \x80x"); // the byte that would be stored as a zero ends the name
     EXPECT_EQ(prefs_save(), 1);
-    EXPECT_EQ(load(), "A\xE4  1");
-    EXPECT_EQ(game.log_text(), "");
-}
-
-TEST_F(Prefs, ShorterContentLeavesStaleBytesBehind) {
+    EXPECT_EQ(load(), "1 A\xE4  1");
     app_state_set_name(app, "0123456789");
     EXPECT_EQ(prefs_save(), 1);
-    const file_bytes longer = stored();
-    settings |= SETTINGS_COMPLETED;
+    file_bytes expected = stored();
     app_state_set_name(app, "Ann");
     EXPECT_EQ(prefs_save(), 1);
-    file_bytes expected = ANN;
-    expected.insert(expected.end(), longer.end() - 7, longer.end());
-    EXPECT_EQ(stored(), expected);
-    EXPECT_EQ(load(), "Ann 1");
+    std::copy(ANN.begin(), ANN.end(), expected.begin());
+    EXPECT_EQ(stored(), expected) << "stale bytes stay behind";
+    EXPECT_EQ(load(), "1 Ann 1");
     EXPECT_EQ(prefs_save(), 1);
     EXPECT_FALSE(fs::exists(game.data("prefs.bad"))) << "stale bytes are no damage";
+    EXPECT_EQ(game.log_text(), "");
 }
 
 TEST_F(Prefs, DamagedFileIsKeptBeforeItIsWrittenOver) {
     struct row {
-        const char *what;
         file_bytes bytes;
         const char *loads;
         bool damaged;
     };
     std::vector<row> rows = {
-        {"negative length", {0, 0, 0, 1, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "- 0", true},
-        {"largest length", {0, 0, 0, 1, 0x7F, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "- 0", true},
-        {"one byte too long", {0, 0, 0, 1, 0, 0, 0, 5, 0, 0, 0, 1}, "- 0", true},
-        {"name without flag", {0, 0, 0, 1, 0, 0, 0, 1, 0xC1}, "A 0", true},
-        {"empty", {}, "- 0", false},
-        {"other version, other flag", {9, 9, 9, 9, 0, 0, 0, 1, 0xC1, 0, 0, 2, 0}, "A 1", false},
+        {{0, 0, 0, 1, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "1 - 0", true}, // a negative length
+        {{0, 0, 0, 1, 0x7F, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "1 - 0", true}, // the largest one
+        {{0, 0, 0, 1, 0, 0, 0, 5, 0, 0, 0, 1}, "1 - 0", true},             // one byte too long
+        {{9, 9, 9, 9, 0, 0, 0, 1, 0xC1, 0, 0, 2, 0}, "1 A 1", false},      // any version, any flag
+        {{}, "1 - 0", false},
     };
     for (std::size_t size = 1; size < ANN.size(); ++size)
-        rows.push_back({"cut", file_bytes(ANN.begin(), ANN.begin() + static_cast<std::ptrdiff_t>(size)),
-                        size < 11 ? "- 0" : "Ann 0", true});
-    game.log_to_file();
+        rows.push_back({file_bytes(ANN.begin(), ANN.begin() + static_cast<std::ptrdiff_t>(size)),
+                        size < 11 ? "1 - 0" : "1 Ann 0", true});
     for (const row &r : rows) {
-        SCOPED_TRACE(r.what + std::to_string(r.bytes.size()));
-        fs::remove(game.data("prefs.bad"));
+        SCOPED_TRACE(testing::PrintToString(r.bytes));
         write_file(game.data("prefs"), r.bytes);
         EXPECT_EQ(load(), r.loads);
-        EXPECT_EQ(result, 1);
         EXPECT_EQ(prefs_save(), 1);
         EXPECT_EQ(fs::exists(game.data("prefs.bad")), r.damaged);
-        EXPECT_EQ(read_file(game.data("prefs.bad")), r.damaged ? r.bytes : file_bytes());
+        EXPECT_EQ(stored("prefs.bad"), r.damaged ? r.bytes : file_bytes());
         EXPECT_EQ(load(), r.loads) << "what was read is kept";
         fs::remove(game.data("prefs.bad"));
         EXPECT_EQ(prefs_save(), 1);
@@ -114,8 +99,7 @@ TEST_F(Prefs, DamagedFileIsKeptBeforeItIsWrittenOver) {
     }
 }
 
-TEST_F(Prefs, FailuresAreLoggedAndSpareTheFile) {
-    game.log_to_file();
+TEST_F(Prefs, FailedSavesAreLoggedAndSpareTheFile) {
     fs::create_directory(game.data("prefs.bad")); // no copy can be made
     const file_bytes damaged = {1, 2, 3};
     write_file(game.data("prefs"), damaged);
@@ -133,7 +117,6 @@ TEST_F(Prefs, FailuresAreLoggedAndSpareTheFile) {
 }
 
 TEST_F(Prefs, ShortMemoryWritesNothing) {
-    game.log_to_file();
     fake_scope fakes;
     write_file(game.data("prefs"), ANN);
     load();

@@ -27,8 +27,8 @@ constexpr u32 DECK = BOARD_HAS_DECK, KEYPAD = BOARD_HAS_KEYPAD, TEXT = BOARD_CAR
 struct file_row {
     std::string name; // a series ends in a slash
     int count;
-    u32 needs;     // any of these features; 0: always
-    int w, h;      // pixels; w 0: the cell's size and h more
+    u32 needs; // any of these features; 0: always
+    int w, h;  // pixels; w 0: the cell's size and h more
 };
 
 // Visits each entry with its size.

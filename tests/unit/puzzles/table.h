@@ -41,8 +41,8 @@ struct puzzle_table {
 
     void open(const archive_builder &archive) const; // in place of the one that is open
     void frame(int count = 1) const;
-    int frames_while(u32 state_flag) const; // until it is clear, at most 1000
-    void press_key(i32 key) const;          // for one frame
+    int frames_while(u32 state_flag) const;               // until it is clear, at most 1000
+    void press_key(i32 key) const;                        // for one frame
     void type_keys(const std::vector<i32> &values) const; // on the keypad
 
     sprite *piece(i32 label) const;                            // the piece with this label

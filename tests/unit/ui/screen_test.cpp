@@ -54,7 +54,7 @@ template <int n> void leave() {
     { call<what, 0>, call<what, 1>, call<what, 2>, call<what, 3>, call<what, 4>, call<what, 5>, call<what, 6> }
 
 // The credits screen has no operations at all.
-extern const screen_operations screen_table = [] {
+const screen_operations screen_table = [] {
     screen_operations table = {
         .init = SEVEN(init),
         .shutdown = CALLS('s'),
@@ -81,7 +81,7 @@ struct screens_stage : ui_stage {
             wanted = SCREEN_NONE;
         EXPECT_EQ(help_init(), 1);
         trace.clear();
-        EXPECT_EQ(screen_init_all(), 1);
+        EXPECT_EQ(screen_init_all(screen_table), 1);
     }
     ~screens_stage() {
         screen_shutdown_all();
@@ -111,7 +111,7 @@ TEST(Screen, StartsWithTheSplashScreenAndStopsAtTheFirstFailure) {
     EXPECT_EQ(screen_current(), SCREEN_SPLASH);
     trace.clear();
     failing_init = 2;
-    EXPECT_EQ(screen_init_all(), -1);
+    EXPECT_EQ(screen_init_all(screen_table), -1);
     EXPECT_EQ(trace, "i0 i1 i2 ");
     trace.clear();
     screen_shutdown_all();
