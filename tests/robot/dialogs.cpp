@@ -127,8 +127,8 @@ void score_log_check(const puzzle_kind &kind) {
 
 static void check_date(const std::string &date) {
     std::tm when = {};
-    robot_expect(std::sscanf(date.c_str(), "%d-%d-%d %d:%d", &when.tm_year, &when.tm_mon, &when.tm_mday,
-                             &when.tm_hour, &when.tm_min) == 5,
+    robot_expect(std::sscanf(date.c_str(), "%d-%d-%d %d:%d", &when.tm_year, &when.tm_mon, &when.tm_mday, &when.tm_hour,
+                             &when.tm_min) == 5,
                  "the score log shows a date, not \"" + date + "\"");
     when.tm_year -= 1900;
     when.tm_mon -= 1;

@@ -68,9 +68,9 @@ static std::string start_server() {
     int ends[2];
     robot_expect(pipe(ends) == 0, "a pipe can be made");
     const std::string screen = std::to_string(chosen.width) + "x" + std::to_string(chosen.height) + "x24";
-    const pid_t server = process_start({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", screen,
-                                        "-nolisten", "tcp", "-noreset"},
-                                       nullptr, "");
+    const pid_t server = process_start(
+        {"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", screen, "-nolisten", "tcp", "-noreset"},
+        nullptr, "");
     close(ends[1]);
     robot_at_end([server] { process_stop(server); });
     std::string number;

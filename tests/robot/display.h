@@ -32,7 +32,7 @@ std::string display_name(); // ":7"
 void display_grab(view *into);
 
 void display_move_pointer(point to); // the game's pixels
-void display_push_pointer(point by);  // by so many pixels of the game, wherever it is
+void display_push_pointer(point by); // by so many pixels of the game, wherever it is
 void display_button(bool down);      // the left one
 void display_key(unsigned long keysym, bool down);
 

@@ -19,11 +19,11 @@
 
 using samples = std::vector<std::int16_t>;
 
-static constexpr std::size_t CHUNK = 8192;   // samples, both channels, that are played in one go: sounds begin there
-static constexpr std::size_t PATIENCE = 16;  // chunks after its cause in which a sound must begin
-static constexpr std::size_t BEFORE = 2;     // chunks by which the robot may be late to note a cause
-static constexpr double PRESENT = 0.6;       // share of a sound's strength that must be found to call it heard
-static constexpr double MOST = 0.9;          // of the placements: one may be cut off by the next in the same chunk
+static constexpr std::size_t CHUNK = 8192;  // samples, both channels, that are played in one go: sounds begin there
+static constexpr std::size_t PATIENCE = 16; // chunks after its cause in which a sound must begin
+static constexpr std::size_t BEFORE = 2;    // chunks by which the robot may be late to note a cause
+static constexpr double PRESENT = 0.6;      // share of a sound's strength that must be found to call it heard
+static constexpr double MOST = 0.9;         // of the placements: one may be cut off by the next in the same chunk
 static constexpr int LOUDEST = 32767, PLACEMENTS = 6;
 
 struct cause {
@@ -122,8 +122,8 @@ static bool heard(const samples &recording, const cause &c) {
 }
 
 static void check_level(const samples &recording, std::size_t first_chunk) {
-    const auto silence_end = recording.begin() + static_cast<std::ptrdiff_t>(
-                                                     std::min(first_chunk * CHUNK, recording.size()));
+    const auto silence_end =
+        recording.begin() + static_cast<std::ptrdiff_t>(std::min(first_chunk * CHUNK, recording.size()));
     robot_expect(std::all_of(recording.begin(), silence_end, [](int s) { return s == 0; }),
                  "it is silent before the first sound");
     robot_expect(std::none_of(recording.begin(), recording.end(), [](int s) { return s >= LOUDEST || s < -LOUDEST; }),
@@ -143,9 +143,9 @@ void ears_check() {
                 check_level(recording, c.chunk);
             first = false;
             const bool found = heard(recording, c);
-            robot_expect(c.sound.empty() || found,
-                         "the sound " + c.sound + " is heard " +
-                             std::to_string(c.chunk * CHUNK / 88200) + " seconds into recording " + std::to_string(file + 1));
+            robot_expect(c.sound.empty() || found, "the sound " + c.sound + " is heard " +
+                                                       std::to_string(c.chunk * CHUNK / 88200) +
+                                                       " seconds into recording " + std::to_string(file + 1));
             placements += c.sound.empty() ? 1U : 0U;
             placements_heard += c.sound.empty() && found ? 1U : 0U;
         }

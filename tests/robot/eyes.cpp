@@ -12,9 +12,9 @@
 
 using steady = std::chrono::steady_clock;
 
-static constexpr auto PAUSE = std::chrono::milliseconds(4); // between two looks
+static constexpr auto PAUSE = std::chrono::milliseconds(4);   // between two looks
 static constexpr auto STILL = std::chrono::milliseconds(150); // longer than a slow game's frame
-static constexpr int GONE_VIEWS = 4;                        // views without a thing before it counts as gone
+static constexpr int GONE_VIEWS = 4;                          // views without a thing before it counts as gone
 
 static view now;
 static area covered;
@@ -124,7 +124,8 @@ void eyes_until(const std::string &what, const std::function<bool()> &holds, dou
 }
 
 void eyes_until_not(const std::string &what, const std::function<bool()> &holds) {
-    watch(what + " no more", [&] { return !holds(); }, GONE_VIEWS, PATIENCE);
+    watch(
+        what + " no more", [&] { return !holds(); }, GONE_VIEWS, PATIENCE);
 }
 
 static std::string place(int x, int y) {

@@ -22,9 +22,9 @@ void eyes_look();
 const view &eyes_view();
 void eyes_overlook(const area &hidden); // what the mouse cursor covers now
 
-bool eyes_see(const picture &p, int x, int y);     // every opaque pixel that is inside the window
+bool eyes_see(const picture &p, int x, int y);        // every opaque pixel that is inside the window
 bool eyes_contradict(const picture &p, int x, int y); // some pixel is not there; nothing seen contradicts nothing
-double eyes_match(const picture &p, int x, int y); // the share of its opaque pixels that are there, 0..1
+double eyes_match(const picture &p, int x, int y);    // the share of its opaque pixels that are there, 0..1
 std::optional<point> eyes_find(const picture &p, const area &within); // its first place, corners in `within`
 std::vector<point> eyes_find_all(const picture &p, const area &within);
 
@@ -35,7 +35,7 @@ void eyes_until_seen(const picture &p, int x, int y);
 // Looks until it does not hold for several views in a row, so that a picture caught half drawn does not count.
 void eyes_until_not(const std::string &what, const std::function<bool()> &holds);
 
-std::vector<color565> eyes_copy(const area &part); // what is there now
+std::vector<color565> eyes_copy(const area &part);                // what is there now
 void eyes_until_still(const std::string &what, const area &part); // nothing moves there for a while
 
 // A check that runs while waiting; it returns what went wrong, or nothing.

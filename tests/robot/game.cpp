@@ -2,10 +2,10 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "game.h"
 #include "display.h"
 #include "ears.h"
 #include "eyes.h"
-#include "game.h"
 #include "robot.h"
 
 #include <sys/wait.h>
@@ -20,7 +20,7 @@
 
 namespace fs = std::filesystem;
 
-static constexpr double END_PATIENCE = 20; // seconds from the last click to the program's end
+static constexpr double END_PATIENCE = 20;          // seconds from the last click to the program's end
 static constexpr const char *RECORDING_PACE = "93"; // ms of sound that SDL writes at a time: real time
 static constexpr auto POLL = std::chrono::milliseconds(20);
 

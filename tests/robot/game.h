@@ -19,7 +19,7 @@ struct game_options {
 
 void game_prepare(const game_options &options); // makes the folder
 void game_start();
-void game_expect_exit();       // waits until the program has ended with status 0
+void game_expect_exit(); // waits until the program has ended with status 0
 void game_signal(int number);
 
 std::string game_data_file(const std::string &name); // the bytes of data/NAME; empty when there is none

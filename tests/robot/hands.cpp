@@ -2,9 +2,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "hands.h"
 #include "display.h"
 #include "eyes.h"
-#include "hands.h"
 #include "library.h"
 #include "robot.h"
 

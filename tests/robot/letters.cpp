@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "eyes.h"
 #include "letters.h"
+#include "eyes.h"
 #include "library.h"
 
 #include <algorithm>
@@ -17,12 +17,14 @@ static constexpr int FULL = 255;
 static constexpr int PULSE_DARKEST = 183, PULSE_STEP = 4; // greys of a pulsing text
 
 static constexpr std::array SIGNS = {
-    std::pair{' ', "space"},      std::pair{'!', "exclamation"}, std::pair{'"', "quote"},    std::pair{'%', "percent"},
-    std::pair{'$', "dollarsign"}, std::pair{'\'', "apostrophe"}, std::pair{'(', "lparen"},   std::pair{')', "rparen"},
-    std::pair{',', "comma"},      std::pair{'-', "dash"},        std::pair{'.', "period"},   std::pair{'/', "slash"},
-    std::pair{':', "colon"},      std::pair{';', "semicolon"},   std::pair{'=', "tavimo"},   std::pair{'+', "plus"},
-    std::pair{'<', "lessthan"},   std::pair{'>', "greaterthan"}, std::pair{'?', "question"}, std::pair{'*', "asterisk"},
-    std::pair{'@', "copy"},       std::pair{'[', "lbracket"},    std::pair{']', "rbracket"}, std::pair{'\\', "backslash"},
+    std::pair{' ', "space"},      std::pair{'!', "exclamation"}, std::pair{'"', "quote"},
+    std::pair{'%', "percent"},    std::pair{'$', "dollarsign"},  std::pair{'\'', "apostrophe"},
+    std::pair{'(', "lparen"},     std::pair{')', "rparen"},      std::pair{',', "comma"},
+    std::pair{'-', "dash"},       std::pair{'.', "period"},      std::pair{'/', "slash"},
+    std::pair{':', "colon"},      std::pair{';', "semicolon"},   std::pair{'=', "tavimo"},
+    std::pair{'+', "plus"},       std::pair{'<', "lessthan"},    std::pair{'>', "greaterthan"},
+    std::pair{'?', "question"},   std::pair{'*', "asterisk"},    std::pair{'@', "copy"},
+    std::pair{'[', "lbracket"},   std::pair{']', "rbracket"},    std::pair{'\\', "backslash"},
     std::pair{'_', "underscore"},
 };
 

@@ -14,7 +14,7 @@
 inline constexpr rgb8 WHITE = {255, 255, 255}, YELLOW = {255, 255, 0}, LIGHT_GREY = {235, 235, 235},
                       GREY = {200, 200, 200}, ORANGE = {230, 190, 0}, NAVY = {0, 0, 128}, BLACK = {0, 0, 0};
 
-int letters_width(const std::string &text); // of its widest line, pixels
+int letters_width(const std::string &text);  // of its widest line, pixels
 int letters_center(const std::string &text); // the left end of the text when it stands in the window's middle
 std::string letters_wrap(std::string text, int width);
 

@@ -1,7 +1,8 @@
 // main.cpp: tavimo-robot: plays the real program on a virtual display, by looking at it.
 //
-// usage: tavimo-robot --program PATH [--road short|long|signal] [--puzzle N]... [--pictures DIR] [--failure PNG] [--audio]
-//                     [--sdl2] [--depth32 LIBRARY]
+// usage: tavimo-robot --program PATH [--road short|long|signal] [--puzzle N]... [--pictures DIR] [--failure PNG]
+// [--audio]
+//                     [--sdl2 FOLDER] [--depth32 LIBRARY]
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -52,11 +53,17 @@ struct options {
 }
 
 static options parse(int count, char **words) {
-    static const option KNOWN[] = {{"program", required_argument, nullptr, 'p'}, {"road", required_argument, nullptr, 'r'}, {"puzzle", required_argument, nullptr, 'z'},
-                                   {"pictures", required_argument, nullptr, 'i'}, {"failure", required_argument, nullptr, 'f'},
-                                   {"audio", no_argument, nullptr, 'a'},         {"sdl2", required_argument, nullptr, 's'},
-                                   {"depth32", required_argument, nullptr, 'd'}, {nullptr, 0, nullptr, 0}};
+    static const option KNOWN[] = {{"program", required_argument, nullptr, 'p'},
+                                   {"road", required_argument, nullptr, 'r'},
+                                   {"puzzle", required_argument, nullptr, 'z'},
+                                   {"pictures", required_argument, nullptr, 'i'},
+                                   {"failure", required_argument, nullptr, 'f'},
+                                   {"audio", no_argument, nullptr, 'a'},
+                                   {"sdl2", required_argument, nullptr, 's'},
+                                   {"depth32", required_argument, nullptr, 'd'},
+                                   {nullptr, 0, nullptr, 0}};
     options chosen;
+    // clang-format off
     for (int c = 0; (c = getopt_long(count, words, "", KNOWN, nullptr)) != -1;) {
         switch (c) {
         case 'p': chosen.game.program = optarg; break;
@@ -74,6 +81,7 @@ static options parse(int count, char **words) {
         default: refuse();
         }
     }
+    // clang-format on
     if (chosen.puzzles.empty())
         for (int type = 0; type < PUZZLE_COUNT; ++type)
             chosen.puzzles.push_back(type);

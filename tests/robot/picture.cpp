@@ -14,8 +14,8 @@
 #include <sstream>
 
 static constexpr color565 KEY = to_565(0xEA, 0x00, 0x8A); // pictures are transparent where they have this colour
-static constexpr int CLOSE_RB = 1, CLOSE_G = 2;            // steps of the screen's red and blue, and of its green
-static constexpr std::uint64_t SCATTER = 2654435761U;      // spreads the probes; odd and far from any row length
+static constexpr int CLOSE_RB = 1, CLOSE_G = 2;           // steps of the screen's red and blue, and of its green
+static constexpr std::uint64_t SCATTER = 2654435761U;     // spreads the probes; odd and far from any row length
 
 bool color_close(color565 a, color565 b) {
     return a == b || (std::abs((a >> 11) - (b >> 11)) <= CLOSE_RB && std::abs((a & 0x1F) - (b & 0x1F)) <= CLOSE_RB &&

@@ -2,19 +2,19 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "pieces.h"
 #include "eyes.h"
 #include "library.h"
-#include "pieces.h"
 #include "robot.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <string>
 
-static constexpr int FRAME = 6;                  // pixels of the board's border that headings and cells leave free
-static constexpr int CELL_MARGIN = 3;            // of a cell, where its neighbours' edges may lie
-static constexpr int LABEL_TOP = 3;              // of a label that does not stand in the middle
-static constexpr int LONG_FIRST = 10, LONG_LAST = 30;   // places of features along the top and bottom edges
+static constexpr int FRAME = 6;                       // pixels of the board's border that headings and cells leave free
+static constexpr int CELL_MARGIN = 3;                 // of a cell, where its neighbours' edges may lie
+static constexpr int LABEL_TOP = 3;                   // of a label that does not stand in the middle
+static constexpr int LONG_FIRST = 10, LONG_LAST = 30; // places of features along the top and bottom edges
 static constexpr int SHORT_FIRST = 10, SHORT_LAST = 20; // and along the sides
 
 // Order of the four pictures of a series of edges.
@@ -206,8 +206,8 @@ int pieces_recognise(int lookalike, point at) {
     const piece_shape shape = read_piece(at);
     const std::vector<int> candidates = pieces_lookalikes(lookalike);
     const auto fit = [&](int cell) { return difference(table.shapes[static_cast<std::size_t>(cell)], shape); };
-    const int cell = *std::min_element(candidates.begin(), candidates.end(),
-                                       [&](int a, int b) { return fit(a) < fit(b); });
+    const int cell =
+        *std::min_element(candidates.begin(), candidates.end(), [&](int a, int b) { return fit(a) < fit(b); });
     robot_expect(fit(cell) == 0, "the piece \"" + pieces_label(cell).name + "\" at (" + std::to_string(at.x) + ", " +
                                      std::to_string(at.y) + ") has the shape of a cell; it is off by " +
                                      std::to_string(fit(cell)) + " pixels");

@@ -27,9 +27,9 @@ int pieces_count();
 point pieces_size();
 const picture &pieces_label(int cell);
 
-void pieces_until_board();           // the board's frame stands where it belongs
-bool pieces_cell_empty(int cell);    // the cell's own picture is seen
-point pieces_place(int cell);        // top-left corner of a piece that is placed there
+void pieces_until_board();                 // the board's frame stands where it belongs
+bool pieces_cell_empty(int cell);          // the cell's own picture is seen
+point pieces_place(int cell);              // top-left corner of a piece that is placed there
 bool pieces_face_seen(int cell, point at); // the piece that belongs in `cell`, with its label
 bool pieces_body_seen(point at);           // some piece, whatever its label
 int pieces_faces_missing();                // cells whose piece is not seen placed

@@ -2,12 +2,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "play.h"
 #include "ears.h"
 #include "eyes.h"
 #include "hands.h"
 #include "library.h"
 #include "pieces.h"
-#include "play.h"
 #include "play_deck.h"
 #include "robot.h"
 #include "screens.h"
@@ -18,10 +18,10 @@
 
 using steady = std::chrono::steady_clock;
 
-static constexpr int GRIP = 3;                // pixels from a piece's lower right corner to where it is held
-static constexpr point CARELESS = {2, -2};    // a drop is this far from the exact place, and must snap
-static constexpr double SNAP_SECONDS = 0.3;   // within which a drop that fits is seen to snap
-static constexpr point HELP_BUTTON = {730, 5}, RETURN_BUTTON = {730, 35};
+static constexpr int GRIP = 3;              // pixels from a piece's lower right corner to where it is held
+static constexpr point CARELESS = {2, -2};  // a drop is this far from the exact place, and must snap
+static constexpr double SNAP_SECONDS = 0.3; // within which a drop that fits is seen to snap
+static constexpr point HELP_BUTTON = {730, 5}, RETURN_BUTTON = {730, 35}, RETURN_MIDDLE = {760, 47};
 
 void play_drag(point piece, point to, point grip) {
     hands_take(piece.x + grip.x, piece.y + grip.y);
@@ -62,7 +62,7 @@ static void click_console(const puzzle_kind &kind, int number, point at) {
 
 static void wander_before(const puzzle_kind &kind) {
     click_console(kind, 1, HELP_BUTTON);
-    help_until_closed(kind.help, kind.help_at, kind.help_clicks);
+    help_until_closed(kind.help, kind.help_at, kind.help_clicks, RETURN_MIDDLE);
     until_begin(kind);
     hands_key(XK_Escape);
     return_dialog_stay();
@@ -81,7 +81,8 @@ static void drop_wrongly(const loose_piece &piece, const loose_piece &next) {
     const point wrong = pieces_place(elsewhere);
     play_drag(piece.at, wrong, play_grip());
     hands_move(AWAY.x, AWAY.y);
-    eyes_until("a piece that was dropped wrongly where it was dropped", [&] { return pieces_face_seen(piece.cell, wrong); });
+    eyes_until("a piece that was dropped wrongly where it was dropped",
+               [&] { return pieces_face_seen(piece.cell, wrong); });
     screens_snap("wrong-drop");
     const point grip = play_grip();
     hands_take(next.at.x + grip.x, next.at.y + grip.y);
@@ -112,7 +113,8 @@ static void play_in_sight(bool wander) {
         const bool last = i + 1 == pieces.size();
         if (last) {
             hands_move(AWAY.x, AWAY.y);
-            eyes_until("every piece but the last with its label in its cell", [] { return pieces_faces_missing() == 1; });
+            eyes_until("every piece but the last with its label in its cell",
+                       [] { return pieces_faces_missing() == 1; });
         }
         place(pieces[i], last);
         if (i == pieces.size() / 2)
@@ -123,7 +125,7 @@ static void play_in_sight(bool wander) {
 double play_puzzle(const puzzle_kind &kind, const play_detours &detours) {
     pieces_open(kind, false);
     if (detours.help_expected)
-        help_until_closed(kind.help, kind.help_at, kind.help_clicks);
+        help_until_closed(kind.help, kind.help_at, kind.help_clicks, RETURN_MIDDLE);
     until_begin(kind);
     pieces_until_board();
     screens_snap("begin");

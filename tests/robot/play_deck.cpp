@@ -2,12 +2,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "play_deck.h"
 #include "ears.h"
 #include "eyes.h"
 #include "hands.h"
 #include "library.h"
 #include "pieces.h"
-#include "play_deck.h"
 #include "robot.h"
 #include "screens.h"
 
@@ -15,14 +15,14 @@
 #include <string>
 #include <vector>
 
-static constexpr int DECK_PIECE = 4;        // a piece taken from the deck lies this far from its corner
-static constexpr int FOLLOW_STEPS = 5;      // at least a frame each
-static constexpr int SLIDE = 60;            // a turned card slides less far than this
-static constexpr int NEXT_LEFT = 60;        // of the next button from the deck
+static constexpr int DECK_PIECE = 4;   // a piece taken from the deck lies this far from its corner
+static constexpr int FOLLOW_STEPS = 5; // at least a frame each
+static constexpr int SLIDE = 60;       // a turned card slides less far than this
+static constexpr int NEXT_LEFT = 60;   // of the next button from the deck
 static constexpr int KEY_MARGIN = 3, KEY_GAP_X = 1, KEY_GAP_Y = 3;
-static constexpr int ENTER_KEY = 11;        // number on the keypad, read row by row
+static constexpr int ENTER_KEY = 11; // number on the keypad, read row by row
 static constexpr int DIGIT_ZERO_KEY = 10;
-static constexpr int FACTORS = 10;          // columns of the products
+static constexpr int FACTORS = 10; // columns of the products
 
 static std::string in(const puzzle_kind &kind, const char *name) {
     return std::string(kind.folder) + name;
@@ -139,8 +139,8 @@ void play_deck(const puzzle_kind &kind, bool wander) {
 static picture problem_card(const puzzle_kind &kind, int cell) {
     static constexpr int TIMES_SIGN = 11;
     const picture &card = library_picture(in(kind, "deck/base.xpm"));
-    const std::string text = std::to_string(kind.first_factor + cell / kind.columns) + "x" +
-                             std::to_string(1 + cell % kind.columns);
+    const std::string text =
+        std::to_string(kind.first_factor + cell / kind.columns) + "x" + std::to_string(1 + cell % kind.columns);
     std::vector<const picture *> signs;
     int width = 0, height = 0;
     for (const char c : text) {

@@ -11,18 +11,19 @@ using enum play_style;
 
 static constexpr const char *NEXT_PROBLEM = "Click the button to show the next problem.";
 static constexpr const char *NEXT_PIECE = "Click the button to show the next piece.";
-static constexpr const char *ADD_COINS = "Add the four coins in line with an item and find the piece showing the total.";
+static constexpr const char *ADD_COINS =
+    "Add the four coins in line with an item and find the piece showing the total.";
 
 // clang-format off
 static constexpr std::array<puzzle_kind, PUZZLE_COUNT> KINDS = {{
     {0, "Counting by 1's - 5's", "puzzle/mult_15/", BOX, false,
-     10, 5, {44, 34}, {58, 76}, 35, 5, 100, {}, {}, false, false, 0,
+     10, 5, {44, 34}, {58, 76}, 35, 5, 100, {}, {}, false, false, 1,
      {150, 240, 330, 360}, "Complete the puzzle by adding 1-5 to itself 10 times.", {14, 318}, 3},
     {1, "Multiplication 1 - 5", "puzzle/mult2_15/", KEYPAD, false,
      10, 5, {44, 34}, {60, 76}, 35, 50, 100, {330, 345}, {}, false, false, 1,
      {165, 270, 375, 390}, NEXT_PROBLEM, {28, 340}, 5},
     {2, "Counting by 6's - 10's", "puzzle/mult_610/", BOX, false,
-     10, 5, {44, 35}, {65, 77}, 35, 5, 100, {}, {}, false, false, 0,
+     10, 5, {44, 35}, {65, 77}, 35, 5, 100, {}, {}, false, false, 6,
      {150, 240, 330, 360}, "Complete the puzzle by adding 6-10 to itself 10 times.", {14, 318}, 3},
     {3, "Multiplication 6 - 10", "puzzle/mult2_610/", KEYPAD, false,
      10, 5, {44, 34}, {60, 76}, 35, 50, 100, {330, 345}, {}, false, false, 6,
@@ -40,7 +41,7 @@ static constexpr std::array<puzzle_kind, PUZZLE_COUNT> KINDS = {{
      10, 4, {55, 50}, {23, 45}, 51, 100, 100, {370, 395}, {3, 2}, false, true, 0,
      {190, 260, 345, 405}, NEXT_PIECE, {64, 452}, 5},
     {8, "Factors", "puzzle/factor/", DECK, false,
-     10, 10, {44, 34}, {61, 75}, 35, 5, 5, {384, 481}, {}, false, false, 0,
+     10, 10, {44, 34}, {61, 75}, 35, 5, 5, {384, 481}, {}, false, false, 1,
      {420, 585, 750, 810}, NEXT_PIECE, {88, 474}, 4},
     {9, "Adding Money", "puzzle/money/", AROUND, false,
      6, 6, {55, 50}, {77, 93}, 51, 2, 2, {}, {}, false, true, 0,

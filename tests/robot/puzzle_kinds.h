@@ -25,15 +25,15 @@ struct puzzle_kind {
     bool blinks_out; // placed pieces disappear after a while
 
     int columns, rows;
-    point cell;  // size
-    point grid;  // the first cell, from the board's corner
-    int pitch_y; // from one row to the next; columns are a pixel more than a cell apart
+    point cell;         // size
+    point grid;         // the first cell, from the board's corner
+    int pitch_y;        // from one row to the next; columns are a pixel more than a cell apart
     int top, study_top; // of the board, in play and in study mode
     point deck;
-    point card_label; // how far a label on a card is from its middle
+    point card_label;  // how far a label on a card is from its middle
     bool label_on_top; // of a piece, not in its middle
     bool cell_each;    // every cell has a picture of its own, not every row
-    int first_factor;  // of the first row, where products are typed
+    int first_factor;  // of the first row, where the pieces are products; 0: they are not
 
     std::array<int, 4> master_seconds; // the three masters', and the longest that still counts
     const char *help;                  // the first help bubble

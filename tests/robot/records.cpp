@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "puzzle_kinds.h"
 #include "records.h"
+#include "puzzle_kinds.h"
 
 #include <cctype>
 

@@ -23,7 +23,7 @@ struct place_record {
     std::string name;
 };
 
-const std::vector<run_record> &records_log(int type);                // newest first
+const std::vector<run_record> &records_log(int type); // newest first
 const std::array<place_record, PLACES> &records_masters(int type);
 bool records_mastered(int type); // by the present player
 

@@ -2,10 +2,11 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "roads.h"
 #include "game.h"
+#include "numbers.h"
 #include "play.h"
 #include "records.h"
-#include "roads.h"
 #include "robot.h"
 #include "screens.h"
 
@@ -24,13 +25,16 @@ static void check_files() {
     std::istringstream lines(game_log());
     for (std::string line; std::getline(lines, line);)
         for (const char *bad : {"rror", "arning", "ut of memory", "ould not"})
-            robot_expect(line.find(bad) == std::string::npos, "the error log has no complaint such as \"" + line + "\"");
+            robot_expect(line.find(bad) == std::string::npos,
+                         "the error log has no complaint such as \"" + line + "\"");
 }
 
 // From the title screen to the title screen.
 static void visit(const puzzle_kind &kind, const std::string &name, bool wander) {
     robot_say(std::string("plays ") + kind.title);
     static bool study_help_seen = false; // by this player; nobody is shown it before there is a name
+    if (numbers_known(kind))
+        numbers_check_labels(kind);
     title_select(kind);
     title_study();
     study_enter(kind, !records_name().empty() && !study_help_seen);

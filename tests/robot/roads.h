@@ -6,6 +6,6 @@
 
 #include <vector>
 
-void road_short();  // both counting puzzles, every screen, and a second start
+void road_short();                             // both counting puzzles, every screen, and a second start
 void road_long(const std::vector<int> &types); // these puzzles, with all detours
-void road_signal(); // a run, then SIGTERM; the second start knows the run
+void road_signal();                            // a run, then SIGTERM; the second start knows the run

@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "screens.h"
 #include "ears.h"
 #include "eyes.h"
 #include "game.h"
@@ -10,7 +11,6 @@
 #include "library.h"
 #include "records.h"
 #include "robot.h"
-#include "screens.h"
 #include "screens_parts.h"
 
 #include <array>
@@ -57,7 +57,7 @@ static bool help_seen_dark(const std::string &text, point at) {
     return false;
 }
 
-void help_until_closed(const std::string &first_text, point at, int most_clicks) {
+void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at) {
     const auto showing = [&] { return letters_seen_pulsing(first_text, at.x, at.y); };
     hands_move(AWAY.x, AWAY.y);
     eyes_until("the help \"" + first_text + "\"", showing);
@@ -65,7 +65,8 @@ void help_until_closed(const std::string &first_text, point at, int most_clicks)
     for (int click = 1; click <= most_clicks; ++click) {
         if (click == most_clicks)
             screens_snap("help");
-        hands_click(AWAY.x, AWAY.y);
+        hands_click(click_at.x, click_at.y);
+        hands_move(AWAY.x, AWAY.y);
         eyes_look();
         if (!showing())
             break;
@@ -175,7 +176,9 @@ void title_check() {
 
 void title_help() {
     click_column(HELP, 2);
-    help_until_closed("Click to select a puzzle.", {210, 115}, 2);
+    static constexpr point A_ROW = {120, ROW_TOP + 9 * ROW_HEIGHT + ROW_HEIGHT / 2}, CHOOSE_AT = {450, 200};
+    help_until_closed("Click to select a puzzle.", {210, 115}, 2, A_ROW);
+    letters_until("Choose a puzzle", CHOOSE_AT.x, CHOOSE_AT.y, LIGHT_GREY);
 }
 
 void title_select(const puzzle_kind &kind) {

@@ -16,8 +16,9 @@ inline constexpr point AWAY = {785, 200}; // where the mouse is over nothing on 
 void screens_save_pictures(const std::string &folder); // from now on
 void screens_snap(const std::string &name);            // one numbered picture, where they are saved
 
-// A sequence of help bubbles of which this is the first: waits for it and clicks until it is gone.
-void help_until_closed(const std::string &first_text, point at, int most_clicks);
+// A sequence of help bubbles of which this is the first: waits for it and clicks until it is gone, on something that
+// would answer if the bubbles did not take the clicks.
+void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at);
 
 void splash_leave();  // to the title screen
 void splash_finish(); // the closing layout: to the end of the program
@@ -25,11 +26,11 @@ void splash_finish(); // the closing layout: to the end of the program
 void title_check(); // list, marks of the mastered puzzles, name
 void title_help();
 void title_select(const puzzle_kind &kind);
-void title_study();      // to the study screen
+void title_study();                         // to the study screen
 void title_scores(const puzzle_kind &kind); // to the score log and back
-void title_credits();    // there and back
+void title_credits();                       // there and back
 void title_name(const std::string &name);
-void title_exit();       // first no, then yes: to the closing splash
+void title_exit(); // first no, then yes: to the closing splash
 
 // Waits for the full board; on a player's first visit the help shows by itself and is clicked away.
 void study_enter(const puzzle_kind &kind, bool help_expected);

@@ -18,6 +18,7 @@ struct study_button {
 };
 static constexpr study_button BACK = {1, 1}, PLAY = {13, 2}, HELP = {4, 3}, CLEAR = {7, 4}, FILL = {10, 5};
 static constexpr int COLUMN_RIGHT = 795, COLUMN_BOTTOM = 595, COLUMN_GAP = 5;
+static constexpr int BUTTON_INSIDE = 15; // pixels from a button's corner
 static constexpr int TEXT_WIDTH = 510, TEXT_Y = 595, HELP_BELOW_BOARD = 30;
 
 static point place_of(const study_button &button) {
@@ -33,7 +34,8 @@ static void click_study(const study_button &button) {
 static void close_help(const puzzle_kind &kind) {
     const std::string text = "Click spaces on the board to place or remove pieces.";
     const int board_height = library_picture(std::string(kind.folder) + "board/base.xpm").height;
-    help_until_closed(text, {letters_center(text), board_height + HELP_BELOW_BOARD}, 2);
+    help_until_closed(text, {letters_center(text), board_height + HELP_BELOW_BOARD}, 2,
+                      {place_of(BACK).x + BUTTON_INSIDE, place_of(BACK).y + BUTTON_INSIDE});
 }
 
 void study_enter(const puzzle_kind &kind, bool help_expected) {
@@ -48,8 +50,7 @@ void study_enter(const puzzle_kind &kind, bool help_expected) {
 }
 
 static void check_text(const puzzle_kind &kind) {
-    const std::string text =
-        letters_wrap(library_text("study" + std::to_string(kind.type) + ".txt"), TEXT_WIDTH);
+    const std::string text = letters_wrap(library_text("study" + std::to_string(kind.type) + ".txt"), TEXT_WIDTH);
     eyes_until("the study text of " + std::string(kind.title),
                [&] { return letters_seen(text, letters_center(text), TEXT_Y, NAVY); });
 }
