@@ -132,7 +132,7 @@ static bool read_entry_text(entry_text *text, const char *name) {
     if (descriptor < 0)
         return false;
     text->size = data_archive_current_size();
-    text->bytes = static_cast<char *>(std::malloc(static_cast<std::size_t>(text->size) + 1));
+    text->bytes = static_cast<char *>(std::malloc(static_cast<std::size_t>(std::max(text->size, 1))));
     file_reader *reader = file_reader_create_bounded(descriptor, text->size);
     if (text->bytes == nullptr)
         std::fprintf(stderr, "Warning: could not allocate memory for xpm buffer\n");

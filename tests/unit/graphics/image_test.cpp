@@ -186,9 +186,12 @@ TEST_P(Image, ImpossibleValuesFail) {
     };
     for (const char *values : {"2 2 1 1 0 0", "2 1 1 1 extension", "2 2 1 +1"})
         EXPECT_TRUE(loads(values)) << values;
-    for (const char *values : {"0 2 1 1", "2 0 1 1", "-2 2 1 1", "2 2 0 1", "2 2 1 0", "2 2 93 1", "2 2 1 10",
-                               "8193 2 1 1", "8192 8192 1 9", "4294967298 2 1 1", "2  2 1 1", "2 2 1", "x y z w"})
+    for (const char *values : {"0 2 1 1", "2 0 1 1", "-2 2 1 1", "2 2 0 1", "2 2 1 0", "2 2 1 10", "8193 2 1 1",
+                               "8192 8192 1 9", "4294967298 2 1 1", "2  2 1 1", "2 2 1", "x y z w"})
         EXPECT_FALSE(loads(values)) << values;
+    for (const std::size_t colors : {92U, 93U}) // there are 92 symbols of one character
+        EXPECT_EQ(load_last(game, {make_xpm(std::vector<std::string>(colors, "a c None"), {"a"})}) != nullptr,
+                  colors == 92);
 }
 
 TEST_P(Image, UnknownSymbolsAreNamed) {

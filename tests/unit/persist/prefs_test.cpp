@@ -53,6 +53,9 @@ TEST_F(Prefs, SavesAndLoads) {
     EXPECT_EQ(stored(), NOBODY);
     EXPECT_EQ(load(), "1 - 0");
     settings |= SETTINGS_COMPLETED;
+    EXPECT_EQ(prefs_load(), 1);
+    EXPECT_EQ(settings, SETTINGS_HELP) << "a stored zero clears the flag";
+    settings |= SETTINGS_COMPLETED;
     app_state_set_name(app, "A\xE4 \x80x"); // the byte that would be stored as a zero ends the name
     EXPECT_EQ(prefs_save(), 1);
     EXPECT_EQ(load(), "1 A\xE4  1");
