@@ -7,10 +7,12 @@
 #include "core/log.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/locks.h"
+#include "graphics/pixel.h"
 #include "graphics/render.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 // Rectangles whose place and size differ by no more than this become one.
 static constexpr i32 MERGE_DISTANCE = 10; // pixels
@@ -105,8 +107,40 @@ void dirty_add(i32 x, i32 y, i32 w, i32 h) {
         append(added);
 }
 
+// Most of an idle frame draws again what stands there already. The whole window is always shown: so it is after
+// something else has covered it.
+static bool needs_showing(const rect &area) {
+    if (lies_inside(WHOLE_SCREEN, area)) {
+        frame_copy(frames.shown, frames.screen, area);
+        return true;
+    }
+    const rect seen = rect_cut(area, frames.screen.width, frames.screen.height);
+    const std::size_t offset = static_cast<std::size_t>(seen.x) << video_format.shift;
+    const std::size_t bytes = static_cast<std::size_t>(seen.w) << video_format.shift;
+    bool changed = false;
+    for (i32 y = seen.y; y < seen.y + seen.h; ++y) {
+        const u8 *drawn = frame_row(frames.screen, y) + offset;
+        u8 *shown = frame_row(frames.shown, y) + offset;
+        if (std::memcmp(drawn, shown, bytes) != 0) {
+            std::memcpy(shown, drawn, bytes);
+            changed = true;
+        }
+    }
+    return changed;
+}
+
+static void drop_unchanged() {
+    const screen_access access;
+    i32 kept = 0;
+    for (const SDL_Rect &r : dirty_rects())
+        if (!access.open || needs_showing(from_sdl(r)))
+            dirty.rects[kept++] = r;
+    dirty.count = kept;
+}
+
 void dirty_flush() {
     lock_assert(surface_lock);
+    drop_unchanged();
     if (frames.surface != nullptr)
         SDL_UpdateRects(frames.surface, dirty.count, dirty.rects);
     dirty.count = 0;

@@ -31,20 +31,23 @@ bool frame_buffers_create(SDL_Surface *surface) {
     frames.background = buffer_create();
     if (frames.background.pixels != nullptr)
         frames.spare = buffer_create();
+    if (frames.spare.pixels != nullptr)
+        frames.shown = buffer_create();
     for (save_slot &slot : frames.slots)
         slot = NO_SLOT;
-    return frames.spare.pixels != nullptr;
+    return frames.shown.pixels != nullptr;
 }
 
 void frame_buffers_free() {
     std::free(frames.background.pixels);
     std::free(frames.spare.pixels);
+    std::free(frames.shown.pixels);
     for (save_slot &slot : frames.slots) {
         std::free(slot.pixels);
         slot = NO_SLOT;
     }
     frames.surface = nullptr;
-    frames.screen = frames.background = frames.spare = NO_BUFFER;
+    frames.screen = frames.background = frames.spare = frames.shown = NO_BUFFER;
 }
 
 // The pixels are asked for again each time, because a surface that needs locking may move between locks.

@@ -35,6 +35,7 @@ struct frame_buffers {
     frame_buffer screen;     // size 0 outside a screen_access
     frame_buffer background; // owned
     frame_buffer spare;      // owned
+    frame_buffer shown;      // owned; what the window shows, so that nothing is handed to SDL that has not changed
     save_slot slots[SAVE_SLOTS];
 };
 inline frame_buffers frames;

@@ -8,8 +8,8 @@
 #include "core/types.h"
 
 inline constexpr i32 MASTER_PLACES = 3;
-inline constexpr i32 LOG_LENGTH = 20;            // entries kept a puzzle
-inline constexpr u32 PLAYER_SEEN_STUDY = 0x800;  // bit of seen: the study screen's help was shown
+inline constexpr i32 LOG_LENGTH = 20;           // entries kept a puzzle
+inline constexpr u32 PLAYER_SEEN_STUDY = 0x800; // bit of seen: the study screen's help was shown
 
 struct score_entry {
     char *date; // owned, such as 2004-03-07 14:05

@@ -11,12 +11,12 @@
 
 #include <cstddef>
 
-int platform_open_read(const char *path);   // read-only
-int platform_open_write(const char *path);  // write-only, created (rw-rw-rw- less umask) if missing, not truncated
+int platform_open_read(const char *path);  // read-only
+int platform_open_write(const char *path); // write-only, created (rw-rw-rw- less umask) if missing, not truncated
 std::ptrdiff_t platform_read(int fd, void *bytes, std::size_t count); // goes on after interruptions and short reads
 std::ptrdiff_t platform_write(int fd, const void *bytes, std::size_t count); // likewise
-i32 platform_seek(int fd, i32 offset);      // from the file's start; the new position, or -1
-i32 platform_size(int fd);                  // bytes of the file, at most the largest i32; -1 on failure
+i32 platform_seek(int fd, i32 offset); // from the file's start; the new position, or -1
+i32 platform_size(int fd);             // bytes of the file, at most the largest i32; -1 on failure
 void platform_close(int fd);
 int platform_copy_file(const char *from, const char *to); // replaces `to` and waits for the disk; 0 or -1
 i32 platform_process_id();

@@ -18,9 +18,9 @@ int file_archive_seek(file_archive *archive, const char *name);    // the descri
 // The program's one archive, ..\data\data.dar.
 [[nodiscard]] i32 data_archive_open(); // 1 or -1
 void data_archive_close();
-int data_archive_open_entry(const char *name);  // descriptor at the entry's first byte (never close it), or -1
-i32 data_archive_entry_size(const char *name);  // bytes, or -1
-i32 data_archive_current_size();                // bytes of the entry opened last, or -1
+int data_archive_open_entry(const char *name); // descriptor at the entry's first byte (never close it), or -1
+i32 data_archive_entry_size(const char *name); // bytes, or -1
+i32 data_archive_current_size();               // bytes of the entry opened last, or -1
 
 // Reads "txt/NAME" whole into the owned block *text, resized and zero-terminated. Bytes read, -1 when there
 // is no such entry (block untouched), -2 when it could not be read whole.

@@ -100,8 +100,21 @@ static void place(const loose_piece &piece, bool last) {
                       std::to_string(piece.cell));
 }
 
-static void play_in_sight(bool wander) {
+// Takes up some piece and lays it down again: that ends the hint, which may lie over other pieces.
+static void lift_any() {
     hands_move(AWAY.x, AWAY.y);
+    std::vector<loose_piece> some;
+    eyes_until("a piece", [&] {
+        some = pieces_find_loose();
+        return !some.empty();
+    });
+    hands_take(some[0].at.x + play_grip().x, some[0].at.y + play_grip().y);
+    hands_let_go();
+    hands_move(AWAY.x, AWAY.y);
+}
+
+static void play_in_sight(bool wander) {
+    lift_any();
     std::vector<loose_piece> pieces;
     eyes_until("all pieces, none twice", [&] {
         pieces = pieces_find_loose();

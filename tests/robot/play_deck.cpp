@@ -15,10 +15,12 @@
 #include <string>
 #include <vector>
 
-static constexpr int DECK_PIECE = 4;   // a piece taken from the deck lies this far from its corner
-static constexpr int FOLLOW_STEPS = 5; // at least a frame each
-static constexpr int SLIDE = 60;       // a turned card slides less far than this
-static constexpr int NEXT_LEFT = 60;   // of the next button from the deck
+static constexpr int DECK_PIECE = 4;     // a piece taken from the deck lies this far from its corner
+static constexpr double RESEMBLES = 0.7; // share of a card that must be seen
+static constexpr double CLEARLY = 10;    // pixels by which it must be the better one
+static constexpr int FOLLOW_STEPS = 5;   // at least a frame each
+static constexpr int SLIDE = 60;         // a turned card slides less far than this
+static constexpr int NEXT_LEFT = 60;     // of the next button from the deck
 static constexpr int KEY_MARGIN = 3, KEY_GAP_X = 1, KEY_GAP_Y = 3;
 static constexpr int ENTER_KEY = 11; // number on the keypad, read row by row
 static constexpr int DIGIT_ZERO_KEY = 10;
@@ -45,25 +47,41 @@ static void until_deck_rests(const puzzle_kind &kind) {
 
 // --- Cards with labels -----------------------------------------------------------------------------------------
 
+// Cards as far as their labels reach.
 static std::vector<picture> card_faces(const puzzle_kind &kind) {
     const picture &card = library_picture(in(kind, "deck/base.xpm"));
     std::vector<picture> faces;
     for (int cell = 0; cell < pieces_count(); ++cell) {
         const picture &label = pieces_label(cell);
-        faces.push_back(picture_over(card, label, (card.width >> 1) - (label.width >> 1) + kind.card_label.x,
-                                     (card.height >> 1) - (label.height >> 1) + kind.card_label.y));
+        const int x = (card.width >> 1) - (label.width >> 1) + kind.card_label.x;
+        const int y = (card.height >> 1) - (label.height >> 1) + kind.card_label.y;
+        faces.push_back(picture_inset(picture_over(card, label, x, y), x, y, card.width - x - label.width,
+                                      card.height - y - label.height));
     }
     return faces;
 }
 
-// The number of the picture that is seen on the top card.
+// The number of the picture that the top card resembles clearly more than it resembles any other, or -1. Sparks may
+// play over the card for a moment after a piece was placed.
+static int guess_card(const puzzle_kind &kind, const std::vector<picture> &faces) {
+    std::vector<double> match;
+    for (const picture &face : faces)
+        match.push_back(eyes_match(face, kind.deck.x, kind.deck.y));
+    const auto best = static_cast<std::size_t>(std::max_element(match.begin(), match.end()) - match.begin());
+    double next = 0;
+    for (std::size_t i = 0; i < faces.size(); ++i)
+        if (match[i] > next && !picture_same(faces[i], faces[best]))
+            next = match[i];
+    const double margin = CLEARLY / static_cast<double>(faces[best].probes.size());
+    return match[best] >= RESEMBLES && match[best] >= next + margin ? static_cast<int>(best) : -1;
+}
+
 static int until_card(const puzzle_kind &kind, const std::vector<picture> &faces) {
     int seen = -1;
     eyes_until("a card on the deck", [&] {
-        for (std::size_t i = 0; i < faces.size() && seen < 0; ++i)
-            if (eyes_see(faces[i], kind.deck.x, kind.deck.y))
-                seen = static_cast<int>(i);
-        return seen >= 0;
+        const int before = seen;
+        seen = guess_card(kind, faces);
+        return seen >= 0 && seen == before;
     });
     return seen;
 }
