@@ -130,7 +130,7 @@ void knob_mask::extend_neck() {
 
 namespace {
 
-// The part of the frame that a picture shows: deep rows and columns along the edge, both inclusive.
+// What a picture shows of the frame: deep rows and columns along the edge, both inclusive.
 struct cut {
     int first_row, last_row, first_column, last_column;
 };

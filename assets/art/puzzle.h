@@ -1,4 +1,4 @@
-// puzzle.h: what the parts of a puzzle's folder share: its measures and its colours.
+// puzzle.h: what the pictures of a puzzle's folder share: its measures and its colours.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

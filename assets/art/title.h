@@ -1,4 +1,4 @@
-// title.h: the parts of the title's set that have a file of their own. Each returns or writes finished
+// title.h: those pictures of the title's set that have a file of their own. Each returns or writes finished
 // pictures; one thread, and nothing fails except by ending the program with a message.
 //
 // SPDX-License-Identifier: MIT

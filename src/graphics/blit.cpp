@@ -40,7 +40,7 @@ static void blit_clipped(const frame_buffer &to, const image &picture, i32 x, i3
     walk_spans<Pixel>(to, picture, x, y, rect_push_in(clip, to.width, to.height), copy_span<Pixel>);
 }
 
-// Walks the part of the picture that the command names, with the rule and the coloured ends of runs on top.
+// Walks what the command names of the picture, with the rule and the coloured ends of runs on top.
 template <class Pixel, class Rule> static void paint(const frame_buffer &to, const image_ex_operands &op, Rule rule) {
     const bool part = (op.mode & BLIT_SOURCE_RECT) != 0;
     const bool edge = (op.mode & BLIT_EDGE) != 0;

@@ -61,7 +61,7 @@ struct sprite {
     i32 vel_x, vel_y;                                         // hundredths of a pixel per frame
     i32 frac_x, frac_y;                                       // hundredths of a pixel travelled and not yet shown
     char *label_text;                                         // owned; null for none
-    i32 grow_w, grow_h;                                       // size of the part shown while growing
+    i32 grow_w, grow_h;                                       // size shown while growing
     i32 unfold_timer, unfold_phase;                           // frames left of the phase, and the phase
     i32 unfold_ext[SPRITE_EDGES];                             // pixels of each edge feature shown while unfolding
     i32 unfold_r, unfold_g, unfold_b;                         // colour of the label's silhouette; its low bytes count
