@@ -1,4 +1,4 @@
-// strings.h: owned strings, dates and hexadecimal digits. Main thread; failures are logged and return -1.
+// strings.h: owned strings, dates and hexadecimal digits. Main thread; failures return -1; string_printf logs them.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
