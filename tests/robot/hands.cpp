@@ -80,14 +80,13 @@ static void aim(point seen, point goal) {
 
 // The game may follow the pointer's movements rather than its place, so that the two come apart at the window's
 // edges. Then the robot looks where the cursor went and allows for the difference.
-void hands_move(int x, int y) {
+static void move_to(point goal) {
     using steady = std::chrono::steady_clock;
-    const point goal = {x, y};
     eyes_overlook({});
     aim(here, goal);
     here = goal;
     auto moved = steady::now();
-    eyes_until("the mouse cursor at (" + std::to_string(x) + ", " + std::to_string(y) + ")", [&] {
+    eyes_until("the mouse cursor at (" + std::to_string(goal.x) + ", " + std::to_string(goal.y) + ")", [&] {
         if (any_cursor_at(goal))
             return true;
         if (steady::now() - moved < std::chrono::duration<double>(LOST_SECONDS))
@@ -102,7 +101,13 @@ void hands_move(int x, int y) {
 
 // A pixel to the side: when the cursor is there, the game has noticed all that came before.
 static void nudge() {
-    hands_move(here.x + (here.x % 2 == 0 ? 1 : -1), here.y);
+    move_to({here.x + (here.x % 2 == 0 ? 1 : -1), here.y});
+}
+
+void hands_move(int x, int y) {
+    if (here == point{x, y})
+        nudge();
+    move_to({x, y});
 }
 
 void hands_click(int x, int y) {
@@ -110,7 +115,6 @@ void hands_click(int x, int y) {
     display_button(true);
     nudge();
     display_button(false);
-    nudge();
 }
 
 void hands_press_last(int x, int y) {

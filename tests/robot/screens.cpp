@@ -199,6 +199,7 @@ void title_study() {
 void title_scores(const puzzle_kind &kind) {
     ears_note("score_log");
     click_column(SCORES, 5);
+    hurry_score_log();
     score_log_check(kind);
     title_check();
 }
