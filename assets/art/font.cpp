@@ -31,6 +31,7 @@ constexpr int MIN_COVERAGE = 140; // of 255: 55 %
 constexpr int DARKEST = 0x90;     // grey level of a pixel that is just kept; full ink is white
 constexpr int PEN_GAP = 1;        // the pen adds it after every glyph
 constexpr int SPACE_ADVANCE = 4;
+constexpr int SMALL_LETTER = 7; // rows above the reference line
 constexpr int ASCENT_MAX = 15, DESCENT_MAX = 4; // rows above and below the reference line
 
 struct named_glyph {
@@ -144,12 +145,12 @@ void crop(grey_glyph &glyph) {
              .levels = levels};
 }
 
-// Whether most of the first column is ink, as in B or n.
+// Whether the first column is an upright stroke, as in B or n; a dash or an apostrophe is too low for one.
 bool begins_upright(const grey_glyph &glyph) {
     int ink = 0;
     for (int y = 0; y < glyph.height; ++y)
         ink += glyph.at(0, y) > 0;
-    return 2 * ink > glyph.height;
+    return 2 * ink > std::max(glyph.height, SMALL_LETTER);
 }
 
 // Writes a glyph so that its reference line comes out right; see the head of this file.
@@ -160,8 +161,9 @@ void save_glyph(grey_glyph glyph, const std::string &file) {
         fail("the glyph " + file + " is too high for the lines of a text");
     // Two neighbours with upright edges need more than the pen's column between them.
     const int least = PEN_GAP + (begins_upright(glyph) ? 1 : 0);
-    const int side = std::max(least, glyph.advance - glyph.width);
-    const int left = std::clamp(glyph.bearing, least - PEN_GAP, side - PEN_GAP);
+    // An apostrophe hangs over the letters and needs no room beside them.
+    const int side = above_line >= SMALL_LETTER ? PEN_GAP : std::max(least, glyph.advance - glyph.width);
+    const int left = std::clamp(glyph.bearing, std::min(least, side) - PEN_GAP, side - PEN_GAP);
     const int width = glyph.width + side - PEN_GAP;
     canvas picture(width, below + glyph.height + above_line);
     for (int y = 0; y < glyph.height; ++y) {
