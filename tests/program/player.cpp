@@ -3,14 +3,17 @@
 #include "program/player.h"
 
 #include "core/app.h"
+#include "core/help.h"
 #include "core/screen.h"
 #include "core/settings.h"
+#include "graphics/render.h"
 #include "input/input.h"
 #include "puzzles/board.h"
-#include "puzzles/cells.h"
 #include "puzzles/placement.h"
+#include "puzzles/puzzle_type.h"
 #include "sprites/sprite.h"
 #include "support/fake_sdl.h"
+#include "support/recording.h"
 #include "support/video_depth.h"
 
 #include <SDL.h>
@@ -32,10 +35,13 @@ void __wrap_SDL_PumpEvents();
 namespace {
 
 constexpr int USUAL_DEPTH = 16; // the mode that start-up asks for first
+constexpr int SCRIPT_FAILED = 99;
+constexpr int GO_ON = -1;
 
 // Whose turn it is. The game's frame begins with pumping SDL's events; there the script has its turn.
 bool script_runs = false;
 std::binary_semaphore game_turn{0}, script_turn{0};
+int exit_with = GO_ON; // the main thread's exit code in its next turn
 
 void run_script(const script &player) {
     script_turn.acquire();
@@ -50,6 +56,10 @@ void run_script(const script &player) {
     _exit(SCRIPT_FAILED);
 }
 
+void say_what_became_of_memory() {
+    std::fputs(app == nullptr ? "released\n" : "kept\n", stderr);
+}
+
 [[noreturn]] void child(int depth, const script &player, const std::string &errors) {
     if (std::freopen(errors.c_str(), "w", stderr) == nullptr)
         _exit(SCRIPT_FAILED);
@@ -60,6 +70,7 @@ void run_script(const script &player) {
     fake_time_start(1);
     if (depth != USUAL_DEPTH)
         fake_video_refuse([](int bits, u32) { return bits == USUAL_DEPTH; });
+    std::atexit(say_what_became_of_memory); // after the program's own handler, which comes later
     script_runs = true;
     std::thread(run_script, player).detach();
     app_run();
@@ -73,32 +84,32 @@ void __wrap_SDL_PumpEvents() {
         script_turn.release();
         game_turn.acquire();
     }
+    if (exit_with != GO_ON)
+        std::exit(exit_with);
 }
 
 game_folder::game_folder() {
     fs::create_symlink(TAVIMO_DATA_FILE, file("data/data.dar"));
 }
 
-std::string file_text(const fs::path &path) {
-    const file_bytes bytes = read_file(path);
+std::string game_folder::text(const std::string &name) const {
+    const file_bytes bytes = read_file(file(name));
     return {bytes.begin(), bytes.end()};
 }
 
-void write_text(const fs::path &path, const std::string &bytes) {
-    fs::remove(path);
-    write_file(path, to_bytes(bytes));
+void game_folder::write(const std::string &name, const std::string &text) const {
+    fs::remove(file(name));
+    write_file(file(name), to_bytes(text));
 }
 
 game_result play_game(const game_folder &folder, int depth, const script &player) {
-    const std::string errors = folder.file("said").string();
     std::fflush(nullptr);
     const pid_t pid = fork();
     if (pid == 0)
-        child(depth, player, errors);
+        child(depth, player, folder.file("said").string());
     int status = 0;
     waitpid(pid, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, file_text(errors),
-            file_text(folder.file("bin/errorlog.log"))};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.text("said"), folder.text("bin/errorlog.log")};
 }
 
 // --- For scripts ---------------------------------------------------------------------------------
@@ -118,9 +129,18 @@ void until(const char *what, const std::function<bool()> &holds, int limit) {
     }
 }
 
+void until_screen(screen_id id) {
+    until("the next screen shows", [id] { return screen_current() == id; });
+}
+
 void check(bool holds, const std::string &what) {
     if (!holds)
         fail_script("expected: " + what);
+}
+
+void exit_main_loop(int code) {
+    exit_with = code;
+    wait_frames(1);
 }
 
 void move_mouse(int x, int y) {
@@ -144,6 +164,13 @@ void click(int x, int y) {
     mouse_up();
 }
 
+void drag(int from_x, int from_y, int to_x, int to_y) {
+    mouse_down_at(from_x, from_y);
+    move_mouse((from_x + to_x) / 2, (from_y + to_y) / 2);
+    move_mouse(to_x, to_y);
+    mouse_up();
+}
+
 void hold_key(int key, bool down) {
     fake_key(key, down);
     wait_frames(1);
@@ -159,30 +186,60 @@ void type_text(const std::string &letters) {
         press(c);
 }
 
-void drag(int from_x, int from_y, int to_x, int to_y) {
-    mouse_down_at(from_x, from_y);
-    move_mouse((from_x + to_x) / 2, (from_y + to_y) / 2);
-    move_mouse(to_x, to_y);
-    mouse_up();
-}
-
-void until_screen(screen_id id) {
-    until("the next screen shows", [id] { return screen_current() == id; });
-}
-
 // --- The usual road ------------------------------------------------------------------------------
 
 namespace {
 
-constexpr int COLUMN_X = 720;     // inside every button of the right-hand columns
+constexpr int COLUMN_X = 720; // inside every button of the right-hand columns
+constexpr int COLUMN_LOWEST_Y = 579, COLUMN_PITCH = 36;
 constexpr int SPLASH_GO_Y = 495;  // continue, quit
 constexpr int SPLASH_REVEAL = 40; // frames, more than the reveal takes
 constexpr int SLIDE = 20;         // frames, more than a picture slide takes
 constexpr int ENTRANCE = 40;      // frames, more than a dialog's entrance takes
-constexpr int TITLE_STUDY_Y = 399, TITLE_EXIT_Y = 579;
-constexpr int STUDY_PLAY_Y = 543;
+constexpr int TITLE_EXIT = 1, TITLE_STUDY = 6, STUDY_PLAY = 2;
 constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
 constexpr int HELP_DEAF = 12; // frames until bubbles take clicks
+
+// Frames of the bubbles that show, and the two ends of their lines. The bubbles are recorded once more, aside.
+void read_bubbles(std::vector<rect> *frames, std::vector<rect> *ends) {
+    until("the render thread rests", [] {
+        const bool idle = render_begin_frame();
+        if (!idle)
+            render_end_frame();
+        return idle;
+    });
+    const draw_queue_state &q = draw_queue;
+    const bool pending = q.pending;
+    const i32 lengths[] = {q.lists[0].length, q.lists[1].length};
+    help_draw();
+    const draw_block &list = q.lists[q.recording];
+    for (i32 at = lengths[q.recording]; at < list.length; at += DRAW_COMMANDS[list.bytes[at]].size + 1) {
+        const u8 *operands = list.bytes + at + 1;
+        if (list.bytes[at] == DRAW_FRAME)
+            frames->push_back(recording_detail::operands_at<fill_operands>(operands).area);
+        if (list.bytes[at] == DRAW_LINE) {
+            const auto line = recording_detail::operands_at<line_operands>(operands);
+            ends->insert(ends->end(), {{line.x0, line.y0, 1, 1}, {line.x1, line.y1, 1, 1}});
+        }
+    }
+    for (const int i : {0, 1})
+        draw_queue.lists[i].length = lengths[i];
+    draw_queue.pending = pending;
+    render_end_frame();
+}
+
+void check_bubbles() {
+    std::vector<rect> frames, ends;
+    read_bubbles(&frames, &ends);
+    check(!frames.empty(), "help bubbles");
+    for (const rect &frame : frames) {
+        check(inside(frame, WHOLE_SCREEN), "bubbles on the screen");
+        for (const rect &other : frames)
+            check(&other == &frame || !overlap(frame, other), "bubbles that do not cover each other");
+    }
+    for (const rect &end : ends)
+        check(inside(end, WHOLE_SCREEN), "a bubble's line on the screen");
+}
 
 } // namespace
 
@@ -198,6 +255,10 @@ void leave_splash() {
     wait_frames(2);
 }
 
+void click_column(int n) {
+    click(COLUMN_X, COLUMN_LOWEST_Y - COLUMN_PITCH * (n - 1));
+}
+
 void select_puzzle(int list_position) {
     click(LIST_X, LIST_Y + LIST_PITCH * list_position);
     wait_frames(SLIDE);
@@ -207,19 +268,19 @@ void close_help() {
     for (int clicks = 0; settings_help_showing(); ++clicks) {
         check(clicks < 10, "clicks to close the help bubbles");
         wait_frames(HELP_DEAF);
+        check_bubbles();
         click(COLUMN_X, SCREEN_HEIGHT / 2);
     }
 }
 
 void study_selected() {
-    click(COLUMN_X, TITLE_STUDY_Y);
+    click_column(TITLE_STUDY);
     until_screen(SCREEN_STUDY);
     wait_frames(2);
-    close_help();
 }
 
 void start_playing(const char *name) {
-    click(COLUMN_X, STUDY_PLAY_Y);
+    click_column(STUDY_PLAY);
     until_screen(SCREEN_DIALOG);
     wait_frames(ENTRANCE);
     if (name != nullptr)
@@ -227,7 +288,6 @@ void start_playing(const char *name) {
     press(SDLK_RETURN);
     until_screen(SCREEN_PLAY);
     wait_frames(2);
-    close_help();
 }
 
 sprite *loose_piece(int skip) {
@@ -237,15 +297,17 @@ sprite *loose_piece(int skip) {
     return nullptr;
 }
 
+// The pictures of the labels are numbered like the cells that ask for them.
 void carry_to_cell(sprite *piece) {
     const board *b = the_board();
-    const sprite *cell = board_find_cell(b, piece->target_col, piece->target_row);
-    check(cell != nullptr, "the piece has a cell");
-    const int x = b->x + cell->x + 1, y = b->y + cell->y + 1;
+    const auto cell = static_cast<i32>(std::find(b->labels, b->labels + b->label_count, piece->label) - b->labels);
+    const int x = b->x + b->grid_x + cell % b->cols * (b->cell_w + COLUMN_GAP) + 1;
+    const int y = b->y + b->grid_y + cell / b->cols * puzzle_row_pitch(b->type) + 1;
     move_mouse(mouse_x + x - piece->x, mouse_y + y - piece->y);
     mouse_up();
-    check((piece->flags & SPRITE_FIXED) != 0, "the piece snaps into its cell");
+    check((piece->flags & SPRITE_FIXED) != 0, "the piece that the cell asks for snaps in");
     check(piece->x == x && piece->y == y, "the piece lies in its cell");
+    check(answers_its_cell(*b, *piece), "what the piece shows is what the cell asks");
 }
 
 void place_piece(sprite *piece) {
@@ -268,7 +330,7 @@ void finish_dialog_and_score_log() {
 }
 
 void leave_program() {
-    click(COLUMN_X, TITLE_EXIT_Y);
+    click_column(TITLE_EXIT);
     until_screen(SCREEN_DIALOG);
     wait_frames(ENTRANCE);
     press(SDLK_y);

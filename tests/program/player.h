@@ -22,19 +22,16 @@ struct game_folder {
     game_folder();
     temp_game game;
     std::filesystem::path file(const std::string &name) const { return game.root / name; }
+    std::string text(const std::string &name) const; // empty when there is no such file
+    void write(const std::string &name, const std::string &text) const;
 };
-
-std::string file_text(const std::filesystem::path &path);                     // empty when there is none
-void write_text(const std::filesystem::path &path, const std::string &bytes); // in place of what is there
 
 // What the child process ended with.
 struct game_result {
     int exit_code;    // -1: killed by a signal
-    std::string said; // standard error
+    std::string said; // standard error; its last line is "released" or "kept", what became of the game's memory
     std::string log;  // errorlog.log, of all runs in this folder
 };
-
-inline constexpr int SCRIPT_FAILED = 99; // exit code; the reason is in `said`
 
 using script = std::function<void()>;
 game_result play_game(const game_folder &folder, int depth, const script &player);
@@ -43,29 +40,36 @@ game_result play_game(const game_folder &folder, int depth, const script &player
 
 void wait_frames(int count);                                                        // lets the game run
 void until(const char *what, const std::function<bool()> &holds, int limit = 3000); // frames until it holds
-void check(bool holds, const std::string &what);                                    // ends the game when it does not
+void until_screen(screen_id id);
+void check(bool holds, const std::string &what); // ends the game when it does not hold
+void exit_main_loop(int code);                   // the main thread calls exit in the middle of its next frame
 
-void click(int x, int y);
-void press(int key);
+void move_mouse(int x, int y);
 void mouse_down_at(int x, int y);
 void mouse_up();
-void move_mouse(int x, int y);
-void type_text(const std::string &letters);
-void hold_key(int key, bool down);
+void click(int x, int y);
 void drag(int from_x, int from_y, int to_x, int to_y);
-void until_screen(screen_id id);
+void hold_key(int key, bool down);
+void press(int key);
+void type_text(const std::string &letters);
 
 // --- The usual road, step by step ----------------------------------------------------------------
 
 void leave_splash();                   // through the continue button to the title screen
+void click_column(int n);              // the nth button from the bottom of the column on the title and study screen
 void select_puzzle(int list_position); // on the title screen, until its picture stands
-void study_selected();                 // to the study screen, help bubbles closed
+void study_selected();                 // to the study screen
 void start_playing(const char *name);  // from the study screen through the name dialog; null keeps the name
-void close_help();
-void place_piece(sprite *piece);    // by dragging it from where it lies into its cell
-void carry_to_cell(sprite *piece);  // moves the mouse, which holds the piece, to its cell and lets go
-sprite *loose_piece(int skip = 0);  // the first piece that is not fixed yet, after skipping some; null for none
-void finish_dialog_and_score_log(); // from the completion dialog to the title screen
-void leave_program();               // from the title screen, through the exit dialog and the closing splash
+void close_help();                     // the bubbles one by one, each checked to stand whole on the screen
+void finish_dialog_and_score_log();    // from the completion dialog to the title screen
+void leave_program();                  // from the title screen, through the exit dialog and the closing splash
+
+sprite *loose_piece(int skip = 0); // the first piece that is not fixed yet, after skipping some; null for none
+void place_piece(sprite *piece);   // by dragging it from where it lies into the cell that asks for it
+void carry_to_cell(sprite *piece); // moves the mouse, which holds the piece, to that cell and lets go
 
 board *the_board();
+
+// answers.cpp: whether what the piece's picture shows is what the cell under it asks. From the pictures and the
+// mathematics, not from what the board knows; always true in a build without the programs that make the pictures.
+bool answers_its_cell(const board &b, const sprite &piece);

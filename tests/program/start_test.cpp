@@ -1,19 +1,18 @@
-// What start-up says and does when something is missing or damaged.
+// start_test.cpp: what start-up says and does when something is missing or damaged, and sudden ends.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "program/player.h"
 
 #include "core/app_state.h"
-#include "core/screen.h"
+#include "core/strings.h"
 #include "persist/best_times.h"
 
+#include <SDL.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
-#include <filesystem>
-#include <string>
 
 namespace fs = std::filesystem;
 
@@ -44,7 +43,8 @@ struct bad_archive {
 };
 
 TEST(start, without_a_usable_archive_says_why_and_stops) {
-    const std::string good = file_text(TAVIMO_DATA_FILE);
+    const game_folder whole;
+    const std::string good = whole.text("data/data.dar");
     ASSERT_GT(good.size(), 100000u);
     const bad_archive rows[] = {
         {"missing", "", "Could not open"},
@@ -59,7 +59,7 @@ TEST(start, without_a_usable_archive_says_why_and_stops) {
         if (row.bytes.empty())
             fs::remove(folder.file("data/data.dar"));
         else
-            write_text(folder.file("data/data.dar"), row.bytes);
+            folder.write("data/data.dar", row.bytes);
         const game_result result = play_game(folder, 16, walk_in_and_out);
         EXPECT_EQ(result.exit_code, EXIT_NO_START) << result.said;
         EXPECT_NE(result.log.find(row.message), std::string::npos) << result.log;
@@ -68,7 +68,7 @@ TEST(start, without_a_usable_archive_says_why_and_stops) {
 
 TEST(start, goes_on_without_a_sound_and_without_a_device) {
     const game_folder folder;
-    write_text(folder.file("data/data.dar"), without_entry(file_text(TAVIMO_DATA_FILE), "ogg/click.ogg"));
+    folder.write("data/data.dar", without_entry(folder.text("data/data.dar"), "ogg/click.ogg"));
     game_result result = play_game(folder, 16, walk_in_and_out);
     EXPECT_EQ(result.exit_code, 0) << result.said;
     EXPECT_NE(result.log.find("Warning: Could not open sound file ogg/click.ogg"), std::string::npos) << result.log;
@@ -88,18 +88,18 @@ TEST(start, goes_on_without_a_sound_and_without_a_device) {
 TEST(start, keeps_a_damaged_file_beside_the_new_one) {
     const game_folder folder;
     ASSERT_EQ(play_game(folder, 16, walk_in_and_out).exit_code, 0);
-    const std::string scores = file_text(folder.file("data/scores"));
+    const std::string scores = folder.text("data/scores");
     const std::string damaged = scores.substr(0, scores.size() / 2);
-    write_text(folder.file("data/scores"), damaged);
+    folder.write("data/scores", damaged);
     const std::string prefs(12, '\xFF');
-    write_text(folder.file("data/prefs"), prefs);
+    folder.write("data/prefs", prefs);
     const game_result result = play_game(folder, 16, [] {
         check(best_times_for_puzzle(0)->master_time[0] == 150, "what could be read stands");
         walk_in_and_out();
     });
     EXPECT_EQ(result.exit_code, 0) << result.said;
-    EXPECT_EQ(file_text(folder.file("data/scores.bad")), damaged);
-    EXPECT_EQ(file_text(folder.file("data/prefs.bad")), prefs);
+    EXPECT_EQ(folder.text("data/scores.bad"), damaged);
+    EXPECT_EQ(folder.text("data/prefs.bad"), prefs);
 }
 
 TEST(start, says_which_file_it_cannot_write) {
@@ -108,7 +108,44 @@ TEST(start, says_which_file_it_cannot_write) {
     const game_result result = play_game(folder, 16, walk_in_and_out);
     EXPECT_EQ(result.exit_code, 0) << result.said;
     EXPECT_NE(result.log.find("scores for writing"), std::string::npos) << result.log;
-    EXPECT_FALSE(file_text(folder.file("data/prefs")).empty());
+    EXPECT_FALSE(folder.text("data/prefs").empty());
+}
+
+// --- Sudden ends ---------------------------------------------------------------------------------
+
+// A signal ends the main loop. A library may end the program in its middle, on any thread: what the threads still
+// use must then not be released.
+TEST(ending, saves_what_was_recorded) {
+    constexpr int CODE = 3;
+    const struct {
+        const char *what;
+        void (*end)();
+        int exit_code;
+        const char *memory;
+    } ROWS[] = {
+        {"SIGTERM", [] { std::raise(SIGTERM); }, 0, "released\n"},
+        {"SIGINT", [] { std::raise(SIGINT); }, 0, "released\n"},
+        {"exit on the main thread", [] { exit_main_loop(CODE); }, CODE, "kept\n"},
+        {"exit on another thread", [] { std::exit(CODE); }, CODE, "kept\n"},
+    };
+    for (const auto &row : ROWS) {
+        SCOPED_TRACE(row.what);
+        const game_folder folder;
+        const game_result result = play_game(folder, 16, [&row] {
+            leave_splash();
+            app_state_set_name(app, "bob");
+            best_times_record(0, "bob", 1);
+            row.end();
+            wait_frames(50);
+            check(false, "the program ends");
+        });
+        EXPECT_EQ(result.exit_code, row.exit_code);
+        EXPECT_EQ(result.said, row.memory);
+        std::string stored = "bob";
+        string_shift(stored.data(), 128);
+        EXPECT_NE(folder.text("data/scores").find(stored), std::string::npos);
+        EXPECT_NE(folder.text("data/prefs").find(stored), std::string::npos);
+    }
 }
 
 } // namespace

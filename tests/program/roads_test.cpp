@@ -1,0 +1,294 @@
+// roads_test.cpp: all eleven puzzles played through the real screens, from the splash screen to the saved scores.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "program/player.h"
+
+#include "core/app_state.h"
+#include "core/screen.h"
+#include "core/settings.h"
+#include "input/input.h"
+#include "persist/best_times.h"
+#include "puzzles/board.h"
+#include "puzzles/puzzle_info.h"
+#include "sprites/number_entry.h"
+#include "sprites/sprite.h"
+#include "support/recording.h"
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr int KEY_HELP = 3, KEY_CLEAR = 4, KEY_FILL = 5; // on the study screen
+constexpr int FIRST_KEY = 2;                             // the keypad's keys come after the two console buttons
+constexpr int ENTER_KEY = 11;                            // the last of the keys
+constexpr int DELETE_KEY = 9;
+constexpr int FREE_X = 40, FREE_Y = 300; // no board reaches so far left
+
+int list_position(int type) {
+    return static_cast<int>(std::find(PUZZLE_LIST_ORDER, PUZZLE_LIST_ORDER + PUZZLE_COUNT, type) - PUZZLE_LIST_ORDER);
+}
+
+bool has_any(const sprite *piece, u32 flags) {
+    return (piece->flags & flags) != 0;
+}
+
+// Nothing that can be clicked lies off the screen, under the board or on another such thing.
+void check_room() {
+    const board *b = the_board();
+    std::vector<rect> areas = {{b->x, b->y, b->width, b->height}};
+    for (const button *shown : each(b->buttons))
+        areas.push_back({shown->x, shown->y, shown->width, shown->height});
+    if (board_has(b, BOARD_HAS_DECK)) // the lower cards stick out to the left
+        areas.push_back({b->deck_x - 4, b->deck_y, b->card_picture->width + 4, b->card_picture->height + 4});
+    for (const sprite *piece : each(b->pieces))
+        if (!has_any(piece, SPRITE_HIDDEN))
+            areas.push_back({piece->home_x, piece->home_y, piece->w, piece->h});
+    for (const rect &area : areas) {
+        check(inside(area, WHOLE_SCREEN), "everything on the screen");
+        for (const rect &other : areas)
+            check(&other == &area || !overlap(area, other), "everything beside each other");
+    }
+    for (const sprite *cell : each(b->cells))
+        check(inside({cell->x, cell->y, cell->w, cell->h}, {0, 0, b->width, b->height}), "the cells on the board");
+}
+
+// --- Detours -------------------------------------------------------------------------------------
+
+void study_shows_hides_and_fills() {
+    const board *b = the_board();
+    const auto shown = [b] {
+        return std::count_if(b->pieces->items, b->pieces->items + b->pieces->count,
+                             [](const sprite *piece) { return !has_any(piece, SPRITE_HIDDEN); });
+    };
+    check(shown() == b->pieces->count, "all pieces show in study mode");
+    const sprite *cell = b->cells->items[b->cols + 1];
+    const int x = b->x + cell->x + cell->w / 2, y = b->y + cell->y + cell->h / 2;
+    click(x, y);
+    check(shown() == b->pieces->count - 1, "a click takes the piece out");
+    click(x, y);
+    wait_frames(100);
+    check(shown() == b->pieces->count, "a second click brings it back");
+    click_column(KEY_CLEAR);
+    check(shown() == 0, "clear hides all");
+    click_column(KEY_FILL);
+    check(shown() == b->pieces->count, "fill shows all");
+}
+
+// Dropped beside its cell a piece stays; when another is taken it travels home.
+void wrong_drop_goes_home() {
+    sprite *piece = loose_piece();
+    const int home_x = piece->home_x, home_y = piece->home_y;
+    const int x = piece->x + piece->w / 2, y = piece->y + piece->h / 2;
+    drag(x, y, 400, 20);
+    check(!has_any(piece, SPRITE_FIXED) && piece->y < 20, "a wrong drop leaves the piece where it is");
+    check(piece->x == home_x + 400 - x && piece->y == home_y + 20 - y, "the piece moves with the mouse");
+    sprite *other = loose_piece(0) == piece ? loose_piece(1) : loose_piece(0);
+    drag(other->x + 20, other->y + 15, other->x + 22, other->y + 15);
+    until("the piece is home", [&] { return piece->x == home_x && piece->y == home_y; });
+    wait_frames(2);
+    check(board_is(the_board(), BOARD_CLOCK), "the clock runs");
+    move_mouse(1, 1);
+    check(!has_any(piece, SPRITE_PULSE) && !has_any(other, SPRITE_PULSE), "a piece pulses only under the mouse");
+}
+
+void leave_and_return() {
+    place_piece(loose_piece());
+    press(SDLK_ESCAPE);
+    until_screen(SCREEN_DIALOG);
+    wait_frames(40);
+    press(SDLK_n);
+    until_screen(SCREEN_PLAY);
+    wait_frames(2);
+    check(the_board()->placed == 1, "the same run goes on");
+}
+
+void until_deck_rests() {
+    until("the deck rests", [] { return !board_is(the_board(), BOARD_DECK_MOVING); });
+}
+
+// Holds the mouse on the top card until its piece has come off it.
+sprite *take_top_card() {
+    const board *b = the_board();
+    until_deck_rests();
+    sprite *piece = b->slot[0];
+    check(piece != nullptr, "a card lies on the deck");
+    mouse_down_at(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
+    wait_frames(3);
+    check(!has_any(piece, SPRITE_INERT | SPRITE_HIDDEN), "the piece comes off its card");
+    return piece;
+}
+
+// A taken piece that lies on the board goes back to the deck when the next card is turned, and comes again.
+void turn_away_a_taken_card() {
+    sprite *piece = take_top_card();
+    move_mouse(FREE_X, FREE_Y);
+    mouse_up();
+    const int before = the_board()->remaining;
+    press(SDLK_SPACE);
+    press(SDLK_SPACE); // ignored while the cards move
+    wait_frames(12);
+    check(has_any(piece, SPRITE_HIDDEN), "the piece vanishes");
+    check(the_board()->remaining == before + 1, "and counts again");
+    until_deck_rests();
+}
+
+// With no card left the deck cannot be turned: the last piece stays on the table.
+void drop_the_last_piece_beside_its_cell(const sprite *piece) {
+    move_mouse(FREE_X, FREE_Y);
+    mouse_up();
+    press(SDLK_SPACE);
+    wait_frames(12);
+    check(!has_any(piece, SPRITE_HIDDEN | SPRITE_INERT), "the last piece stays");
+    mouse_down_at(FREE_X, FREE_Y);
+}
+
+void press_key(int index) {
+    const button *key = the_board()->buttons->items[FIRST_KEY + index];
+    click(key->x + key->width / 2, key->y + key->height / 2);
+}
+
+void type_number(int number) {
+    for (const char digit : std::to_string(number))
+        press_key(digit == '0' ? DELETE_KEY + 1 : digit - '1');
+}
+
+int asked_on(const sprite *card) {
+    return std::atoi(card->label_text) * std::atoi(std::strchr(card->label_text, 'x') + 1);
+}
+
+void answer_wrongly() {
+    const board *b = the_board();
+    const sprite *piece = b->slot[0];
+    type_number(asked_on(piece) == 1 ? 2 : 1);
+    press_key(ENTER_KEY);
+    press(SDLK_SPACE); // ignored while an answer is being judged
+    until("the wrong digits are gone", [b] { return std::strlen(b->entry->text) == 0 && b->entry->flags == 0; });
+    check(b->slot[0] == piece, "the same problem stays on the card");
+    type_number(987);
+    press_key(DELETE_KEY);
+    check(number_entry_value(b->entry) == 98, "delete takes the last digit");
+    press(SDLK_SPACE);
+    until_deck_rests();
+    check(std::strlen(b->entry->text) == 0, "turning the deck clears the answer");
+}
+
+// --- The three ways of play ----------------------------------------------------------------------
+
+void play_deck() {
+    press(SDLK_SPACE);
+    until_deck_rests();
+    const int pieces = the_board()->pieces->count;
+    for (int placed = 0; placed < pieces; ++placed) {
+        if (placed == 1)
+            turn_away_a_taken_card();
+        if (placed % 7 == 3) {
+            press(SDLK_SPACE);
+            until_deck_rests();
+        }
+        sprite *piece = take_top_card();
+        if (placed == pieces - 1)
+            drop_the_last_piece_beside_its_cell(piece);
+        carry_to_cell(piece);
+        if (placed % 5 == 2 && placed < pieces - 1)
+            press(SDLK_SPACE); // while the next card comes up
+    }
+}
+
+void play_keypad() {
+    const board *b = the_board();
+    press(SDLK_SPACE);
+    until_deck_rests();
+    for (int placed = 0; placed < b->pieces->count; ++placed) {
+        if (placed == 1)
+            answer_wrongly();
+        sprite *piece = b->slot[0];
+        type_number(asked_on(piece));
+        press_key(ENTER_KEY);
+        until("the piece has grown out of its card",
+              [piece] { return !has_any(piece, SPRITE_INERT | SPRITE_HIDDEN | SPRITE_GROW); });
+        place_piece(piece);
+    }
+}
+
+void play_loose_pieces() {
+    wrong_drop_goes_home();
+    leave_and_return();
+    for (sprite *piece = loose_piece(); piece != nullptr; piece = loose_piece())
+        place_piece(piece);
+}
+
+void play(int type, const char *name) {
+    select_puzzle(list_position(type));
+    study_selected();
+    const board *b = the_board();
+    check(b->type == type, "the chosen puzzle");
+    check(!settings_help_showing() || name == nullptr, "no help before there is a name");
+    click_column(KEY_HELP);
+    close_help();
+    study_shows_hides_and_fills();
+    start_playing(name);
+    close_help();
+    check(b->pieces->count == b->cols * b->rows && b->placed == 0, "all its pieces, and none placed");
+    check((b->state & ~BOARD_DECK_CLOSED) == 0, "a fresh run");
+    check_room();
+    if (board_has(b, BOARD_HAS_KEYPAD))
+        play_keypad();
+    else if (board_has(b, BOARD_HAS_DECK))
+        play_deck();
+    else
+        play_loose_pieces();
+    check(b->placed == b->pieces->count, "every piece is placed");
+    finish_dialog_and_score_log();
+}
+
+void check_run(int type) {
+    const puzzle_scores *scores = best_times_for_puzzle(type);
+    check(scores->log->count == 1, "one run in the log");
+    check(std::string(scores->log->items[0]->name) == "ann", "her name in the log");
+}
+
+// Pairs of unlike types, so that each meets what another one left behind.
+using road = std::pair<int, int>;
+constexpr road ROADS[] = {{0, 2}, {1, 9}, {6, 3}, {5, 4}, {8, 7}, {10, 0}};
+
+class roads : public testing::TestWithParam<std::tuple<road, int>> {};
+
+TEST_P(roads, are_played_to_their_end_and_saved) {
+    const auto [types, depth] = GetParam();
+    const game_folder folder;
+    game_result result = play_game(folder, depth, [types = types] {
+        leave_splash();
+        play(types.first, "ann");
+        play(types.second, nullptr);
+        leave_program();
+    });
+    EXPECT_EQ(result.exit_code, 0) << result.said;
+    EXPECT_EQ(result.said, "released\n");
+    EXPECT_EQ(result.log.find("Error"), std::string::npos) << result.log;
+    EXPECT_EQ(result.log.find("Warning"), std::string::npos) << result.log;
+    const std::string depth_line = "Color depth is " + std::to_string(depth);
+    EXPECT_NE(result.log.find(depth_line), std::string::npos) << result.log;
+
+    result = play_game(folder, depth, [types = types] {
+        check(std::string(app->player_name) == "ann" && (settings & SETTINGS_COMPLETED) != 0, "she is remembered");
+        check_run(types.first);
+        check_run(types.second);
+        leave_splash();
+        select_puzzle(list_position(types.second));
+        study_selected();
+        check(!settings_help_showing(), "help opens by itself only once");
+        start_playing(nullptr);
+        check(!settings_help_showing() && the_board()->placed == 0, "a new run without help");
+        exit_main_loop(0);
+    });
+    EXPECT_EQ(result.exit_code, 0) << result.said;
+}
+
+INSTANTIATE_TEST_SUITE_P(all, roads, testing::Combine(testing::ValuesIn(ROADS), testing::Values(16, 32)));
+
+} // namespace

@@ -1,0 +1,110 @@
+// title_test.cpp: the ways from the title screen that the roads do not take, by keys and by buttons.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "program/player.h"
+
+#include "core/app_state.h"
+#include "core/settings.h"
+#include "input/input.h"
+#include "puzzles/board.h"
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int BACK = 1, HELP = 2, CREDITS = 3, NAME = 4, SCORES = 5; // of the column, from the bottom
+constexpr int FACTORS = 8, FRACTIONS = 7;                            // the types at the end of the list
+
+void visit_credits() {
+    click_column(CREDITS);
+    until_screen(SCREEN_CREDITS);
+    wait_frames(10);
+    press(SDLK_SPACE); // shows all at once
+    press(SDLK_SPACE);
+    until_screen(SCREEN_TITLE);
+}
+
+// What the player is called after these keys in the name dialog.
+std::string named_by(const std::function<void()> &keys) {
+    click_column(NAME);
+    until_screen(SCREEN_DIALOG);
+    wait_frames(40);
+    keys();
+    press(SDLK_KP_ENTER);
+    until_screen(SCREEN_TITLE);
+    wait_frames(2);
+    return app->player_name;
+}
+
+void choose_a_name() {
+    check(named_by([] {}) == "Anonymous", "a name for those who give none");
+    check(named_by([] { type_text("ben"); }) == "ben", "typing replaces the old name");
+    check(named_by([] {}) == "ben", "the old name stands when nothing is typed");
+    const std::string name = named_by([] {
+        type_text("xy\b\b\b");
+        hold_key(SDLK_LSHIFT, true);
+        press(SDLK_a);
+        hold_key(SDLK_LSHIFT, false);
+        type_text("bcdefghijklmnopqrs");
+    });
+    check(name == "Abcdefghijklmnop", "sixteen characters, capital with shift");
+}
+
+void choose_by_keys() {
+    press(SDLK_UP);
+    for (const auto &[key, presses, type] : {std::tuple{SDLK_DOWN, 3, FACTORS}, {SDLK_UP, 1, FRACTIONS}}) {
+        for (int i = 0; i < presses; ++i)
+            press(key);
+        wait_frames(20);
+        study_selected();
+        check(the_board()->type == type, "the arrow keys stop at the list's end");
+        close_help();
+        click_column(BACK);
+        until_screen(SCREEN_TITLE);
+        wait_frames(2);
+    }
+}
+
+void play_in_debug_mode() {
+    study_selected();
+    start_playing(nullptr);
+    close_help();
+    const board *b = the_board();
+    press(SDLK_SPACE);
+    type_text("qzkvxhwnyrt");
+    check(app_has(APP_DEBUG), "the debug mode");
+    press(SDLK_d);
+    check(b->placed == 0, "nothing without Ctrl");
+    hold_key(SDLK_LCTRL, true);
+    press(SDLK_d);
+    check(b->placed == b->pieces->count - 3, "all but three pieces are placed");
+    press(SDLK_c);
+    hold_key(SDLK_LCTRL, false);
+    finish_dialog_and_score_log();
+}
+
+TEST(title, takes_names_and_keys_and_leads_everywhere) {
+    const game_folder folder;
+    const game_result result = play_game(folder, 16, [] {
+        leave_splash();
+        click_column(HELP);
+        check(settings_help_showing(), "help");
+        close_help();
+        visit_credits();
+        choose_a_name();
+        choose_by_keys();
+        play_in_debug_mode();
+        click_column(SCORES);
+        until_screen(SCREEN_SCORE_LOG);
+        wait_frames(100);
+        press(SDLK_SPACE); // shows all at once
+        press(SDLK_SPACE);
+        until_screen(SCREEN_TITLE);
+        leave_program();
+    });
+    EXPECT_EQ(result.exit_code, 0) << result.said;
+}
+
+} // namespace
