@@ -153,7 +153,7 @@ constexpr int LOOSE = COLUMNS * ROWS - 1;
 
 // --- The jigsaw ----------------------------------------------------------------------------------
 
-// Between neighbours: +1 the left (upper) piece carries the tab. Tabs go where the print leaves room.
+// Tabs go where the print leaves room.
 constexpr int ACROSS[ROWS][COLUMNS - 1] = {{1, -1}, {1, -1}, {1, -1}};
 constexpr int DOWN[ROWS - 1][COLUMNS] = {{1, 1, 1}, {-1, 1, -1}};
 
@@ -162,8 +162,7 @@ piece_shape scene_shape(int column, int row) {
             .y = FIRST_Y + row * PIECE_H,
             .w = PIECE_W,
             .h = PIECE_H,
-            .sides = {row > 0 ? -DOWN[row - 1][column] : 0, column + 1 < COLUMNS ? ACROSS[row][column] : 0,
-                      row + 1 < ROWS ? DOWN[row][column] : 0, column > 0 ? -ACROSS[row][column - 1] : 0},
+            .sides = sides_in_grid(ACROSS, DOWN, column, row),
             .knob = KNOB};
 }
 

@@ -11,6 +11,7 @@
 #include "canvas.h"
 
 #include <array>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -38,6 +39,16 @@ struct piece_shape {
     double knob = 0;
 };
 void piece_path(cairo_t *cr, const piece_shape &shape, double dx = 0, double dy = 0);
+
+// The sides of a piece in a grid whose outer border is straight. The tables hold the joints between neighbours:
+// +1 where the left (upper) piece carries the tab, -1 where it has the socket.
+template <std::size_t rows, std::size_t columns>
+std::array<int, 4> sides_in_grid(const int (&across)[rows][columns - 1], const int (&down)[rows - 1][columns],
+                                 int column, int row) {
+    const int last_column = static_cast<int>(columns) - 1, last_row = static_cast<int>(rows) - 1;
+    return {row > 0 ? -down[row - 1][column] : 0, column < last_column ? across[row][column] : 0,
+            row < last_row ? down[row][column] : 0, column > 0 ? -across[row][column - 1] : 0};
+}
 
 // A piece that lies in its place: flat, `edge` pixels of light and shade inside its line.
 void paint_flat_piece(cairo_t *cr, const piece_shape &shape, rgb face_colour, rgb joint, double edge = 1);

@@ -145,7 +145,7 @@ constexpr std::array<table_piece, COLUMNS *ROWS> PIECES = {{
     {-1, print_star},
 }};
 
-// Between neighbours: +1 the left (upper) piece carries the tab.
+// The picture's joints.
 constexpr int ACROSS[ROWS][COLUMNS - 1] = {{1, -1, 1}, {-1, 1, -1}, {1, -1, -1}};
 constexpr int DOWN[ROWS - 1][COLUMNS] = {{-1, 1, -1, 1}, {1, -1, 1, -1}};
 
@@ -154,8 +154,7 @@ piece_shape table_shape(int column, int row) {
             .y = FIRST_Y + row * PIECE_H,
             .w = PIECE_W,
             .h = PIECE_H,
-            .sides = {row > 0 ? -DOWN[row - 1][column] : 0, column + 1 < COLUMNS ? ACROSS[row][column] : 0,
-                      row + 1 < ROWS ? DOWN[row][column] : 0, column > 0 ? -ACROSS[row][column - 1] : 0},
+            .sides = sides_in_grid(ACROSS, DOWN, column, row),
             .knob = KNOB};
 }
 
