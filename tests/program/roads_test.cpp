@@ -68,11 +68,18 @@ void study_shows_hides_and_fills() {
     check(shown() == b->pieces->count, "all pieces show in study mode");
     const sprite *cell = b->cells->items[b->cols + 1];
     const int x = b->x + cell->x + cell->w / 2, y = b->y + cell->y + cell->h / 2;
+    const auto in_cell = [&] {
+        return std::any_of(b->pieces->items, b->pieces->items + b->pieces->count, [&](const sprite *piece) {
+            return piece->x == b->x + cell->x + 1 && piece->y == b->y + cell->y + 1;
+        });
+    };
     click(x, y);
     check(shown() == b->pieces->count - 1, "a click takes the piece out");
     click(x, y);
+    check(!in_cell(), "a second click lets it fly in");
+    click(x, y); // changes nothing meanwhile
     wait_frames(100);
-    check(shown() == b->pieces->count, "a second click brings it back");
+    check(shown() == b->pieces->count && in_cell(), "the piece is back in its cell");
     click_column(KEY_CLEAR);
     check(shown() == 0, "clear hides all");
     click_column(KEY_FILL);

@@ -5,6 +5,7 @@
 #include "program/player.h"
 
 #include "core/app_state.h"
+#include "core/screen.h"
 #include "core/settings.h"
 #include "input/input.h"
 #include "puzzles/board.h"
@@ -32,15 +33,16 @@ std::string named_by(const std::function<void()> &keys) {
     until_screen(SCREEN_DIALOG);
     wait_frames(40);
     keys();
-    press(SDLK_KP_ENTER);
-    until_screen(SCREEN_TITLE);
+    hold_key(SDLK_KP_ENTER, true);
+    check(screen_current() == SCREEN_TITLE, "the name dialog leads back where it was asked for");
+    hold_key(SDLK_KP_ENTER, false);
     wait_frames(2);
     return app->player_name;
 }
 
 void choose_a_name() {
     check(named_by([] {}) == "Anonymous", "a name for those who give none");
-    check(named_by([] { type_text("ben"); }) == "ben", "typing replaces the old name");
+    check(named_by([] { type_text("beny\b"); }) == "ben", "typing replaces the old name");
     check(named_by([] {}) == "ben", "the old name stands when nothing is typed");
     const std::string name = named_by([] {
         type_text("xy\b\b\b");
@@ -67,10 +69,23 @@ void choose_by_keys() {
     }
 }
 
+void leave_a_run() {
+    study_selected();
+    start_playing(nullptr);
+    check(settings_help_showing(), "help at the first attempt");
+    close_help();
+    press(SDLK_ESCAPE);
+    until_screen(SCREEN_DIALOG);
+    wait_frames(40);
+    press(SDLK_y);
+    until_screen(SCREEN_TITLE);
+    wait_frames(2);
+}
+
 void play_in_debug_mode() {
     study_selected();
     start_playing(nullptr);
-    close_help();
+    check(!settings_help_showing(), "no help at the second attempt");
     const board *b = the_board();
     press(SDLK_SPACE);
     type_text("qzkvxhwnyrt");
@@ -95,6 +110,7 @@ TEST(title, takes_names_and_keys_and_leads_everywhere) {
         visit_credits();
         choose_a_name();
         choose_by_keys();
+        leave_a_run();
         play_in_debug_mode();
         click_column(SCORES);
         until_screen(SCREEN_SCORE_LOG);

@@ -59,19 +59,15 @@ protected:
     const temp_game game;
 };
 
-TEST_F(BestTimes, RunsTakeMasterPlaces) {
-    struct row {
-        i32 seconds;
-        const char *after;
-    };
+TEST_F(BestTimes, RunsTakeMasterPlacesAndTheTwentyNewestAreLogged) {
     EXPECT_EQ(best_times_load(), -1) << "there is no file: the defaults";
     EXPECT_EQ(masters(8), "The Master 420;Master 2 585;Master 3 750;");
     EXPECT_EQ(game.log_text(), "");
-    for (const row &r : {row{150, "The Master 150;New 150;Master 2 240;"}, // a tie goes to the earlier holder
-                         {149, "New 149;The Master 150;New 150;"},
-                         {151, "New 149;The Master 150;New 150;"}}) {
-        best_times_record(0, "New", r.seconds);
-        EXPECT_EQ(masters(0), r.after) << r.seconds;
+    for (const auto &[seconds, after] : {std::pair{150, "The Master 150;New 150;Master 2 240;"}, // a tie comes after
+                                         {149, "New 149;The Master 150;New 150;"},
+                                         {151, "New 149;The Master 150;New 150;"}}) {
+        best_times_record(0, "New", seconds);
+        EXPECT_EQ(masters(0), after) << seconds;
     }
     best_times_for_puzzle(1)->master_time[1] = 0; // a free place takes any time
     best_times_record(1, "New", 5000);
@@ -79,9 +75,6 @@ TEST_F(BestTimes, RunsTakeMasterPlaces) {
     best_times_record(-1, "New", 1);
     best_times_record(PUZZLE_COUNT, "New", 1);
     EXPECT_EQ(best_times_for_puzzle(PUZZLE_COUNT), nullptr);
-}
-
-TEST_F(BestTimes, LogKeepsTheTwentyNewestRuns) {
     for (i32 seconds = 1000; seconds < 1025; ++seconds)
         best_times_record(3, "Ann", seconds);
     const ptr_array<score_entry> *log = best_times_for_puzzle(3)->log;
@@ -138,7 +131,7 @@ TEST_F(BestTimes, FileHoldsTheWholeTable) {
     file_bytes sample = sample_file();
     write_file(game.data("scores"), sample);
     best_times_reset();
-    player_find("old", true);
+    best_times_record(4, "old", 1000);
     EXPECT_EQ(best_times_load(), 1);
     EXPECT_EQ(masters(0), "Ann 100;Master 2 100;B\x80\xE4 100;") << "an empty name leaves the old one";
     EXPECT_EQ(runs_of(4), "2004-03-07 14:05 Ann 77;2004-03-07 14:05 Ann -2;");
@@ -172,28 +165,22 @@ TEST_F(BestTimes, CutFileKeepsWhatWasRead) {
 
 TEST_F(BestTimes, ImpossibleNumbersEndTheLoad) {
     const file_bytes sample = sample_file();
-    struct row {
-        const char *what;
-        std::size_t at; // of a big-endian number
+    const std::ptrdiff_t size = std::ssize(sample), name = 4, count = 3 * 8 + 6, players = size - 19;
+    const struct {
+        std::ptrdiff_t at; // of a big-endian number
         int number;
         bool damaged;
-    };
-    const std::size_t name = 4, count = 3 * 8 + 6, players = sample.size() - 19;
-    for (const row &r : {row{"negative name", name, -1, true},
-                         {"endless name", name, 0x7FFFFFFF, true},
-                         {"name as long as the file", name, static_cast<int>(sample.size()), true},
-                         {"negative count", count, -1, true},
-                         {"endless count", count, 0x7FFFFFFF, true},
-                         {"two players where one fits", players, 2, true},
-                         {"negative time", 0, -7, false}}) {
-        SCOPED_TRACE(r.what);
-        file_bytes bytes = sample, number;
-        append_i32(&number, r.number);
-        std::copy(number.begin(), number.end(), bytes.begin() + static_cast<std::ptrdiff_t>(r.at));
+    } ROWS[] = {{name, -1, true},  {name, 0x7FFFFFFF, true},  {name, static_cast<int>(size), true},
+                {count, -1, true}, {count, 0x7FFFFFFF, true}, {players, 2, true}, // where one fits
+                {0, -7, false}};                                                  // any time will do
+    for (const auto &[at, number, damaged] : ROWS) {
+        file_bytes bytes = sample, written;
+        append_i32(&written, number);
+        std::copy(written.begin(), written.end(), bytes.begin() + at);
         load(bytes);
-        EXPECT_EQ(player_find("Ann", false) == nullptr, r.damaged) << "nothing behind the damage is read";
+        EXPECT_EQ(player_find("Ann", false) == nullptr, damaged) << "nothing behind the damage is read: " << at;
         EXPECT_EQ(best_times_save(), 1);
-        EXPECT_EQ(stored("scores.bad"), r.damaged ? bytes : file_bytes());
+        EXPECT_EQ(stored("scores.bad"), damaged ? bytes : file_bytes()) << at << ", " << number;
     }
 }
 

@@ -73,12 +73,7 @@ TEST_F(Prefs, SavesAndLoads) {
 }
 
 TEST_F(Prefs, DamagedFileIsKeptBeforeItIsWrittenOver) {
-    struct row {
-        file_bytes bytes;
-        const char *loads;
-        bool damaged;
-    };
-    std::vector<row> rows = {
+    std::vector<std::tuple<file_bytes, const char *, bool>> rows = {
         {{0, 0, 0, 1, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "1 - 0", true}, // a negative length
         {{0, 0, 0, 1, 0x7F, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "1 - 0", true}, // the largest one
         {{0, 0, 0, 1, 0, 0, 0, 5, 0, 0, 0, 1}, "1 - 0", true},             // one byte too long
@@ -86,16 +81,15 @@ TEST_F(Prefs, DamagedFileIsKeptBeforeItIsWrittenOver) {
         {{}, "1 - 0", false},
     };
     for (std::size_t size = 1; size < ANN.size(); ++size)
-        rows.push_back({file_bytes(ANN.begin(), ANN.begin() + static_cast<std::ptrdiff_t>(size)),
-                        size < 11 ? "1 - 0" : "1 Ann 0", true});
-    for (const row &r : rows) {
-        SCOPED_TRACE(testing::PrintToString(r.bytes));
-        write_file(game.data("prefs"), r.bytes);
-        EXPECT_EQ(load(), r.loads);
+        rows.push_back({file_bytes(ANN.data(), ANN.data() + size), size < 11 ? "1 - 0" : "1 Ann 0", true});
+    for (const auto &[bytes, loads, damaged] : rows) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
+        write_file(game.data("prefs"), bytes);
+        EXPECT_EQ(load(), loads);
         EXPECT_EQ(prefs_save(), 1);
-        EXPECT_EQ(fs::exists(game.data("prefs.bad")), r.damaged);
-        EXPECT_EQ(stored("prefs.bad"), r.damaged ? r.bytes : file_bytes());
-        EXPECT_EQ(load(), r.loads) << "what was read is kept";
+        EXPECT_EQ(fs::exists(game.data("prefs.bad")), damaged);
+        EXPECT_EQ(stored("prefs.bad"), damaged ? bytes : file_bytes());
+        EXPECT_EQ(load(), loads) << "what was read is kept";
         fs::remove(game.data("prefs.bad"));
         EXPECT_EQ(prefs_save(), 1);
         EXPECT_FALSE(fs::exists(game.data("prefs.bad"))) << "sound again";
