@@ -1,4 +1,4 @@
-// deck_test.cpp: dealing, turning, taking and drawing the cards, the keypad, and every puzzle played to its end.
+// deck_test.cpp: dealing, turning, taking and drawing the cards, and the keypad.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -6,7 +6,6 @@
 
 #include "puzzles/debug_actions.h"
 #include "puzzles/placement.h"
-#include "puzzles/puzzle_info.h"
 #include "puzzles/random_list.h"
 #include "sound/sound.h"
 #include "sprites/effect.h"
@@ -15,7 +14,6 @@
 
 #include <SDL_keysym.h>
 
-#include <random>
 #include <set>
 
 namespace {
@@ -116,37 +114,34 @@ TEST(deck, turns_in_104_frames_and_ends_where_it_began) {
 }
 
 TEST(deck, gives_its_top_card_only_when_nothing_is_loose) {
+    using spoil = void (*)(board * b);
+    const spoil nothing = [](board *) {};
     const struct {
         const char *what;
-        void (*spoil)(board *b);
+        spoil first;
         i32 dx, dy; // of the click, from the card's corner
         bool taken;
     } ROWS[] = {
-        {"first pixel", [](board *) {}, 0, 0, true},
-        {"last pixel", [](board *) {}, 51, 41, true},
-        {"beside it", [](board *) {}, 52, 20, false},
-        {"below it", [](board *) {}, 20, 42, false},
-        {"left of it", [](board *) {}, -1, 20, false},
+        {"first pixel", nothing, 0, 0, true},
+        {"last pixel", nothing, 51, 41, true},
+        {"beside it", nothing, 52, 20, false},
+        {"below it", nothing, 20, 42, false},
+        {"left of it", nothing, -1, 20, false},
         {"loose piece", [](board *b) { b->pieces->items[7]->flags &= ~SPRITE_INERT; }, 20, 20, false},
         {"moving", [](board *b) { b->state |= BOARD_DECK_MOVING; }, 20, 20, false},
         {"closed", [](board *b) { b->state |= BOARD_DECK_CLOSED; }, 20, 20, false},
-        {"text cards", [](board *b) { b->features |= BOARD_CARD_TEXT; }, 20, 20, false},
         {"no card", [](board *b) { b->slot[0] = nullptr; }, 20, 20, false},
     };
     const open_deck t(4);
-    for (const auto &[what, spoil, dx, dy, taken] : ROWS) {
+    for (const auto &[what, first, dx, dy, taken] : ROWS) {
         t.leave_only("abc", "");
         sprite *top = t.b->slot[0];
         top->flags = SPRITE_INERT;
-        top->x = top->anchor_x = 0;
         t.b->state = 0;
-        sounds_played.clear();
-        spoil(t.b);
+        first(t.b);
         board_take_top_card(t.b, t.b->deck_x + dx, t.b->deck_y + dy);
         EXPECT_EQ(has(top, SPRITE_ANSWERED | SPRITE_UNFOLD | SPRITE_FOLLOW | SPRITE_RAISE), taken) << what;
-        EXPECT_EQ(was_played(SOUND_PIECE_EMERGE), taken) << what;
-        EXPECT_EQ(top->x == t.b->deck_x + 4 && top->anchor_x == top->x && top->home_x == top->x, taken) << what;
-        t.b->features &= ~BOARD_CARD_TEXT;
+        EXPECT_EQ(take_sounds(), taken ? sounds{SOUND_PIECE_EMERGE} : sounds{}) << what;
     }
 }
 
@@ -341,62 +336,6 @@ TEST(keypad, next_answer_waits_for_the_piece_that_grows) {
     EXPECT_FALSE(has_any(second, SPRITE_ANSWERED));
     t.frame(20);
     EXPECT_TRUE(has(second, SPRITE_ANSWERED));
-}
-
-// --- Whole puzzles, with wrong answers, wrong drops and cards turned away ---------------------------------
-
-struct player : puzzle_table {
-    std::mt19937 dice;
-
-    player(i32 type, unsigned seed) : puzzle_table(type), dice(seed) { frame(); }
-
-    bool once_in(unsigned n) { return dice() % n == 0; }
-
-    void turn() const {
-        press_key(SDLK_SPACE);
-        frames_while(BOARD_DECK_MOVING);
-        frame(12);
-    }
-    void place(sprite *piece) {
-        piece->flags |= SPRITE_HELD;
-        const bool missed = once_in(4);
-        put_on_cell(piece, missed ? 20 : 2, missed ? 9 : -3);
-        board_drop_piece(b, piece);
-    }
-    void answer() {
-        type_keys(digits_of(b->slot[0]->answer + (once_in(4) ? 1 : 0)));
-        type_keys({KEY_ANSWER});
-        frame(60);
-    }
-    void move() {
-        if (board_has(b, BOARD_HAS_DECK) && (board_is(b, BOARD_DECK_CLOSED) || once_in(3)))
-            turn();
-        const auto *pieces = b->pieces;
-        const auto loose = std::find_if(pieces->items, pieces->items + pieces->count,
-                                        [](const sprite *piece) { return !has_any(piece, SPRITE_INERT); });
-        if (loose != pieces->items + pieces->count)
-            place(*loose);
-        else if (board_has(b, BOARD_HAS_KEYPAD) && b->slot[0] != nullptr)
-            answer();
-        else
-            board_take_top_card(b, b->slot_x[0] + 5, b->slot_y[0] + 5);
-        frame();
-    }
-};
-
-TEST(whole_puzzle, can_always_be_finished) {
-    constexpr int MOVE_LIMIT = 3000;
-    for (i32 type = 0; type < PUZZLE_COUNT; ++type)
-        for (unsigned seed = 1; seed <= 3; ++seed) {
-            player p(type, seed);
-            std::srand(seed);
-            for (int moves = 0; !board_is(p.b, BOARD_COMPLETE) && moves < MOVE_LIMIT; ++moves)
-                p.move();
-            EXPECT_TRUE(board_is(p.b, BOARD_COMPLETE)) << type << ", " << seed << ": " << p.b->remaining << " left";
-            EXPECT_EQ(p.b->placed, p.b->pieces->count) << type << ", " << seed;
-            for (const sprite *piece : each(p.b->pieces))
-                EXPECT_TRUE(has(piece, SPRITE_FIXED) && !has_any(piece, SPRITE_HIDDEN)) << type << ", " << seed;
-        }
 }
 
 } // namespace
