@@ -138,6 +138,8 @@ constexpr i32 (*START_UP[])() = {
 void start_up() {
     if (SDL_Init(SDL_INIT_TIMER | SDL_INIT_AUDIO | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE) < 0)
         fail_with_sdl_error();
+    // SDL's timers are not used, but the thread that would run them wakes a thousand times a second.
+    SDL_QuitSubSystem(SDL_INIT_TIMER);
     std::atexit(app_exit_handler);
     std::srand(static_cast<unsigned>(std::time(nullptr)));
     log_set_file("errorlog.log");

@@ -5,23 +5,29 @@
 #include "graphics/blit_routines.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/render.h"
+#include "graphics/repeat.h"
+
+// The screen's pixels, for something that is not in a list.
+struct direct_access : screen_access {
+    direct_access() { repeat_forget(); }
+};
 
 void screen_show_background(i32 x, i32 y, i32 w, i32 h) {
-    const screen_access access;
+    const direct_access access;
     frame_show_background({x, y, w, h});
 }
 
 void screen_store_background(const rect &area) {
-    const screen_access access;
+    const direct_access access;
     frame_copy(frames.background, frames.screen, area);
 }
 
 void screen_fill(const rect &area, rgb colour) {
-    const screen_access access;
+    const direct_access access;
     prim->fill(frames.screen, area, colour);
 }
 
 void screen_blit(const image *picture, i32 x, i32 y) {
-    const screen_access access;
+    const direct_access access;
     blit->plain(frames.screen, *picture, x, y);
 }

@@ -20,6 +20,7 @@ static constexpr i32 MERGE_DISTANCE = 10; // pixels
 static struct {
     SDL_Rect *rects; // owned
     i32 count, capacity;
+    bool all_shown; // SDL was given nothing the last time
 } dirty;
 
 std::span<const SDL_Rect> dirty_rects() {
@@ -130,6 +131,8 @@ static bool needs_showing(const rect &area) {
 }
 
 static void drop_unchanged() {
+    if (dirty.count == 0)
+        return;
     const screen_access access;
     i32 kept = 0;
     for (const SDL_Rect &r : dirty_rects())
@@ -138,10 +141,18 @@ static void drop_unchanged() {
     dirty.count = kept;
 }
 
-void dirty_flush() {
+// Even an empty update may make SDL wait for the display server's answer, so it is made once and not repeated.
+bool dirty_show() {
     lock_assert(surface_lock);
     drop_unchanged();
-    if (frames.surface != nullptr)
+    const bool shown = dirty.count > 0;
+    if (frames.surface != nullptr && (shown || !dirty.all_shown))
         SDL_UpdateRects(frames.surface, dirty.count, dirty.rects);
+    dirty.all_shown = !shown;
     dirty.count = 0;
+    return shown;
+}
+
+void dirty_flush() {
+    dirty_show();
 }

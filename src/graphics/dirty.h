@@ -14,4 +14,5 @@
 #include <span>
 
 std::span<const SDL_Rect> dirty_rects();
+bool dirty_show(); // dirty_flush; whether anything that the window shows has changed
 void dirty_free(); // frees the list; it can be used again

@@ -85,31 +85,40 @@ struct text_operands {
     i32 to_background;    // not 0: into the background
 };
 
+// What playing a command changes beside the rectangles that changed on the screen.
+enum draw_reach : u8 {
+    REACH_SCREEN,  // the screen, in the same way each time
+    REACH_SLOT,    // the screen or a save slot
+    REACH_MODE,    // the screen, unless the mode word says otherwise
+    REACH_TARGET,  // the screen, unless the target says otherwise
+    REACH_FURTHER, // the background, pictures or the dice
+};
+
 // clang-format off
-#define DRAW_MANIFEST(ROW)                                                    \
-    /*  id                      operands                player             */ \
-    ROW(DRAW_IMAGE,             image_operands,         play_image)           \
-    ROW(DRAW_RESTORE,           area_operands,          play_restore)         \
-    ROW(DRAW_IMAGE_EX,          image_ex_operands,      play_image_ex)        \
-    ROW(DRAW_IMAGE_BG,          image_operands,         play_image_bg)        \
-    ROW(DRAW_DARKEN,            area_operands,          play_darken)          \
-    ROW(DRAW_FREE_IMAGE,        free_image_operands,    play_free_image)      \
-    ROW(DRAW_FILL,              fill_operands,          play_fill)            \
-    ROW(DRAW_DARKEN_BG,         area_operands,          play_darken_bg)       \
-    ROW(DRAW_FILL_BG,           fill_operands,          play_fill_bg)         \
-    ROW(DRAW_PIXEL,             pixel_operands,         play_pixel)           \
-    ROW(DRAW_SAVE,              slot_operands,          play_save)            \
-    ROW(DRAW_RESTORE_SAVED,     slot_operands,          play_restore_saved)   \
-    ROW(DRAW_STORE_BG,          area_operands,          play_store_bg)        \
-    ROW(DRAW_IMAGE_CLIPPED,     image_clipped_operands, play_image_clipped)   \
-    ROW(DRAW_IMAGE_CLIPPED_BG,  image_clipped_operands, play_image_clipped_bg)\
-    ROW(DRAW_FRAME,             fill_operands,          play_frame)           \
-    ROW(DRAW_PUSH_BG,           no_operands,            play_push_bg)         \
-    ROW(DRAW_POP_BG,            no_operands,            play_pop_bg)          \
-    ROW(DRAW_DIRTY,             area_operands,          play_dirty)           \
-    ROW(DRAW_NOISE_BG,          noise_operands,         play_noise_bg)        \
-    ROW(DRAW_LINE,              line_operands,          play_line)            \
-    ROW(DRAW_TEXT,              text_operands,          play_text)
+#define DRAW_MANIFEST(ROW)                                                                    \
+    /*  id                      operands                player                  reach     */  \
+    ROW(DRAW_IMAGE,             image_operands,         play_image,             REACH_SCREEN) \
+    ROW(DRAW_RESTORE,           area_operands,          play_restore,           REACH_SCREEN) \
+    ROW(DRAW_IMAGE_EX,          image_ex_operands,      play_image_ex,          REACH_MODE)   \
+    ROW(DRAW_IMAGE_BG,          image_operands,         play_image_bg,          REACH_FURTHER)\
+    ROW(DRAW_DARKEN,            area_operands,          play_darken,            REACH_SCREEN) \
+    ROW(DRAW_FREE_IMAGE,        free_image_operands,    play_free_image,        REACH_FURTHER)\
+    ROW(DRAW_FILL,              fill_operands,          play_fill,              REACH_SCREEN) \
+    ROW(DRAW_DARKEN_BG,         area_operands,          play_darken_bg,         REACH_FURTHER)\
+    ROW(DRAW_FILL_BG,           fill_operands,          play_fill_bg,           REACH_FURTHER)\
+    ROW(DRAW_PIXEL,             pixel_operands,         play_pixel,             REACH_SCREEN) \
+    ROW(DRAW_SAVE,              slot_operands,          play_save,              REACH_SLOT)   \
+    ROW(DRAW_RESTORE_SAVED,     slot_operands,          play_restore_saved,     REACH_SLOT)   \
+    ROW(DRAW_STORE_BG,          area_operands,          play_store_bg,          REACH_FURTHER)\
+    ROW(DRAW_IMAGE_CLIPPED,     image_clipped_operands, play_image_clipped,     REACH_SCREEN) \
+    ROW(DRAW_IMAGE_CLIPPED_BG,  image_clipped_operands, play_image_clipped_bg,  REACH_FURTHER)\
+    ROW(DRAW_FRAME,             fill_operands,          play_frame,             REACH_SCREEN) \
+    ROW(DRAW_PUSH_BG,           no_operands,            play_push_bg,           REACH_FURTHER)\
+    ROW(DRAW_POP_BG,            no_operands,            play_pop_bg,            REACH_FURTHER)\
+    ROW(DRAW_DIRTY,             area_operands,          play_dirty,             REACH_SCREEN) \
+    ROW(DRAW_NOISE_BG,          noise_operands,         play_noise_bg,          REACH_FURTHER)\
+    ROW(DRAW_LINE,              line_operands,          play_line,              REACH_SCREEN) \
+    ROW(DRAW_TEXT,              text_operands,          play_text,              REACH_TARGET)
 // clang-format on
 
 // Bytes that a record takes in a list.
@@ -132,12 +141,13 @@ static_assert(operands_size<line_operands>() == 24);
 static_assert(operands_size<text_operands>() == 28);
 
 // Players: on the render thread, under the surface lock and inside a screen_access.
-#define DECLARE_PLAYER(id, operands, player) void player(const operands &op);
+#define DECLARE_PLAYER(id, operands, player, reach) void player(const operands &op);
 DRAW_MANIFEST(DECLARE_PLAYER)
 #undef DECLARE_PLAYER
 
 struct draw_command {
     draw_opcode id;
+    draw_reach reach;
     i32 size;                   // bytes of operands
     void (*play)(const u8 *at); // at the operands, which need not be aligned
 };
@@ -148,7 +158,8 @@ template <class Operands, void (*player)(const Operands &)> void play_operands(c
     player(op);
 }
 
-#define COMMAND_ROW(id, operands, player) {id, operands_size<operands>(), play_operands<operands, player>},
+#define COMMAND_ROW(id, operands, player, reach)                                                                       \
+    {id, reach, operands_size<operands>(), play_operands<operands, player>},
 inline constexpr draw_command DRAW_COMMANDS[] = {DRAW_MANIFEST(COMMAND_ROW)};
 #undef COMMAND_ROW
 
@@ -162,7 +173,7 @@ static_assert([] {
 
 // The record of a command, so that recording the wrong one does not compile.
 template <draw_opcode id> struct operands_of;
-#define OPERANDS_OF(id, operands, player)                                                                              \
+#define OPERANDS_OF(id, operands, player, reach)                                                                       \
     template <> struct operands_of<id> { using type = operands; };
 DRAW_MANIFEST(OPERANDS_OF)
 #undef OPERANDS_OF

@@ -96,6 +96,13 @@ void frame_copy(const frame_buffer &to, const frame_buffer &from, const rect &ar
         copy_rows(address_of(to, cut), to.pitch, address_of(from, cut), from.pitch, cut);
 }
 
+bool frame_equal(const frame_buffer &a, const frame_buffer &b) {
+    bool equal = a.width == b.width && a.height == b.height;
+    for (i32 y = 0; equal && y < a.height; ++y)
+        equal = std::memcmp(frame_row(a, y), frame_row(b, y), bytes_of(a.width)) == 0;
+    return equal;
+}
+
 void frame_show_background(const rect &area) {
     frame_copy(frames.screen, frames.background, rect_push_in(area, SCREEN_WIDTH, SCREEN_HEIGHT));
 }

@@ -66,7 +66,8 @@ rect rect_push_in(const rect &area, i32 width, i32 height); // the same, but a n
 
 // Copies what of the area lies in both buffers.
 void frame_copy(const frame_buffer &to, const frame_buffer &from, const rect &area);
-void frame_show_background(const rect &area); // to the screen, pushed into the window first
+bool frame_equal(const frame_buffer &a, const frame_buffer &b); // of one size
+void frame_show_background(const rect &area);                   // to the screen, pushed into the window first
 
 // Inside a screen_access. A slot outside 0 .. SAVE_SLOTS - 1 is logged and ignored.
 void slot_save(i32 slot, const rect &area);

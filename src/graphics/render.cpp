@@ -5,10 +5,12 @@
 #include "graphics/render.h"
 
 #include "core/app_state.h"
+#include "graphics/dirty.h"
 #include "graphics/draw_play.h"
 #include "graphics/draw_queue.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/locks.h"
+#include "graphics/repeat.h"
 
 #include <SDL_timer.h>
 
@@ -40,11 +42,15 @@ static void set_idle() {
 
 void render_pass() {
     const std::span<const u8> list = take_list();
+    const u32 pictures = image_changes();
     {
         const lock_scope guard(surface_lock);
-        if (!list.empty())
+        if (list.empty() || repeat_is_steady(list, pictures)) {
+            dirty_flush();
+        } else {
             play(list);
-        dirty_flush();
+            repeat_note(list, pictures, dirty_show());
+        }
     }
     set_idle();
 }

@@ -10,6 +10,7 @@
 #include "graphics/frame_buffers.h"
 #include "graphics/locks.h"
 #include "graphics/pixel.h"
+#include "graphics/repeat.h"
 
 #include <SDL.h>
 
@@ -87,5 +88,6 @@ void video_shutdown() {
     frame_buffers_free();
     dirty_free();
     draw_queue_free();
+    repeat_free();
     video_format = {};
 }

@@ -12,10 +12,17 @@
 #include "resources/xpm.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
 static constexpr i32 RUN_STEP = 1024; // entries the run table grows by
+
+static std::atomic<u32> changes{0};
+
+u32 image_changes() {
+    return changes.load();
+}
 
 // --- records -------------------------------------------------------------------------------------
 
@@ -37,6 +44,7 @@ image *image_create(i32 width, i32 height) {
 void image_free(image *picture) {
     if (picture == nullptr)
         return;
+    ++changes;
     std::free(picture->pixels);
     std::free(picture->runs);
     std::free(picture);
@@ -98,6 +106,7 @@ template <class P> static bool build_table(run_table *table, const image *pictur
 }
 
 bool image_build_runs(image *picture) {
+    ++changes;
     std::free(picture->runs);
     picture->runs = nullptr;
     picture->run_count = 0;

@@ -33,6 +33,10 @@ void image_free(image *picture); // accepts null
 // transparent first (perhaps 0), then RUN_END_ROW; after the last row RUN_END_PICTURE. False when out of memory.
 bool image_build_runs(image *picture);
 
+// A number that grows whenever a picture is freed or gets a new run table. While it stands still, what a pointer to
+// a picture meant it still means. Any thread.
+u32 image_changes();
+
 // Loads "PREFIX001.xpm" .. into array[0 .. count - 1]; 1, or -1 at the first failure (earlier ones stay).
 [[nodiscard]] i32 image_load_sequence(image **array, i32 count, const char *prefix);
 
