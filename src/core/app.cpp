@@ -138,8 +138,6 @@ constexpr i32 (*START_UP[])() = {
 void start_up() {
     if (SDL_Init(SDL_INIT_TIMER | SDL_INIT_AUDIO | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE) < 0)
         fail_with_sdl_error();
-    // SDL's timers are not used, but the thread that would run them wakes a thousand times a second.
-    SDL_QuitSubSystem(SDL_INIT_TIMER);
     std::atexit(app_exit_handler);
     std::srand(static_cast<unsigned>(std::time(nullptr)));
     log_set_file("errorlog.log");
@@ -162,8 +160,14 @@ void handle_events() {
             app_request_quit();
 }
 
+// SDL's timers are not used, but the thread that would run them wakes a thousand times a second. Its end is waited
+// for, which must not delay the first picture.
+void stop_sdl_timers() {
+    SDL_QuitSubSystem(SDL_INIT_TIMER);
+}
+
 void main_loop() {
-    for (;;) {
+    for (bool first = true;; first = false) {
         const u32 start = SDL_GetTicks();
         screen_tick();
         screen_update();
@@ -172,6 +176,8 @@ void main_loop() {
         handle_events();
         if (app_has(APP_QUIT))
             return;
+        if (first)
+            stop_sdl_timers();
         const u32 elapsed = SDL_GetTicks() - start;
         if (elapsed < FRAME_PERIOD)
             SDL_Delay(FRAME_PERIOD - elapsed);
