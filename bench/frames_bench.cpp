@@ -1,0 +1,4 @@
+#include "table.h"
+int main() {
+    return 0;
+}

@@ -1,0 +1,36 @@
+// pairs.h: timing this program's way and others in turns, so that what else the machine does hits all of them.
+//
+// Every measurement runs each way once, right after the other, and gives one ratio; the table shows the median.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "table.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+using way = std::function<void()>;
+
+// One or more other ways to do it, of which the fastest counts, and the aim for their time over this program's.
+struct rival {
+    std::string name;
+    std::vector<way> ways;
+    double at_least;
+};
+
+inline constexpr int SHORT_MEASUREMENTS = 201, LONG_MEASUREMENTS = 15;
+
+// Registers a benchmark; its rows are printed by pairs_print, in the order of registering. setup runs before the
+// first measurement.
+void compare(const std::string &figure, way setup, way ours, std::vector<rival> rivals, int measurements);
+
+// The same for a figure without a rival: seconds of one run, made into a value by the scale.
+void measure(const std::string &figure, const std::string &unit, way setup, way ours,
+             const std::function<double(double)> &value, aim wanted, int measurements);
+
+double seconds_of(const way &run); // of one run
+
+void pairs_print();
