@@ -70,7 +70,8 @@ void board_put_in_cell(const board *b, sprite *piece, const sprite *cell) {
 
 void board_drop_piece(board *b, sprite *piece) {
     const sprite *cell = board_target_cell(b, piece);
-    if (cell == nullptr || !within_snap_radius(b, piece, cell))
+    const bool taken_back = (piece->flags & SPRITE_VANISH) != 0; // the deck deals it again
+    if (cell == nullptr || taken_back || !within_snap_radius(b, piece, cell))
         return;
     sprite_fix(piece);
     board_put_in_cell(b, piece, cell);

@@ -15,7 +15,8 @@ button *board_button_at(const board *b, i32 px, i32 py); // first button there, 
 sprite *board_target_cell(const board *b, const sprite *piece);            // null (logged) for a piece that has none
 void board_put_in_cell(const board *b, sprite *piece, const sprite *cell); // place and edges of a piece that fits
 
-void board_drop_piece(board *b, sprite *piece); // fixes the piece in its cell when it lies close enough
+// Fixes the piece in its cell when it lies close enough, unless the deck is taking it back.
+void board_drop_piece(board *b, sprite *piece);
 
 // Starts a burn, in the board's size, centred on the rectangle.
 void board_add_burn(board *b, const rect &centre_on);

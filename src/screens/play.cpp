@@ -94,22 +94,30 @@ void take_piece(const board *b, sprite *piece) {
     play_drag_dy = piece->y - mouse_y;
     sprite_raise(piece);
     piece->flags |= SPRITE_HELD;
+    piece->flags &= ~SPRITE_FOLLOW; // dragged, it would move twice as far as the mouse, and out of the window
     if (play_last_piece != nullptr && play_last_piece != piece && !board_has(b, BOARD_KEEP_DROPPED))
         sprite_send_home(play_last_piece, SEND_HOME_SPEED);
     play_last_piece = piece;
 }
 
+// A dragged piece that the deck has taken back, or that a shortcut has placed, is no longer the player's to move.
+void let_go_of_inert_piece() {
+    if ((play_flags & PLAY_DRAGGING) == 0 || (play_hover_piece->flags & SPRITE_INERT) == 0)
+        return;
+    play_flags &= ~PLAY_DRAGGING;
+    hover_piece(nullptr);
+}
+
 // Hovers, takes, drags and drops pieces; returns the cursor to show.
 i32 update_pieces(board *b) {
-    const bool held = mouse_held(MOUSE_LEFT);
-    if (!held || play_hover_piece == nullptr) {
-        // A piece that is let go is dropped below, even when the mouse has left it in the meantime.
-        if ((play_flags & PLAY_DRAGGING) == 0)
-            hover_piece(board_piece_at(b, mouse_x, mouse_y));
-        if (play_hover_piece == nullptr)
-            return CURSOR_ARROW;
-    }
-    if (!held || settings_help_showing()) {
+    let_go_of_inert_piece();
+    // A piece is taken only where the mouse is now: one that a fast mouse has left would be dragged from afar, out of
+    // the window. One that is let go is dropped below, even when the mouse has left it in the meantime.
+    if ((play_flags & PLAY_DRAGGING) == 0)
+        hover_piece(board_piece_at(b, mouse_x, mouse_y));
+    if (play_hover_piece == nullptr)
+        return CURSOR_ARROW;
+    if (!mouse_held(MOUSE_LEFT) || settings_help_showing()) {
         if ((play_flags & PLAY_DRAGGING) != 0)
             board_drop_piece(b, play_hover_piece);
         play_flags &= ~PLAY_DRAGGING;
