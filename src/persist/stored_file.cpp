@@ -135,7 +135,7 @@ static bool write_over(const buffer *content, const char *path) {
         return false;
     }
     const auto size = static_cast<std::size_t>(content->size);
-    const bool written = platform_write(descriptor, content->data, size) == content->size;
+    const bool written = platform_overwrite(descriptor, path, content->data, size) == 0;
     if (!written) {
         log_errno("write");
         log_error("Could not write file %s\n", path);

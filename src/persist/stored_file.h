@@ -53,6 +53,6 @@ void stored_put_i32(stored_writer *writer, i32 value);
 void stored_put_string(stored_writer *writer, const char *text);        // null as ""
 void stored_put_string(stored_writer *writer, const char *text, i32 n); // the first n bytes
 
-// Writes the content over the start of the file in one write and frees it. With *damaged set, what is there is
+// Writes the content over the start of the file, whole or not at all, and frees it. With *damaged set, what is there is
 // first copied to kept_path, else nothing is written; then the flag is cleared. 1, or -1 (logged).
 i32 stored_finish(stored_writer *writer, const char *path, const char *kept_path, bool *damaged);

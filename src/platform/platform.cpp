@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <limits>
 #include <sys/stat.h>
@@ -17,20 +19,25 @@
 
 static constexpr mode_t NEW_FILE_MODE = 0666;        // less the umask
 static constexpr std::size_t COPY_CHUNK = 16 * 1024; // bytes
+static constexpr char NEW_FILE_SUFFIX[] = ".new";    // of the file that takes an old one's place
 static constexpr int EXIT_NOT_FOUND = 127;           // what a shell would say
 
-static int open_host_path(const char *path, int flags) {
-    char host[PATH_MAX];
+static bool to_host_path(char (&host)[PATH_MAX], const char *path) {
     std::size_t length = 0;
     for (; path[length] != '\0'; ++length) {
         if (length + 1 == sizeof host) {
             errno = ENAMETOOLONG;
-            return -1;
+            return false;
         }
         host[length] = path[length] == '\\' ? '/' : path[length];
     }
     host[length] = '\0';
-    return open(host, flags | O_CLOEXEC, NEW_FILE_MODE);
+    return true;
+}
+
+static int open_host_path(const char *path, int flags) {
+    char host[PATH_MAX];
+    return to_host_path(host, path) ? open(host, flags | O_CLOEXEC, NEW_FILE_MODE) : -1;
 }
 
 int platform_open_read(const char *path) {
@@ -80,6 +87,10 @@ void platform_close(int fd) {
     close(fd);
 }
 
+static bool write_all(int fd, const void *bytes, std::size_t count) {
+    return platform_write(fd, bytes, count) == static_cast<std::ptrdiff_t>(count);
+}
+
 static int copy_descriptor(int from, int to) {
     u8 chunk[COPY_CHUNK];
     for (;;) {
@@ -88,9 +99,38 @@ static int copy_descriptor(int from, int to) {
             return -1;
         if (n == 0)
             return fsync(to);
-        if (platform_write(to, chunk, static_cast<std::size_t>(n)) != n)
+        if (!write_all(to, chunk, static_cast<std::size_t>(n)))
             return -1;
     }
+}
+
+// The bytes, and behind them what of the old file is longer; safe on the disk when true.
+static bool write_new_file(int fresh, const char *old_path, const void *bytes, std::size_t count) {
+    const int old = open(old_path, O_RDONLY | O_CLOEXEC);
+    const bool written = old >= 0 && write_all(fresh, bytes, count) &&
+                         lseek(old, static_cast<off_t>(count), SEEK_SET) >= 0 && copy_descriptor(old, fresh) == 0;
+    if (old >= 0)
+        platform_close(old);
+    return written;
+}
+
+// Even one write can be cut short, by a full disk or by the end of the process.
+int platform_overwrite(int fd, const char *path, const void *bytes, std::size_t count) {
+    char host[PATH_MAX], target[PATH_MAX], beside[PATH_MAX + sizeof NEW_FILE_SUFFIX];
+    if (!to_host_path(host, path) || realpath(host, target) == nullptr)
+        return -1;
+    std::snprintf(beside, sizeof beside, "%s%s", target, NEW_FILE_SUFFIX);
+    const int fresh = open(beside, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, NEW_FILE_MODE);
+    if (fresh < 0)
+        return write_all(fd, bytes, count) ? 0 : -1;
+    bool replaced = write_new_file(fresh, target, bytes, count);
+    platform_close(fresh);
+    replaced = replaced && rename(beside, target) == 0;
+    const int reason = errno;
+    if (!replaced)
+        unlink(beside);
+    errno = reason;
+    return replaced ? 0 : -1;
 }
 
 int platform_copy_file(const char *from, const char *to) {
