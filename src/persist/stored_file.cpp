@@ -8,6 +8,8 @@
 #include "resources/archive_format.h"
 #include "resources/file_reader.h"
 
+#include <cerrno>
+
 static constexpr i32 STORED_SHIFT = 128; // added to each byte of a string
 static_assert(STORED_INT_BYTES == ARCHIVE_INT_BYTES, "one integer layout for all files");
 
@@ -21,10 +23,12 @@ static bool mark_damaged(stored_reader *reader) {
 bool stored_open(stored_reader *reader, const char *path) {
     *reader = {};
     const int descriptor = platform_open_read(path);
-    if (descriptor < 0)
+    if (descriptor < 0) {
+        reader->damaged = errno != ENOENT; // it is there, though it cannot be read now
         return false;
+    }
     const i32 size = platform_size(descriptor);
-    *reader = {file_reader_create(descriptor), descriptor, size, size <= 0, false};
+    *reader = {file_reader_create(descriptor), descriptor, size, size <= 0, size < 0};
     if (reader->file != nullptr)
         return true;
     platform_close(descriptor);

@@ -24,8 +24,8 @@ struct stored_reader {
     bool damaged; // the file ended within its fields, or a field makes no sense
 };
 
-// False when the file cannot be opened, or memory is short (logged, and the file counts as damaged, for nothing
-// of it was read); nothing is to be closed then.
+// False when the file cannot be opened, or memory is short (logged); nothing is to be closed then. A file that is
+// there but could not be read counts as damaged.
 [[nodiscard]] bool stored_open(stored_reader *reader, const char *path);
 void stored_close(stored_reader *reader);
 

@@ -9,7 +9,9 @@
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 
@@ -111,6 +113,29 @@ TEST_F(Prefs, FailedSavesAreLoggedAndSpareTheFile) {
     const std::string log = game.log_text();
     EXPECT_NE(log.find(" open - Is a directory\nCould not open file ..\\data\\prefs for writing\n"), std::string::npos)
         << log;
+}
+
+TEST_F(Prefs, FullDiskAndUnreadableFileSpareWhatIsThere) {
+    write_file(game.data("prefs"), ANN);
+    load();
+    app_state_set_name(app, std::string(4000, 'a').c_str());
+    rlimit usual = {};
+    getrlimit(RLIMIT_FSIZE, &usual);
+    const rlimit small = {2000, usual.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_EQ(prefs_save(), -1);
+    setrlimit(RLIMIT_FSIZE, &usual);
+    EXPECT_EQ(stored(), ANN);
+    EXPECT_NE(game.log_text().find("Could not write file ..\\data\\prefs"), std::string::npos);
+
+    fs::rename(game.data("prefs"), game.data("ann"));
+    fs::create_symlink("prefs", game.data("prefs")); // leads to itself: there, but not to be opened
+    EXPECT_EQ(load(), "-1 - 0");
+    fs::remove(game.data("prefs"));
+    fs::rename(game.data("ann"), game.data("prefs")); // readable again before the program ends
+    EXPECT_EQ(prefs_save(), 1);
+    EXPECT_EQ(stored("prefs.bad"), ANN);
 }
 
 TEST_F(Prefs, ShortMemoryWritesNothing) {

@@ -1,0 +1,210 @@
+// Failing allocations, failing system calls, a damaged archive: sweep allocations|calls|archive [--short|--long [N]].
+//
+// The short form tries each distinct way through the program once, and of the archive a few places. Says what broke
+// and ends with 1. With a number, only that failure is tried again.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/app.h"
+#include "resources/archive_format.h"
+#include "support/temp_folder.h"
+#include "sweep/judge.h"
+#include "sweep/sweep.h"
+
+#include <execinfo.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <random>
+#include <set>
+#include <string_view>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr unsigned HANGS_AFTER = 30; // seconds
+constexpr int CUTS = 256, FLIPS = 2000;
+
+fs::path game;
+failing cause = {};
+bool ready = false;  // sweeping has begun
+failure first, last; // of the failures that are tried
+bool short_form = false;
+std::set<i64> cuts, flips; // places in the archive
+int tried = 0, broken = 0, only = 0;
+
+// --- What is tried -------------------------------------------------------------------------------
+
+// Whether this way to the failing call has not been gone yet. The long form goes every way every time.
+bool is_new_way(failure what) {
+    static std::map<std::pair<failure, std::size_t>, int> gone;
+    constexpr int SKIPPED = 2, DEPTH = 7;
+    void *callers[DEPTH];
+    const int depth = backtrace(callers, DEPTH);
+    std::size_t way = 0;
+    for (int i = SKIPPED; i < depth; ++i)
+        way = way * 31 + reinterpret_cast<std::size_t>(callers[i]);
+    return ++gone[{what, way}] == 1 || !short_form;
+}
+
+bool is_tried(failure what, i64 place) {
+    if (!ready || what < first || what > last)
+        return false;
+    if (what == ARCHIVE_CUT)
+        return cuts.erase(place) > 0;
+    if (what == ARCHIVE_FLIPPED)
+        return flips.erase(place) > 0;
+    return is_new_way(what);
+}
+
+void choose_places() {
+    const file_bytes bytes = read_file(game / "data/data.dar");
+    const auto size = static_cast<i64>(bytes.size());
+    const int fraction = short_form ? 32 : 1;
+    for (i64 i = 0; i < CUTS / fraction; ++i)
+        cuts.insert(i * size * fraction / CUTS + i % 5);
+    std::mt19937_64 dice(1);
+    for (int i = 0; i < FLIPS / fraction; ++i)
+        flips.insert(static_cast<i64>(dice() % static_cast<u64>(size)));
+    // One byte of every field of the directory, each time another one.
+    i64 at = ARCHIVE_HEADER_BYTES;
+    for (int n = 0; at < big_endian_i32(bytes.data()); ++n) {
+        const i64 name = big_endian_i32(bytes.data() + at), behind = at + ARCHIVE_INT_BYTES + name;
+        if (n % fraction == 0)
+            flips.insert(
+                {at + n % 4, at + ARCHIVE_INT_BYTES + n % name, behind + n % 4, behind + ARCHIVE_INT_BYTES + n % 4});
+        at = behind + 2 * ARCHIVE_INT_BYTES;
+    }
+    for (i64 i = 0; i < ARCHIVE_HEADER_BYTES; ++i)
+        flips.insert(i);
+}
+
+// --- The child -----------------------------------------------------------------------------------
+
+fs::path child_game() {
+    return game / "child";
+}
+
+// Its own copy of the files, and of the descriptors with their positions.
+void move_into_own_folder() {
+    for (const char *folder : {"bin", "data"})
+        fs::create_directories(child_game() / folder);
+    fs::copy(game / "data", child_game() / "data", fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+    fs::current_path(child_game() / "bin");
+    const std::string root = game.string();
+    for (int descriptor = STDERR_FILENO + 1; descriptor < 32; ++descriptor) {
+        std::error_code closed;
+        std::string path = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor), closed).string();
+        if (closed || !fs::is_regular_file(path))
+            continue;
+        if (path.starts_with(root))
+            path = child_game().string() + path.substr(root.size());
+        const int own = openat(AT_FDCWD, path.c_str(), fcntl(descriptor, F_GETFL) & O_ACCMODE);
+        lseek(own, lseek(descriptor, 0, SEEK_CUR), SEEK_SET);
+        dup2(own, descriptor);
+        close(own);
+    }
+    const int said = open((child_game() / "said").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    dup2(said, STDOUT_FILENO);
+    dup2(said, STDERR_FILENO);
+    close(said);
+}
+
+void judge_child(pid_t child, const failing &tried_now) {
+    int status = 0;
+    rusage used = {};
+    wait4(child, &status, 0, &used);
+    const double seconds = static_cast<double>(used.ru_utime.tv_sec + used.ru_stime.tv_sec) +
+                           static_cast<double>(used.ru_utime.tv_usec + used.ru_stime.tv_usec) / 1e6;
+    const std::string fault = fault_of({status, seconds, child_game()}, tried_now);
+    if (!fault.empty()) {
+        ++broken;
+        std::printf("BROKEN: failure %d%s (number %d, place %ld): %s\n", tried_now.what,
+                    tried_now.later ? " from then on" : "", tried, static_cast<long>(tried_now.place), fault.c_str());
+        void *callers[12];
+        std::fflush(stdout);
+        backtrace_symbols_fd(callers, backtrace(callers, 12), STDOUT_FILENO);
+    }
+    fs::remove_all(child_game());
+}
+
+bool in_child(const failing &what) {
+    ready = false; // what the sweep itself does does not fail
+    std::fflush(nullptr);
+    if (++tried != only && only != 0) {
+        ready = true;
+        return false;
+    }
+    const pid_t child = fork();
+    if (child == 0) {
+        alarm(HANGS_AFTER);
+        move_into_own_folder();
+        cause = what;
+    } else {
+        judge_child(child, what);
+    }
+    ready = true;
+    return child == 0;
+}
+
+// The program has come to its end without a failure of its own.
+void finish() {
+    if (cause.what != NO_FAILURE)
+        return;
+    const std::string fault = fault_of({0, 0, game}, cause);
+    broken += fault.empty() ? 0 : 1;
+    std::printf("%s", fault.c_str());
+    fs::current_path("/");
+    fs::remove_all(game);
+    std::printf("%d failures tried, %d of them broke the program\n", tried, broken);
+    std::fflush(nullptr);
+    _exit(broken > 0 || tried == 0 ? 1 : 0);
+}
+
+} // namespace
+
+const failing &struck() {
+    return cause;
+}
+
+bool strikes(failure what, i64 place) {
+    if (cause.what != NO_FAILURE)
+        return cause.later && what == cause.what;
+    if (!is_tried(what, place))
+        return false;
+    const bool can_last = what != READ_INTERRUPTED && what != WRITE_INTERRUPTED && what < ARCHIVE_CUT;
+    return in_child({what, false, place}) || (can_last && in_child({what, true, place}));
+}
+
+int main(int count, char **arguments) {
+    const std::string_view which = count > 1 ? arguments[1] : "";
+    short_form = count > 2 && std::string_view(arguments[2]) == "--short";
+    only = count > 3 ? std::atoi(arguments[3]) : 0;
+    if (which == "allocations")
+        first = last = ALLOCATION;
+    else if (which == "calls")
+        first = OPEN_FAILS, last = DECODER_FAILS;
+    else if (which == "archive")
+        first = ARCHIVE_CUT, last = ARCHIVE_FLIPPED;
+    else
+        return std::fprintf(stderr, "usage: %s allocations|calls|archive [--short|--long [N]]\n", arguments[0]), 2;
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    std::string name = (fs::temp_directory_path() / "tavimo-sweep-XXXXXX").string();
+    game = mkdtemp(name.data());
+    fs::create_directories(game / "bin");
+    fs::create_directories(game / "data");
+    fs::create_symlink(TAVIMO_DATA_FILE, game / "data/data.dar");
+    put_old_files(game);
+    choose_places();
+    fs::current_path(game / "bin");
+    std::atexit(finish);
+    ready = true;
+    app_run();
+}

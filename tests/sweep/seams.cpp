@@ -1,0 +1,218 @@
+// seams.cpp: the functions that the linker puts in the place of the system's and SDL's, which may fail.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "graphics/render.h"
+#include "sweep/devices.h"
+#include "sweep/sweep.h"
+
+#include <SDL.h>
+#include <SDL_thread.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vorbis/vorbisfile.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+// A seam is declared twice: as the real function, and as what stands in its place.
+#define SEAM(result, name, ...)                                                                                        \
+    extern "C" result __real_##name(__VA_ARGS__);                                                                      \
+    extern "C" result __wrap_##name(__VA_ARGS__);                                                                      \
+    result __wrap_##name(__VA_ARGS__)
+
+namespace {
+
+std::array<Uint8, 323> keys;
+int mouse_at_x, mouse_at_y;
+bool button_down;
+Uint32 now;
+int archive = -1; // the descriptor whose bytes may be damaged
+
+constexpr u32 AUDIO_BYTES = 16384;
+constexpr int FRAMES_A_PASS = 4; // drawing takes most of the time, and nobody looks
+
+int failed(int reason) {
+    errno = reason;
+    return -1;
+}
+
+template <class Result> Result sdl_failed(Result result) {
+    SDL_SetError("made to fail");
+    return result;
+}
+
+// What a read of the damaged archive brings.
+ssize_t damaged_read(i64 offset, u8 *bytes, ssize_t count) {
+    if (struck().what == ARCHIVE_CUT)
+        return static_cast<ssize_t>(std::clamp<i64>(struck().place - offset, 0, count));
+    const i64 at = struck().place - offset;
+    if (struck().what == ARCHIVE_FLIPPED && at >= 0 && at < count)
+        bytes[at] ^= 0x55;
+    return count;
+}
+
+} // namespace
+
+void device_mouse(int x, int y, bool down) {
+    mouse_at_x = x;
+    mouse_at_y = y;
+    button_down = down;
+}
+
+void device_key(int key) {
+    keys.at(static_cast<std::size_t>(key)) = 1;
+}
+
+void device_release() {
+    button_down = false;
+    keys.fill(0);
+}
+
+// --- Memory --------------------------------------------------------------------------------------
+
+SEAM(void *, malloc, std::size_t size) {
+    return strikes(ALLOCATION) ? nullptr : __real_malloc(size);
+}
+SEAM(void *, calloc, std::size_t count, std::size_t size) {
+    return strikes(ALLOCATION) ? nullptr : __real_calloc(count, size);
+}
+SEAM(void *, realloc, void *block, std::size_t size) {
+    return strikes(ALLOCATION) ? nullptr : __real_realloc(block, size);
+}
+
+// --- Files ---------------------------------------------------------------------------------------
+
+extern "C" int __real_open(const char *path, int flags, ...);
+extern "C" int __wrap_open(const char *path, int flags, ...);
+int __wrap_open(const char *path, int flags, ...) {
+    if (strikes(OPEN_FAILS))
+        return failed((flags & O_WRONLY) != 0 ? EROFS : EACCES);
+    std::va_list rest;
+    va_start(rest, flags);
+    const int descriptor = __real_open(path, flags, va_arg(rest, mode_t));
+    va_end(rest);
+    if (std::strstr(path, "data.dar") != nullptr)
+        archive = descriptor;
+    return descriptor;
+}
+SEAM(off_t, lseek, int descriptor, off_t offset, int whence) {
+    return strikes(SEEK_FAILS) ? failed(EIO) : __real_lseek(descriptor, offset, whence);
+}
+SEAM(ssize_t, read, int descriptor, void *bytes, std::size_t count) {
+    if (strikes(READ_FAILS))
+        return failed(EIO);
+    if (strikes(READ_INTERRUPTED))
+        return failed(EINTR);
+    if (strikes(READ_ENDS))
+        return 0;
+    if (strikes(READ_SHORT))
+        count = (count + 1) / 2;
+    const i64 offset = __real_lseek(descriptor, 0, SEEK_CUR);
+    const ssize_t done = __real_read(descriptor, bytes, count);
+    if (descriptor != archive || done <= 0)
+        return done;
+    for (i64 at = offset; at < offset + done && struck().what == NO_FAILURE; ++at)
+        strikes(ARCHIVE_FLIPPED, at);
+    return damaged_read(offset, static_cast<u8 *>(bytes), done);
+}
+SEAM(ssize_t, write, int descriptor, const void *bytes, std::size_t count) {
+    if (strikes(WRITE_FAILS))
+        return failed(ENOSPC);
+    if (strikes(WRITE_INTERRUPTED))
+        return failed(EINTR);
+    if (strikes(WRITE_SHORT) || strikes(WRITE_CUT))
+        return __real_write(descriptor, bytes, (count + 1) / 2);
+    if (struck().what == WRITE_CUT)
+        return failed(ENOSPC);
+    return __real_write(descriptor, bytes, count);
+}
+SEAM(int, close, int descriptor) {
+    if (descriptor == archive)
+        archive = -1;
+    const int result = __real_close(descriptor);
+    return strikes(CLOSE_FAILS) ? failed(EIO) : result;
+}
+SEAM(int, fstat, int descriptor, struct stat *status) {
+    if (strikes(STAT_FAILS))
+        return failed(EIO);
+    const int result = __real_fstat(descriptor, status);
+    if (descriptor == archive) {
+        for (i64 at = 0; at < status->st_size && struck().what == NO_FAILURE; ++at)
+            strikes(ARCHIVE_CUT, at);
+        if (struck().what == ARCHIVE_CUT)
+            status->st_size = struck().place;
+    }
+    return result;
+}
+SEAM(int, posix_fallocate, int descriptor, off_t offset, off_t size) {
+    return strikes(SPACE_MISSING) ? ENOSPC : __real_posix_fallocate(descriptor, offset, size);
+}
+SEAM(int, fsync, int descriptor) {
+    return strikes(SYNC_FAILS) ? failed(EIO) : __real_fsync(descriptor);
+}
+SEAM(std::FILE *, fopen, const char *path, const char *mode) {
+    if (!strikes(LOG_FAILS))
+        return __real_fopen(path, mode);
+    failed(EACCES);
+    return nullptr;
+}
+
+// --- SDL -----------------------------------------------------------------------------------------
+
+// Without its timer and audio, which have threads of their own.
+SEAM(int, SDL_Init, Uint32) {
+    return strikes(SDL_START_FAILS) ? sdl_failed(-1) : __real_SDL_Init(SDL_INIT_VIDEO | SDL_INIT_NOPARACHUTE);
+}
+SEAM(SDL_Surface *, SDL_SetVideoMode, int width, int height, int bits, Uint32 flags) {
+    return strikes(MODE_FAILS) ? sdl_failed<SDL_Surface *>(nullptr)
+                               : __real_SDL_SetVideoMode(width, height, bits, flags);
+}
+SEAM(SDL_mutex *, SDL_CreateMutex) {
+    return strikes(MUTEX_FAILS) ? sdl_failed<SDL_mutex *>(nullptr) : __real_SDL_CreateMutex();
+}
+SEAM(int, SDL_mutexP, SDL_mutex *) { // a child could not release what was taken before the fork
+    return 0;
+}
+SEAM(int, SDL_mutexV, SDL_mutex *) {
+    return 0;
+}
+SEAM(SDL_Thread *, SDL_CreateThread, int (*)(void *), void *) {
+    static int stand_in;
+    return strikes(THREAD_FAILS) ? sdl_failed<SDL_Thread *>(nullptr) : reinterpret_cast<SDL_Thread *>(&stand_in);
+}
+SEAM(void, SDL_WaitThread, SDL_Thread *, int *) {}
+SEAM(int, SDL_OpenAudio, SDL_AudioSpec *wanted, SDL_AudioSpec *) {
+    wanted->size = AUDIO_BYTES;
+    return strikes(AUDIO_FAILS) ? sdl_failed(-1) : 0;
+}
+SEAM(long, ov_read, OggVorbis_File *file, char *to, int length, int endian, int word, int is_signed, int *link) {
+    return strikes(DECODER_FAILS) ? OV_EREAD : __real_ov_read(file, to, length, endian, word, is_signed, link);
+}
+SEAM(Uint8 *, SDL_GetKeyState, int *count) {
+    if (count != nullptr)
+        *count = static_cast<int>(keys.size());
+    return keys.data();
+}
+SEAM(Uint8, SDL_GetMouseState, int *x, int *y) {
+    *x = mouse_at_x;
+    *y = mouse_at_y;
+    return button_down ? SDL_BUTTON(SDL_BUTTON_LEFT) : 0;
+}
+SEAM(void, SDL_PumpEvents) {
+    scenario_step();
+}
+SEAM(Uint32, SDL_GetTicks) {
+    return now;
+}
+SEAM(void, SDL_Delay, Uint32 span) {
+    static int frame = 0;
+    now += span;
+    if (frame++ % FRAMES_A_PASS == 0)
+        render_pass();
+}
