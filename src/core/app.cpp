@@ -52,10 +52,12 @@ void save() {
 // Every step is safe when its start-up step never ran.
 void app_exit_handler() {
     // A library has ended the program, as Xlib does when the display goes away, perhaps on the render thread: both
-    // threads still use what would be released here, but what was recorded must not be lost.
+    // threads still use what would be released here, but what was recorded must not be lost. So ends a session: no
+    // failure of the program.
     if (loop_running.exchange(false)) {
         save();
-        return;
+        std::fflush(nullptr);
+        std::_Exit(EXIT_SUCCESS);
     }
     screen_shutdown_all();
     effects_shutdown();
@@ -136,6 +138,7 @@ constexpr i32 (*START_UP[])() = {
 // clang-format on
 
 void start_up() {
+    platform_join_desktop();
     if (SDL_Init(SDL_INIT_TIMER | SDL_INIT_AUDIO | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE) < 0)
         fail_with_sdl_error();
     std::atexit(app_exit_handler);

@@ -1,6 +1,7 @@
 // platform.cpp: the system calls of a POSIX host.
 //
-// Descriptors are closed on exec, so the browser that platform_open_web_page starts inherits none.
+// Files are opened to be closed on exec; what libraries or the program's starter left open is closed before a browser
+// is started.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -21,6 +23,15 @@ static constexpr mode_t NEW_FILE_MODE = 0666;        // less the umask
 static constexpr std::size_t COPY_CHUNK = 16 * 1024; // bytes
 static constexpr char NEW_FILE_SUFFIX[] = ".new";    // of the file that takes an old one's place
 static constexpr int EXIT_NOT_FOUND = 127;           // what a shell would say
+static constexpr unsigned NO_LAST_DESCRIPTOR = ~0U;
+
+// What a desktop may provide for opening a page, the best first. A null argument is left out.
+static constexpr struct {
+    const char *program, *argument;
+} OPENERS[] = {
+    {"xdg-open", nullptr},      {"gio", "open"},          {"kde-open", nullptr}, {"exo-open", nullptr},
+    {"x-www-browser", nullptr}, {"www-browser", nullptr},
+};
 
 static bool to_host_path(char (&host)[PATH_MAX], const char *path) {
     std::size_t length = 0;
@@ -151,7 +162,8 @@ i32 platform_process_id() {
     return static_cast<i32>(getpid());
 }
 
-// In the grandchild: nothing but calls that are safe between fork and exec.
+// In the grandchild: nothing but calls that are safe between fork and exec. Each opener that is not there makes way
+// for the next. The browser outlives the game, so it must not hold on to the game's folder or files.
 [[noreturn]] static void exec_browser(const char *address) {
     const int nowhere = open("/dev/null", O_RDWR);
     if (nowhere >= 0) {
@@ -159,7 +171,14 @@ i32 platform_process_id() {
         dup2(nowhere, STDOUT_FILENO);
         dup2(nowhere, STDERR_FILENO);
     }
-    execlp("xdg-open", "xdg-open", address, static_cast<char *>(nullptr));
+    close_range(STDERR_FILENO + 1, NO_LAST_DESCRIPTOR, 0);
+    if (chdir("/") != 0)
+        _exit(EXIT_NOT_FOUND);
+    for (const auto &opener : OPENERS) {
+        const char *first = opener.argument != nullptr ? opener.argument : address;
+        const char *second = opener.argument != nullptr ? address : nullptr;
+        execlp(opener.program, opener.program, first, second, static_cast<char *>(nullptr));
+    }
     _exit(EXIT_NOT_FOUND);
 }
 
@@ -176,4 +195,19 @@ void platform_open_web_page(const char *address) {
     if (middle > 0)
         while (waitpid(middle, nullptr, 0) < 0 && errno == EINTR)
             continue;
+}
+
+// A session that ends sends SIGHUP, alone or right behind SIGTERM; SDL knows the latter only.
+static void hang_up(int /*signal*/) {
+    std::raise(SIGTERM);
+}
+
+void platform_join_desktop() {
+    constexpr int KEEP = 0;
+    setenv("SDL_VIDEO_X11_WMCLASS", "tavimo", KEEP);
+    setenv("SDL_VIDEO_WAYLAND_WMCLASS", "tavimo", KEEP);
+    setenv("SDL_VIDEO_ALLOW_SCREENSAVER", "1", KEEP);
+    struct sigaction present = {};
+    if (sigaction(SIGHUP, nullptr, &present) == 0 && present.sa_handler == SIG_DFL)
+        std::signal(SIGHUP, hang_up);
 }

@@ -1,4 +1,5 @@
-// platform.h: what differs between operating systems: file descriptors, the process id, opening a web page.
+// platform.h: what differs between operating systems: file descriptors, the process id, manners on the desktop,
+// opening a web page.
 //
 // The program's paths use backslashes; every function here turns them into the host's separator. Results are
 // those of the system calls: -1 and errno on failure.
@@ -29,3 +30,7 @@ i32 platform_process_id();
 
 // Asks the desktop to open the address, without a shell in between and without waiting for it.
 void platform_open_web_page(const char *address);
+
+// Before SDL starts: names the window's class for docks and task bars, leaves the screen saver to the desktop (the
+// environment may say otherwise for either), and lets the end of the session end the program like SIGTERM.
+void platform_join_desktop();
