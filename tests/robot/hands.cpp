@@ -8,6 +8,7 @@
 #include "library.h"
 #include "robot.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <chrono>
