@@ -15,6 +15,7 @@
 #include <SDL_keysym.h>
 
 #include <set>
+#include <algorithm>
 
 namespace {
 

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 void sound_play(i32 number) {
     sounds_played.push_back(number);
 }
