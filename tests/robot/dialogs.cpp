@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "album.h"
 #include "ears.h"
 #include "eyes.h"
 #include "hands.h"
@@ -29,14 +30,14 @@ static void until_title(const std::string &title) {
     letters_until(title, letters_center(title), TITLE_Y, WHITE);
 }
 
-void dialog_answer(const std::string &question, bool yes) {
+void dialog_answer(const std::string &question, bool yes, const char *shot) {
     until_title(question);
     hands_move(AWAY.x, AWAY.y);
     const picture &first = library_picture("dialog/", YES), &second = library_picture("dialog/", NO);
     const int x = (WINDOW_WIDTH - 2 * first.width - ANSWER_GAP) >> 1;
     eyes_until_seen(first, x, ANSWER_Y);
     eyes_until_seen(second, x + first.width + ANSWER_GAP, ANSWER_Y);
-    screens_snap("question");
+    album_snap(shot);
     if (yes)
         hands_key(XK_y);
     else
@@ -56,12 +57,12 @@ void dialog_name(const std::string &name) {
         records_set_name(name);
     }
     letters_until(records_name(), letters_center(records_name()), FIRST_LINE_Y, YELLOW);
-    screens_snap("name");
+    album_snap("name");
     click_button(library_picture("dialog/", OK), ok_x(), NAME_OK_Y);
 }
 
 void return_dialog_stay() {
-    dialog_answer("Return to the title screen?", false);
+    dialog_answer("Return to the title screen?", false, "question");
 }
 
 void completion_confirm(const puzzle_kind &kind, double played_seconds) {
@@ -73,7 +74,7 @@ void completion_confirm(const puzzle_kind &kind, double played_seconds) {
     const bool master = played_seconds < kind.master_seconds[PLACES];
     eyes_until(std::string("the line \"") + praise + "\" " + (master ? "below" : "missing"),
                [&] { return letters_seen(praise, letters_center(praise), SECOND_LINE_Y, YELLOW) == master; });
-    screens_snap("completed");
+    album_snap("completed");
     until_button_and_click(library_picture("dialog/", OK), ok_x(), master ? COMPLETION_OK_Y : PLAIN_COMPLETION_OK_Y);
 }
 
@@ -127,7 +128,7 @@ void hurry_score_log() {
 void score_log_check(const puzzle_kind &kind) {
     check_masters(kind);
     check_log(kind);
-    screens_snap("score-log");
+    album_snap("score-log");
     leave_score_log();
 }
 

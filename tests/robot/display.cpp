@@ -17,6 +17,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -29,7 +30,7 @@ static constexpr int NOT_STARTED = 127;
 static constexpr std::chrono::milliseconds START_PATIENCE{10000}, STOP_PATIENCE{2000}, POLL{10};
 
 static display_options chosen;
-static std::string name;
+static area shown_in; // where the game's picture is
 static Display *connection;
 static XImage *screen_image;
 static XShmSegmentInfo segment;
@@ -117,14 +118,19 @@ static void wait_for_manager() {
 
 void display_start(const display_options &options) {
     chosen = options;
-    name = start_server();
-    connection = XOpenDisplay(name.c_str());
-    robot_expect(connection != nullptr, "the display " + name + " can be opened");
+    if (!options.visitors)
+        setenv("DISPLAY", start_server().c_str(), 1);
+    connection = XOpenDisplay(nullptr);
+    robot_expect(connection != nullptr, "the display can be opened");
+    XSetErrorHandler([](Display *, XErrorEvent *) { return 0; }); // windows come and go while they are looked at
+    chosen.width = DisplayWidth(connection, DefaultScreen(connection));
+    chosen.height = DisplayHeight(connection, DefaultScreen(connection));
+    shown_in = {0, 0, chosen.width, chosen.height};
     int unused = 0;
     robot_expect(XTestQueryExtension(connection, &unused, &unused, &unused, &unused) != 0, "the display has XTEST");
-    XChangePointerControl(connection, True, True, 1, 1, 0); // no acceleration
+    if (!options.visitors)
+        XChangePointerControl(connection, True, True, 1, 1, 0); // no acceleration
     share_screen();
-    setenv("DISPLAY", name.c_str(), 1);
     if (options.window_manager) {
         const pid_t manager = process_start({"openbox"}, nullptr, "");
         robot_at_end([manager] { process_stop(manager); });
@@ -132,18 +138,53 @@ void display_start(const display_options &options) {
     }
 }
 
-std::string display_name() {
-    return name;
+static void add_frames(Window window, std::vector<area> &frames) {
+    XWindowAttributes is = {};
+    Window root = None, parent = None, *children = nullptr;
+    unsigned count = 0;
+    if (XGetWindowAttributes(connection, window, &is) == 0 || is.map_state != IsViewable || is.width < WINDOW_WIDTH ||
+        is.height < WINDOW_HEIGHT)
+        return;
+    int x = 0, y = 0;
+    XTranslateCoordinates(connection, window, DefaultRootWindow(connection), 0, 0, &x, &y, &root);
+    const int width = std::min(is.width, is.height * WINDOW_WIDTH / WINDOW_HEIGHT);
+    const int height = std::min(is.height, is.width * WINDOW_HEIGHT / WINDOW_WIDTH);
+    const area frame = {x + (is.width - width) / 2, y + (is.height - height) / 2, width, height};
+    if (frame.x >= 0 && frame.y >= 0 && frame.x + width <= chosen.width && frame.y + height <= chosen.height)
+        frames.push_back(frame);
+    if (XQueryTree(connection, window, &root, &parent, &children, &count) == 0)
+        return;
+    for (unsigned i = 0; i < count; ++i)
+        add_frames(children[i], frames);
+    if (children != nullptr)
+        XFree(children);
+}
+
+std::vector<area> display_frames() {
+    std::vector<area> frames;
+    add_frames(DefaultRootWindow(connection), frames);
+    return frames;
+}
+
+void display_set_frame(const area &frame) {
+    shown_in = frame;
+}
+
+// The display's pixel in the middle of the game's.
+static int display_x(int x) {
+    return shown_in.x + (2 * x + 1) * shown_in.w / (2 * WINDOW_WIDTH);
+}
+static int display_y(int y) {
+    return shown_in.y + (2 * y + 1) * shown_in.h / (2 * WINDOW_HEIGHT);
 }
 
 void display_grab(view *into) {
     XShmGetImage(connection, DefaultRootWindow(connection), screen_image, 0, 0, AllPlanes);
     for (int y = 0; y < WINDOW_HEIGHT; ++y) {
-        const int from_y = (2 * y + 1) * chosen.height / (2 * WINDOW_HEIGHT);
         const auto *row =
-            reinterpret_cast<const std::uint32_t *>(screen_image->data + from_y * screen_image->bytes_per_line);
+            reinterpret_cast<const std::uint32_t *>(screen_image->data + display_y(y) * screen_image->bytes_per_line);
         for (int x = 0; x < WINDOW_WIDTH; ++x) {
-            const std::uint32_t c = row[(2 * x + 1) * chosen.width / (2 * WINDOW_WIDTH)] & 0xFFFFFFU;
+            const std::uint32_t c = row[display_x(x)] & 0xFFFFFFU;
             const auto at = static_cast<std::size_t>(y * WINDOW_WIDTH + x);
             into->shown[at] = c;
             into->pixels[at] = static_cast<color565>((c >> 8 & 0xF800) | (c >> 5 & 0x07E0) | (c >> 3 & 0x001F));
@@ -152,13 +193,12 @@ void display_grab(view *into) {
 }
 
 void display_move_pointer(point to) {
-    XTestFakeMotionEvent(connection, -1, (2 * to.x + 1) * chosen.width / (2 * WINDOW_WIDTH),
-                         (2 * to.y + 1) * chosen.height / (2 * WINDOW_HEIGHT), CurrentTime);
+    XTestFakeMotionEvent(connection, -1, display_x(to.x), display_y(to.y), CurrentTime);
     XFlush(connection);
 }
 
 void display_push_pointer(point by) {
-    XTestFakeRelativeMotionEvent(connection, by.x * chosen.width / WINDOW_WIDTH, by.y * chosen.height / WINDOW_HEIGHT,
+    XTestFakeRelativeMotionEvent(connection, by.x * shown_in.w / WINDOW_WIDTH, by.y * shown_in.h / WINDOW_HEIGHT,
                                  CurrentTime);
     XFlush(connection);
 }

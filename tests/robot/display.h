@@ -1,4 +1,5 @@
-// display.h: the robot's own virtual display: starts it, looks at it, and acts on it as a mouse and keyboard do.
+// display.h: the display of the play, the robot's own virtual one or the visitor's: looks at it, and acts on it as a
+// mouse and keyboard do.
 //
 // One thread, one display. A display that cannot be started ends the robot. Everything stops at the robot's end.
 //
@@ -19,6 +20,7 @@ inline constexpr int WINDOW_WIDTH = 800, WINDOW_HEIGHT = 600; // of the game, pi
 struct display_options {
     int width = WINDOW_WIDTH, height = WINDOW_HEIGHT; // of the display; a larger one shows the game scaled
     bool window_manager = false;
+    bool visitors = false; // the one that $DISPLAY names, as it is
 };
 
 // What the window shows, in the game's pixels.
@@ -28,7 +30,8 @@ struct view {
 };
 
 void display_start(const display_options &options);
-std::string display_name(); // ":7"
+std::vector<area> display_frames();        // where the game's picture may be: each window, as far as it fits
+void display_set_frame(const area &frame); // where it is; at first, the whole display
 void display_grab(view *into);
 
 void display_move_pointer(point to); // the game's pixels

@@ -12,7 +12,7 @@
 
 using steady = std::chrono::steady_clock;
 
-static constexpr auto PAUSE = std::chrono::milliseconds(4);   // between two looks
+static constexpr auto PAUSE = std::chrono::milliseconds(2);   // between two looks
 static constexpr auto STILL = std::chrono::milliseconds(150); // longer than a slow game's frame
 static constexpr int GONE_VIEWS = 4;                          // views without a thing before it counts as gone
 
@@ -91,18 +91,6 @@ std::vector<point> eyes_find_all(const picture &p, const area &within) {
     return search(p, within, false);
 }
 
-bool eyes_appears(const std::function<bool()> &holds, double seconds) {
-    const auto end = steady::now() + std::chrono::duration<double>(seconds);
-    for (;;) {
-        eyes_look();
-        if (holds())
-            return true;
-        if (steady::now() > end)
-            return false;
-        std::this_thread::sleep_for(PAUSE);
-    }
-}
-
 static void watch(const std::string &what, const std::function<bool()> &holds, int views, double seconds) {
     const auto end = steady::now() + std::chrono::duration<double>(seconds);
     for (int in_a_row = 0;;) {
@@ -134,6 +122,18 @@ static std::string place(int x, int y) {
 
 void eyes_until_seen(const picture &p, int x, int y) {
     eyes_until("the picture " + p.name + " at " + place(x, y), [&] { return eyes_see(p, x, y); });
+}
+
+void eyes_find_window(const picture &p, int x, int y) {
+    eyes_until("the program's window with " + p.name, [&] {
+        for (const area &frame : display_frames()) {
+            display_set_frame(frame);
+            eyes_look();
+            if (eyes_see(p, x, y))
+                return true;
+        }
+        return false;
+    });
 }
 
 std::vector<color565> eyes_copy(const area &part) {

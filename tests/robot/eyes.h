@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-inline constexpr double PATIENCE = 15; // seconds that something expected may take to appear on a busy machine
+inline constexpr double PATIENCE = 60; // seconds that something expected may take to appear; it costs time only in vain
 inline constexpr area WHOLE_WINDOW = {0, 0, WINDOW_WIDTH, WINDOW_HEIGHT};
 
 void eyes_look();
@@ -30,8 +30,8 @@ std::vector<point> eyes_find_all(const picture &p, const area &within);
 
 // Looks until it holds; `what` completes "expected to see ...".
 void eyes_until(const std::string &what, const std::function<bool()> &holds, double seconds = PATIENCE);
-bool eyes_appears(const std::function<bool()> &holds, double seconds); // whether it holds before the time is over
 void eyes_until_seen(const picture &p, int x, int y);
+void eyes_find_window(const picture &p, int x, int y); // where on the display this is seen, and looks there from now on
 // Looks until it does not hold for several views in a row, so that a picture caught half drawn does not count.
 void eyes_until_not(const std::string &what, const std::function<bool()> &holds);
 

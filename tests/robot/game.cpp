@@ -20,7 +20,7 @@
 
 namespace fs = std::filesystem;
 
-static constexpr double END_PATIENCE = 20;          // seconds from the last click to the program's end
+static constexpr double END_PATIENCE = 60;          // seconds from the last click to the program's end
 static constexpr const char *RECORDING_PACE = "93"; // ms of sound that SDL writes at a time: real time
 static constexpr auto POLL = std::chrono::milliseconds(20);
 
@@ -87,9 +87,11 @@ void game_start() {
     const std::string recording = folder / ("sound" + std::to_string(++starts) + ".raw");
     if (chosen.record_sound)
         ears_open(recording);
-    set("SDL_AUDIODRIVER", chosen.record_sound ? "disk" : "dummy");
+    if (!chosen.loud)
+        set("SDL_AUDIODRIVER", chosen.record_sound ? "disk" : "dummy");
     set("SDL_DISKAUDIOFILE", recording);
     set("SDL_DISKAUDIODELAY", RECORDING_PACE);
+    set("SDL12COMPAT_SCALE_METHOD", "nearest"); // every pixel as the game has made it, whatever the display's size
     set("LD_PRELOAD", chosen.preload);
     set("LD_LIBRARY_PATH", chosen.library_path);
     running = process_start({"./tavimo"}, (folder / "said.txt").c_str(), folder / "bin");

@@ -15,6 +15,7 @@ struct game_options {
     std::string preload; // a library put before the program's own, or empty
     std::string library_path;
     bool record_sound = false;
+    bool loud = false; // on the visitor's own sound device; else nothing is heard
 };
 
 void game_prepare(const game_options &options); // makes the folder

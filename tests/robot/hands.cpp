@@ -12,6 +12,7 @@
 #include <array>
 #include <cctype>
 #include <chrono>
+#include <cstdlib>
 #include <optional>
 #include <string>
 #include <thread>
@@ -28,12 +29,16 @@ static constexpr std::array CURSORS = {
 };
 static constexpr const cursor &HOLDING = CURSORS[2];
 static constexpr double LOST_SECONDS = 0.5; // without the cursor where it should be before looking for it elsewhere
-
+static constexpr double LATE_SECONDS = 4;   // likewise, when the game is known to hear of the pointer
+static constexpr double TAKE_SECONDS = 2;   // after which a piece that was not held is pressed again
+static constexpr int GLIDE_STEP = 12;       // pixels
+static constexpr auto GLIDE_TIME = std::chrono::milliseconds(8);   // a step
 static constexpr auto CLICK_TIME = std::chrono::milliseconds(300); // of a click that nothing answers
 
 static point here;  // where the robot's cursor is
 static point shift; // from there to the place where the pointer has to be put
-static bool pushes; // the game hears of the pointer's movements only
+static bool pushes; // the pointer is moved by so much, not to a place: some games hear only of that
+static bool glides;
 
 static bool cursor_at(const cursor &c, point at) {
     return eyes_see(library_picture(c.picture), at.x - c.hot.x, at.y - c.hot.y);
@@ -65,8 +70,8 @@ static void overlook_cursor() {
     eyes_overlook(covered);
 }
 
-void hands_push() {
-    pushes = true;
+void hands_glide() {
+    glides = true;
 }
 
 // Moves the pointer so that the cursor should go from where it was seen to the goal.
@@ -79,24 +84,48 @@ static void aim(point seen, point goal) {
     display_move_pointer({goal.x + shift.x, goal.y + shift.y});
 }
 
-// The game may follow the pointer's movements rather than its place, so that the two come apart at the window's
-// edges. Then the robot looks where the cursor went and allows for the difference.
+static void glide_towards(point goal) {
+    const point from = here;
+    const int steps = std::max(std::abs(goal.x - from.x), std::abs(goal.y - from.y)) / GLIDE_STEP;
+    for (int step = 1; step < steps; ++step) {
+        const point next = {from.x + (goal.x - from.x) * step / steps, from.y + (goal.y - from.y) * step / steps};
+        aim(here, next);
+        here = next;
+        std::this_thread::sleep_for(GLIDE_TIME);
+    }
+}
+
+// Some games hear of the pointer's place, some of its movements only. When the cursor has not come to the goal, the
+// robot looks where it came to rest and tries again, as long as it does not know the game's way the other way too.
+// On a busy machine the cursor may just be late and make both movements; so it counts only when it stays.
 static void move_to(point goal) {
     using steady = std::chrono::steady_clock;
+    static bool way_known = false;
     eyes_overlook({});
+    if (glides)
+        glide_towards(goal);
     aim(here, goal);
     here = goal;
-    auto moved = steady::now();
+    bool tried_again = false;
+    auto moved = steady::now(), away = moved;
+    std::chrono::duration<double> patience(way_known ? LATE_SECONDS : LOST_SECONDS);
     eyes_until("the mouse cursor at (" + std::to_string(goal.x) + ", " + std::to_string(goal.y) + ")", [&] {
+        const auto now = steady::now();
         if (any_cursor_at(goal))
-            return true;
-        if (steady::now() - moved < std::chrono::duration<double>(LOST_SECONDS))
+            return !tried_again || now - away > patience / 2;
+        away = now;
+        if (now - moved < patience)
             return false;
-        if (const auto seen = find_cursor())
+        if (const auto seen = find_cursor()) {
+            pushes ^= !way_known;
             aim(*seen, goal);
-        moved = steady::now();
+            patience *= 2;
+            tried_again = true;
+        }
+        moved = now;
         return false;
     });
+    way_known = way_known || !tried_again;
     overlook_cursor();
 }
 
@@ -144,11 +173,22 @@ void hands_type(const std::string &text) {
 }
 
 void hands_take(int x, int y) {
+    using steady = std::chrono::steady_clock;
     hands_move(x, y);
     display_button(true);
     eyes_overlook({});
-    eyes_until("the holding cursor over the piece at (" + std::to_string(x) + ", " + std::to_string(y) + ")",
-               [&] { return cursor_at(HOLDING, here); });
+    auto pressed = steady::now();
+    eyes_until("the holding cursor over the piece at (" + std::to_string(x) + ", " + std::to_string(y) + ")", [&] {
+        if (cursor_at(HOLDING, here))
+            return true;
+        if (steady::now() - pressed > std::chrono::duration<double>(TAKE_SECONDS)) {
+            display_button(false); // the piece was still moving
+            std::this_thread::sleep_for(CLICK_TIME);
+            display_button(true);
+            pressed = steady::now();
+        }
+        return false;
+    });
     overlook_cursor();
 }
 

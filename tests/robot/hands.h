@@ -14,7 +14,7 @@
 
 #include <string>
 
-void hands_push(); // from now on moves the pointer by so much, not to a place: for a game that hears only of that
+void hands_glide(); // from now on the pointer travels where it goes, at a pace that an eye can follow
 void hands_move(int x, int y);
 void hands_click(int x, int y);
 void hands_press_last(int x, int y); // the click after which the program ends, too soon to be heard for certain

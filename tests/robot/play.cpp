@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "play.h"
+#include "album.h"
 #include "ears.h"
 #include "eyes.h"
 #include "hands.h"
@@ -18,9 +19,9 @@
 
 using steady = std::chrono::steady_clock;
 
-static constexpr int GRIP = 3;              // pixels from a piece's lower right corner to where it is held
-static constexpr point CARELESS = {2, -2};  // a drop is this far from the exact place, and must snap
-static constexpr double SNAP_SECONDS = 0.3; // within which a drop that fits is seen to snap
+static constexpr int GRIP = 3;             // pixels from a piece's lower right corner to where it is held
+static constexpr point CARELESS = {2, -2}; // a drop is this far from the exact place, and must snap
+static constexpr int LYING_VIEWS = 20;     // in which a piece lies where it was dropped before it counts as not placed
 static constexpr point HELP_BUTTON = {730, 5}, RETURN_BUTTON = {730, 35}, RETURN_MIDDLE = {760, 47};
 
 void play_drag(point piece, point to, point grip) {
@@ -37,9 +38,17 @@ point play_careless(point place) {
     return {place.x + CARELESS.x, place.y + CARELESS.y};
 }
 
+// A drop that fits may be seen where it was dropped for a moment before it snaps.
 bool play_snapped(int cell) {
-    const point place = pieces_place(cell);
-    return eyes_appears([&] { return pieces_body_seen(place); }, SNAP_SECONDS);
+    const point place = pieces_place(cell), dropped = play_careless(place);
+    bool snapped = false;
+    int views = 0;
+    eyes_until("a piece in cell " + std::to_string(cell) + ", or where it was dropped there", [&] {
+        snapped = pieces_body_seen(place);
+        views = !snapped && pieces_body_seen(dropped) ? views + 1 : 0;
+        return snapped || views >= LYING_VIEWS;
+    });
+    return snapped;
 }
 
 static point begin_place(const picture &begin) {
@@ -62,7 +71,7 @@ static void click_console(const puzzle_kind &kind, int number, point at) {
 
 static void wander_before(const puzzle_kind &kind) {
     click_console(kind, 1, HELP_BUTTON);
-    help_until_closed(kind.help, kind.help_at, kind.help_clicks, RETURN_MIDDLE);
+    help_until_closed(kind.help, kind.help_at, kind.help_clicks, RETURN_MIDDLE, "play-help");
     until_begin(kind);
     hands_key(XK_Escape);
     return_dialog_stay();
@@ -83,7 +92,7 @@ static void drop_wrongly(const loose_piece &piece, const loose_piece &next) {
     hands_move(AWAY.x, AWAY.y);
     eyes_until("a piece that was dropped wrongly where it was dropped",
                [&] { return pieces_face_seen(piece.cell, wrong); });
-    screens_snap("wrong-drop");
+    album_snap("wrong-drop");
     const point grip = play_grip();
     hands_take(next.at.x + grip.x, next.at.y + grip.y);
     hands_let_go();
@@ -131,17 +140,17 @@ static void play_in_sight(bool wander) {
         }
         place(pieces[i], last);
         if (i == pieces.size() / 2)
-            screens_snap("play");
+            album_snap("play");
     }
 }
 
 double play_puzzle(const puzzle_kind &kind, const play_detours &detours) {
     pieces_open(kind, false);
     if (detours.help_expected)
-        help_until_closed(kind.help, kind.help_at, kind.help_clicks, RETURN_MIDDLE);
+        help_until_closed(kind.help, kind.help_at, kind.help_clicks, RETURN_MIDDLE, "play-help");
     until_begin(kind);
     pieces_until_board();
-    screens_snap("begin");
+    album_snap("begin");
     if (detours.wander)
         wander_before(kind);
     hands_move(AWAY.x, AWAY.y);

@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "play_deck.h"
+#include "album.h"
 #include "ears.h"
 #include "eyes.h"
 #include "hands.h"
@@ -110,14 +111,21 @@ static void take_card(const puzzle_kind &kind, point to) {
     hands_let_go();
 }
 
-static void wander_deck(const puzzle_kind &kind) {
-    hands_key(XK_space); // the next card, while this one goes under the stack
-    const point aside = {20, 200};
+// The next card, while this one goes under the stack; a piece that is dropped where it does not belong goes back.
+static void wander_deck(const puzzle_kind &kind, const std::vector<picture> &faces) {
+    hands_key(XK_space);
     until_deck_rests(kind);
-    take_card(kind, aside);
+    const int seen = until_card(kind, faces);
+    int elsewhere = 0;
+    while (picture_same(pieces_label(elsewhere), pieces_label(seen)))
+        ++elsewhere;
+    const point wrong = pieces_place(elsewhere);
+    take_card(kind, wrong);
     hands_move(AWAY.x, AWAY.y);
-    hands_key(XK_space); // the piece that was not placed goes back
-    eyes_until_not("the piece that was taken back", [&] { return pieces_body_seen(aside); });
+    eyes_until("a piece that was dropped wrongly where it was dropped", [&] { return pieces_face_seen(seen, wrong); });
+    album_snap("wrong-drop");
+    hands_key(XK_space);
+    eyes_until("the cell empty from which a piece was taken back", [&] { return pieces_cell_empty(elsewhere); });
     until_deck_rests(kind);
 }
 
@@ -129,11 +137,11 @@ void play_deck(const puzzle_kind &kind, bool wander) {
     click_next(kind);
     until_deck_rests(kind);
     if (wander)
-        wander_deck(kind);
+        wander_deck(kind, faces);
     while (!open.empty()) {
         const int seen = until_card(kind, faces);
         if (open.size() * 2 == static_cast<std::size_t>(pieces_count()))
-            screens_snap("deck");
+            album_snap("play");
         std::vector<int> cells = pieces_lookalikes(seen);
         std::erase_if(cells, [&](int cell) { return std::find(open.begin(), open.end(), cell) == open.end(); });
         robot_expect(!cells.empty(), "the card \"" + pieces_label(seen).name + "\" has not been placed before");
@@ -202,7 +210,7 @@ static void wander_keypad(const puzzle_kind &kind, const std::vector<picture> &c
     const int asked = until_card(kind, cards);
     ears_note("incorrect_number");
     enter(kind, product(kind, asked) + 1);
-    screens_snap("wrong-answer");
+    album_snap("wrong-answer");
     hands_move(AWAY.x, AWAY.y);
     eyes_until_still("the wrong answer's digits", WHOLE_WINDOW);
     robot_expect(eyes_copy(WHOLE_WINDOW) == before, "a wrong answer leaves everything as it was");
@@ -224,7 +232,7 @@ void play_keypad(const puzzle_kind &kind, bool wander) {
         eyes_until("the piece of " + cards[static_cast<std::size_t>(cell)].name,
                    [&] { return pieces_face_seen(cell, piece); });
         if (left == pieces_count() / 2)
-            screens_snap("keypad");
+            album_snap("play");
         ears_note_placement();
         play_drag(piece, play_careless(pieces_place(cell)), play_grip());
         if (left > 1)

@@ -58,6 +58,10 @@ const puzzle_kind &puzzle_kind_of(int type) {
     return KINDS[static_cast<std::size_t>(type)];
 }
 
+const puzzle_kind &puzzle_kind_in_row(int row) {
+    return puzzle_kind_of(LIST[static_cast<std::size_t>(row)]);
+}
+
 int puzzle_list_row(int type) {
     return static_cast<int>(std::find(LIST.begin(), LIST.end(), type) - LIST.begin());
 }

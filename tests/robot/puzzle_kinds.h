@@ -42,4 +42,5 @@ struct puzzle_kind {
 };
 
 const puzzle_kind &puzzle_kind_of(int type);
+const puzzle_kind &puzzle_kind_in_row(int row);
 int puzzle_list_row(int type); // in the title screen's list, 0 at the top

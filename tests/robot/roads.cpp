@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "roads.h"
+#include "album.h"
 #include "game.h"
 #include "numbers.h"
 #include "play.h"
@@ -10,6 +11,7 @@
 #include "robot.h"
 #include "screens.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <sstream>
@@ -18,6 +20,7 @@
 
 static constexpr const char *PLAYER = "Ann Lee";
 static constexpr int FIRST = 0, SECOND = 2; // the counting puzzles
+static constexpr std::array TOURED = {0, 10, 9, 1};
 
 static void check_files() {
     robot_expect(game_data_file("scores") == records_scores_file(), "data/scores holds what was played");
@@ -29,25 +32,36 @@ static void check_files() {
                          "the error log has no complaint such as \"" + line + "\"");
 }
 
+struct visit_plan {
+    std::string name = ""; // to be typed; empty keeps the one that stands there
+    bool wander = true, play = true;
+};
+
 // From the title screen to the title screen.
-static void visit(const puzzle_kind &kind, const std::string &name, bool wander) {
-    robot_say(std::string("plays ") + kind.title);
+static void visit(const puzzle_kind &kind, const visit_plan &plan) {
+    robot_say(std::string("visits ") + kind.title);
     static bool study_help_seen = false; // by this player; nobody is shown it before there is a name
+    album_about(&kind);
     if (numbers_known(kind))
         numbers_check_labels(kind);
     title_select(kind);
     title_study();
     study_enter(kind, !records_name().empty() && !study_help_seen);
     study_help_seen = !records_name().empty();
-    if (wander)
-        study_explore(kind);
-    study_play(name);
-    records_run_started(kind.type);
-    const double seconds = play_puzzle(kind, {.help_expected = records_log(kind.type).empty(), .wander = wander});
-    completion_confirm(kind, seconds);
-    score_log_record(kind, seconds);
-    robot_say(std::string("has completed ") + kind.title + " in " + std::to_string(records_log(kind.type)[0].seconds) +
-              " s");
+    if (plan.play) {
+        if (plan.wander)
+            study_explore(kind);
+        study_play(plan.name);
+        records_run_started(kind.type);
+        const double seconds =
+            play_puzzle(kind, {.help_expected = records_log(kind.type).empty(), .wander = plan.wander});
+        completion_confirm(kind, seconds);
+        score_log_record(kind, seconds);
+        robot_say("has completed it in " + std::to_string(records_log(kind.type)[0].seconds) + " s");
+    } else {
+        study_back();
+    }
+    album_about(nullptr);
 }
 
 static void leave() {
@@ -73,8 +87,9 @@ void road_short() {
     splash_leave();
     title_help();
     title_credits();
-    visit(puzzle_kind_of(FIRST), PLAYER, true);
-    visit(puzzle_kind_of(SECOND), "", false);
+    visit(puzzle_kind_of(FIRST), {.name = PLAYER});
+    visit(puzzle_kind_of(SECOND), {.play = false});
+    visit(puzzle_kind_of(SECOND), {.wander = false});
     leave();
     start_again({FIRST, SECOND});
 }
@@ -86,7 +101,7 @@ void road_long(const std::vector<int> &types) {
     title_credits();
     title_name(PLAYER);
     for (const int type : types)
-        visit(puzzle_kind_of(type), "", true);
+        visit(puzzle_kind_of(type), {});
     leave();
     start_again(types);
 }
@@ -94,9 +109,23 @@ void road_long(const std::vector<int> &types) {
 void road_signal() {
     game_start();
     splash_leave();
-    visit(puzzle_kind_of(FIRST), PLAYER, false);
+    visit(puzzle_kind_of(FIRST), {.name = PLAYER, .wander = false});
     game_signal(SIGTERM);
     game_expect_exit();
     check_files();
     start_again({FIRST});
+}
+
+// Every screen and every puzzle's study; a puzzle of each style is played.
+void road_tour() {
+    game_start();
+    splash_leave();
+    title_help();
+    title_credits();
+    for (int row = 0; row < PUZZLE_COUNT; ++row) {
+        const puzzle_kind &kind = puzzle_kind_in_row(row);
+        const bool play = std::find(TOURED.begin(), TOURED.end(), kind.type) != TOURED.end();
+        visit(kind, {.name = records_name().empty() ? PLAYER : "", .play = play});
+    }
+    leave();
 }

@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens.h"
+#include "album.h"
 #include "ears.h"
 #include "eyes.h"
 #include "game.h"
@@ -14,8 +15,6 @@
 #include "screens_parts.h"
 
 #include <array>
-#include <cstdio>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -29,25 +28,7 @@ static constexpr point MARK_AT = {22, 135}, HEADING_AT = {30, 14}, NAME_AT = {15
 static constexpr int PICTURE_X = 400, PICTURE_MIDDLE = 192, PICTURE_TITLE = 10;
 static constexpr point SPLASH_BUTTON = {659, 480};
 static constexpr std::array HELP_DARK = {203, 187};
-static constexpr double HELP_DEAF_SECONDS = 1; // longer than they are deaf
 static constexpr int HIGHLIGHT_FIRST = 180, HIGHLIGHT_LAST = 250, HIGHLIGHT_BLUE = 64;
-
-static std::string picture_folder;
-static int picture_number;
-
-void screens_save_pictures(const std::string &folder) {
-    std::filesystem::create_directories(folder);
-    picture_folder = folder;
-}
-
-void screens_snap(const std::string &name) {
-    if (picture_folder.empty())
-        return;
-    char number[16];
-    std::snprintf(number, sizeof number, "%02i-", ++picture_number);
-    eyes_look();
-    eyes_save(picture_folder + "/" + number + name + ".png");
-}
 
 // The bubbles are deaf for their first frames. A text starts white and pulses: when it is dark they listen.
 static bool help_seen_dark(const std::string &text, point at) {
@@ -57,14 +38,14 @@ static bool help_seen_dark(const std::string &text, point at) {
     return false;
 }
 
-void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at) {
+void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at, const char *shot) {
     const auto showing = [&] { return letters_seen_pulsing(first_text, at.x, at.y); };
     hands_move(AWAY.x, AWAY.y);
     eyes_until("the help \"" + first_text + "\"", showing);
-    eyes_appears([&] { return help_seen_dark(first_text, at); }, HELP_DEAF_SECONDS);
+    eyes_until("the help's text getting darker", [&] { return help_seen_dark(first_text, at); });
     for (int click = 1; click <= most_clicks; ++click) {
         if (click == most_clicks)
-            screens_snap("help");
+            album_snap(shot);
         hands_click(click_at.x, click_at.y);
         hands_move(AWAY.x, AWAY.y);
         eyes_look();
@@ -103,25 +84,25 @@ static bool row_seen(int type) {
     return eyes_see(left, ROW_X, ROW_TOP + ROW_HEIGHT * puzzle_list_row(type));
 }
 
-static void until_splash(int button_number) {
-    eyes_until_seen(title_picture_of(HEADING), HEADING_AT.x, HEADING_AT.y);
+static void until_splash(int button_number, const char *shot) {
+    eyes_find_window(title_picture_of(HEADING), HEADING_AT.x, HEADING_AT.y);
     for (int type = 0; type < PUZZLE_COUNT; ++type)
         eyes_until(std::string("the row of ") + puzzle_kind_of(type).title + " on the splash screen",
                    [&] { return row_seen(type) && row_title_seen(type, LIGHT_GREY); });
     eyes_until_seen(library_picture("splash/", button_number), SPLASH_BUTTON.x, SPLASH_BUTTON.y);
-    screens_snap("splash");
+    album_snap(shot);
 }
 
 void splash_leave() {
     static constexpr int CONTINUE = 7;
-    until_splash(CONTINUE);
+    until_splash(CONTINUE, "splash");
     click_button(library_picture("splash/", CONTINUE), SPLASH_BUTTON.x, SPLASH_BUTTON.y);
     title_check();
 }
 
 void splash_finish() {
     static constexpr int QUIT = 11;
-    until_splash(QUIT);
+    until_splash(QUIT, "closing");
     const picture &quit = library_picture("splash/", QUIT);
     hands_press_last(SPLASH_BUTTON.x + quit.width / 2, SPLASH_BUTTON.y + quit.height / 2);
     game_expect_exit();
@@ -171,13 +152,13 @@ void title_check() {
     check_marks();
     if (!records_name().empty())
         letters_until(records_name(), NAME_AT.x, NAME_AT.y, YELLOW);
-    screens_snap("title");
+    album_snap("title");
 }
 
 void title_help() {
     click_column(HELP, 2);
     static constexpr point A_ROW = {120, ROW_TOP + 9 * ROW_HEIGHT + ROW_HEIGHT / 2}, CHOOSE_AT = {450, 200};
-    help_until_closed("Click to select a puzzle.", {210, 115}, 2, A_ROW);
+    help_until_closed("Click to select a puzzle.", {210, 115}, 2, A_ROW, "title-help");
     letters_until("Choose a puzzle", CHOOSE_AT.x, CHOOSE_AT.y, LIGHT_GREY);
 }
 
@@ -189,7 +170,7 @@ void title_select(const puzzle_kind &kind) {
     eyes_until_seen(p, PICTURE_X, y);
     letters_until(kind.title, PICTURE_X + (p.width >> 1) - (letters_width(kind.title) >> 1), y - PICTURE_TITLE,
                   LIGHT_GREY);
-    screens_snap("title-selected");
+    album_snap("title-selected");
 }
 
 void title_study() {
@@ -223,15 +204,15 @@ void title_credits() {
                 return true;
         return false;
     });
-    screens_snap("credits");
+    album_snap("credits");
     hands_click(AWAY.x, AWAY.y);
     title_check();
 }
 
 void title_exit() {
     click_column(EXIT, 1);
-    dialog_answer("Exit program?", false);
+    dialog_answer("Exit program?", false, "exit");
     title_check();
     hands_key(XK_Escape);
-    dialog_answer("Exit program?", true);
+    dialog_answer("Exit program?", true, "exit");
 }

@@ -13,12 +13,9 @@
 
 inline constexpr point AWAY = {785, 200}; // where the mouse is over nothing on any screen and under no help bubble
 
-void screens_save_pictures(const std::string &folder); // from now on
-void screens_snap(const std::string &name);            // one numbered picture, where they are saved
-
 // A sequence of help bubbles of which this is the first: waits for it and clicks until it is gone, on something that
-// would answer if the bubbles did not take the clicks.
-void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at);
+// would answer if the bubbles did not take the clicks. `shot` names the picture of the last.
+void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at, const char *shot);
 
 void splash_leave();  // to the title screen
 void splash_finish(); // the closing layout: to the end of the program
@@ -32,9 +29,9 @@ void title_credits();                       // there and back
 void title_name(const std::string &name);
 void title_exit(); // first no, then yes: to the closing splash
 
-// Waits for the full board; on a player's first visit the help shows by itself and is clicked away.
+// Waits for the full board and the text; on a player's first visit the help shows by itself and is clicked away.
 void study_enter(const puzzle_kind &kind, bool help_expected);
-void study_explore(const puzzle_kind &kind); // text, a piece out and in again, clear, fill, help
+void study_explore(const puzzle_kind &kind); // a piece out and in again, clear, fill, help
 void study_play(const std::string &name);    // through the name dialog to the play screen; empty keeps the name
 
 void study_back();

@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "album.h"
 #include "eyes.h"
 #include "hands.h"
 #include "letters.h"
@@ -35,7 +36,13 @@ static void close_help(const puzzle_kind &kind) {
     const std::string text = "Click spaces on the board to place or remove pieces.";
     const int board_height = library_picture(std::string(kind.folder) + "board/base.xpm").height;
     help_until_closed(text, {letters_center(text), board_height + HELP_BELOW_BOARD}, 2,
-                      {place_of(BACK).x + BUTTON_INSIDE, place_of(BACK).y + BUTTON_INSIDE});
+                      {place_of(BACK).x + BUTTON_INSIDE, place_of(BACK).y + BUTTON_INSIDE}, "study-help");
+}
+
+static void check_text(const puzzle_kind &kind) {
+    const std::string text = letters_wrap(library_text("study" + std::to_string(kind.type) + ".txt"), TEXT_WIDTH);
+    eyes_until("the study text of " + std::string(kind.title),
+               [&] { return letters_seen(text, letters_center(text), TEXT_Y, NAVY); });
 }
 
 void study_enter(const puzzle_kind &kind, bool help_expected) {
@@ -47,12 +54,8 @@ void study_enter(const puzzle_kind &kind, bool help_expected) {
     hands_move(AWAY.x, AWAY.y);
     pieces_until_board();
     eyes_until("every piece in its place on the study board", [] { return pieces_faces_missing() == 0; });
-}
-
-static void check_text(const puzzle_kind &kind) {
-    const std::string text = letters_wrap(library_text("study" + std::to_string(kind.type) + ".txt"), TEXT_WIDTH);
-    eyes_until("the study text of " + std::string(kind.title),
-               [&] { return letters_seen(text, letters_center(text), TEXT_Y, NAVY); });
+    check_text(kind);
+    album_snap("study");
 }
 
 static void click_cell(int cell) {
@@ -62,8 +65,6 @@ static void click_cell(int cell) {
 }
 
 void study_explore(const puzzle_kind &kind) {
-    check_text(kind);
-    screens_snap("study");
     const int cell = kind.columns + 2;
     click_cell(cell);
     eyes_until("an empty cell where a piece was clicked", [&] { return pieces_cell_empty(cell); });
@@ -77,7 +78,7 @@ void study_explore(const puzzle_kind &kind) {
                 return false;
         return true;
     });
-    screens_snap("study-clear");
+    album_snap("study-clear");
     click_study(FILL);
     eyes_until("a full board", [] { return pieces_faces_missing() == 0; });
     click_study(HELP);
