@@ -30,7 +30,7 @@ static constexpr std::array CURSORS = {
 static constexpr const cursor &HOLDING = CURSORS[2];
 static constexpr double LOST_SECONDS = 0.5; // without the cursor where it should be before looking for it elsewhere
 static constexpr double LATE_SECONDS = 4;   // likewise, when the game is known to hear of the pointer
-static constexpr double TAKE_SECONDS = 2;   // after which a piece that was not held is pressed again
+static constexpr double TAKE_SECONDS = 4;   // after which a piece that was not held is pressed again
 static constexpr int GLIDE_STEP = 12;       // pixels
 static constexpr auto GLIDE_TIME = std::chrono::milliseconds(8);   // a step
 static constexpr auto CLICK_TIME = std::chrono::milliseconds(300); // of a click that nothing answers
@@ -172,20 +172,27 @@ void hands_type(const std::string &text) {
     }
 }
 
+// A piece that was still moving when it was pressed has to be pressed again. Then it is held only when that is seen
+// to last: on a busy machine the first press may show late.
 void hands_take(int x, int y) {
     using steady = std::chrono::steady_clock;
+    static constexpr std::chrono::duration<double> PATIENT(TAKE_SECONDS);
     hands_move(x, y);
     display_button(true);
     eyes_overlook({});
-    auto pressed = steady::now();
+    bool again = false;
+    auto pressed = steady::now(), loose = pressed;
     eyes_until("the holding cursor over the piece at (" + std::to_string(x) + ", " + std::to_string(y) + ")", [&] {
+        const auto now = steady::now();
         if (cursor_at(HOLDING, here))
-            return true;
-        if (steady::now() - pressed > std::chrono::duration<double>(TAKE_SECONDS)) {
-            display_button(false); // the piece was still moving
+            return !again || now - loose > PATIENT / 2;
+        loose = now;
+        if (now - pressed > PATIENT) {
+            display_button(false);
             std::this_thread::sleep_for(CLICK_TIME);
             display_button(true);
-            pressed = steady::now();
+            loose = pressed = steady::now();
+            again = true;
         }
         return false;
     });

@@ -145,6 +145,7 @@ static void check_marks() {
 }
 
 void title_check() {
+    hands_move(AWAY.x, AWAY.y);
     eyes_until_seen(title_picture_of(HEADING), HEADING_AT.x, HEADING_AT.y);
     eyes_until_seen(title_picture_of(EXIT), column_place(1).x, column_place(1).y);
     for (int type = 0; type < PUZZLE_COUNT; ++type)
