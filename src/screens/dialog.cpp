@@ -23,6 +23,7 @@
 #include "sprites/effect.h"
 
 #include <SDL.h>
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -92,8 +93,7 @@ void set_line(i32 line, const char *text, i32 y) {
 }
 
 void reset(const char *title) {
-    for (i32 &x : dialog.line_x)
-        x = LINE_HIDDEN;
+    std::ranges::fill(dialog.line_x, LINE_HIDDEN);
     ptr_array_clear(dialog.buttons);
     dialog.dialog_flags &= ~(DIALOG_NAME_ENTRY | DIALOG_CELEBRATE);
     for (i32 key = 0; key < key_count(); ++key)
@@ -271,8 +271,7 @@ i32 dialog_init() {
         log_out_of_memory();
         return -1;
     }
-    for (i32 &x : dialog.line_x)
-        x = LINE_HIDDEN;
+    std::ranges::fill(dialog.line_x, LINE_HIDDEN);
     dialog.buttons = ptr_array_create<button>(button_free);
     dialog.confetti = ptr_array_create<effect>(effect_free);
     return dialog.buttons != nullptr && dialog.confetti != nullptr ? 1 : -1;

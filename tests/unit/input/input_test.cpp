@@ -32,6 +32,7 @@ TEST_F(input_test, a_press_is_seen_in_its_first_frame_only) {
     fake_key(SDLK_x, true);
     fake_mouse_button(MOUSE_LEFT, true);
     ASSERT_EQ(input_init(), 1);
+    EXPECT_FALSE(key_pressed(SDLK_x));
     input_poll();
     EXPECT_FALSE(key_pressed(SDLK_x)) << "held since before the start";
     EXPECT_TRUE(mouse_pressed(MOUSE_LEFT)) << "a button held at the start counts";
