@@ -59,12 +59,14 @@ void check_room() {
 
 // --- Detours -------------------------------------------------------------------------------------
 
+i32 shown() {
+    const auto *pieces = the_board()->pieces;
+    return static_cast<i32>(std::count_if(pieces->items, pieces->items + pieces->count,
+                                          [](const sprite *piece) { return !has_any(piece, SPRITE_HIDDEN); }));
+}
+
 void study_shows_hides_and_fills() {
     const board *b = the_board();
-    const auto shown = [b] {
-        return std::count_if(b->pieces->items, b->pieces->items + b->pieces->count,
-                             [](const sprite *piece) { return !has_any(piece, SPRITE_HIDDEN); });
-    };
     check(shown() == b->pieces->count, "all pieces show in study mode");
     const sprite *cell = b->cells->items[b->cols + 1];
     const int x = b->x + cell->x + cell->w / 2, y = b->y + cell->y + cell->h / 2;
@@ -250,6 +252,8 @@ void play(int type, const char *name) {
     else
         play_loose_pieces();
     check(b->placed == b->pieces->count, "every piece is placed");
+    until_screen(SCREEN_DIALOG);
+    check(shown() == b->pieces->count, "the finished board shows all pieces");
     finish_dialog_and_score_log();
 }
 
