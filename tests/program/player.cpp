@@ -20,6 +20,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -205,12 +206,10 @@ constexpr int HELP_DEAF = 12; // frames until bubbles take clicks
 
 // Frames of the bubbles that show, and the two ends of their lines. The bubbles are recorded once more, aside.
 void read_bubbles(std::vector<rect> *frames, std::vector<rect> *ends) {
-    until("the render thread rests", [] {
-        const bool idle = render_begin_frame();
-        if (!idle)
-            render_end_frame();
-        return idle;
-    });
+    while (!render_begin_frame()) { // the render thread rests soon, in real time
+        render_end_frame();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
     const draw_queue_state &q = draw_queue;
     const bool pending = q.pending;
     const i32 lengths[] = {q.lists[0].length, q.lists[1].length};
