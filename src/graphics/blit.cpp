@@ -12,9 +12,6 @@
 #include "graphics/span_walk.h"
 #include "graphics/wide.h"
 
-#include <algorithm>
-#include <cstring>
-
 static constexpr char KEY_TEXT[] = "EA008A";
 
 static rgb color_key = BLACK; // as the screen's format gives it back
@@ -28,7 +25,7 @@ static rect bounds_of(const frame_buffer &buffer) {
 }
 
 template <class Pixel> static void copy_span(const pixel_span<Pixel> &span) {
-    std::memcpy(span.to, span.from, static_cast<std::size_t>(span.count) << Pixel::SHIFT);
+    wide_copy<Pixel>(span.to, span.from, span.count);
 }
 
 template <class Pixel> static void blit_plain(const frame_buffer &to, const image &picture, i32 x, i32 y) {
@@ -62,7 +59,7 @@ template <class Pixel> static void blit_by_mode(const frame_buffer &to, const im
     const auto colour = Pixel::from_rgb(op.colour_a);
     const wide colours = wide_of<Pixel>(colour);
     if ((op.mode & BLIT_FILL) != 0) {
-        paint<Pixel>(to, op, [=](span_of span) { std::fill_n(span.to, span.count, colour); });
+        paint<Pixel>(to, op, [=](span_of span) { wide_fill<Pixel>(span.to, span.count, colour); });
     } else if ((op.mode & BLIT_TINT) != 0) {
         const wide tint = wide_halve<Pixel>(colours);
         paint<Pixel>(to, op, [=](span_of span) {

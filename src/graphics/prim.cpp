@@ -27,7 +27,7 @@ template <class Pixel> static void darken(const frame_buffer &to, const rect &ar
 
 template <class Pixel> static void fill(const frame_buffer &to, const rect &area, rgb colour) {
     const auto pixel = Pixel::from_rgb(colour);
-    each_row<Pixel>(to, area, [pixel](auto *pixels, i32 count) { std::fill_n(pixels, count, pixel); });
+    each_row<Pixel>(to, area, [pixel](auto *pixels, i32 count) { wide_fill<Pixel>(pixels, count, pixel); });
 }
 
 template <class Pixel> static void frame(const frame_buffer &to, const rect &area, rgb colour) {

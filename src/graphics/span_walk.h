@@ -33,28 +33,43 @@ inline const i32 *skip_rows(const i32 *entry, i32 rows) {
     return entry;
 }
 
-// Calls rule(pixel_span<Pixel>) for what shows of a picture at (x, y) inside the box, which must lie in the buffer.
-template <class Pixel, class Rule>
-void walk_spans(const frame_buffer &to, const image &picture, i32 x, i32 y, const rect &box, Rule rule) {
+// The rows of a walk. INSIDE: no run reaches beyond the box's sides, which most pictures do not, so that nothing has
+// to be cut.
+template <class Pixel, bool INSIDE, class Rule>
+void walk_rows(const frame_buffer &to, const image &picture, i32 x, i32 y, const rect &box, Rule rule) {
     using value = typename Pixel::value;
-    if (rect_is_empty(box) || picture.runs == nullptr)
-        return;
     const i32 box_right = box.x + box.w;
     const i32 bottom = std::min(box.y + box.h, y + picture.height);
     i32 row = std::max(box.y, y);
     const i32 *entry = skip_rows(picture.runs, row - y);
     const auto *pixels = reinterpret_cast<const value *>(picture.pixels);
-    for (; entry != nullptr && row < bottom; ++row, entry = skip_rows(entry, 1)) {
+    for (; entry != nullptr && row < bottom; ++row, ++entry) {
         value *to_row = reinterpret_cast<value *>(frame_row(to, row));
         const value *from_row = pixels + (row - y) * picture.width;
-        bool opaque = false;
-        for (i32 column = x; *entry >= 0; ++entry, opaque = !opaque) {
-            const i32 end = column + (*entry >> Pixel::SHIFT);
-            const i32 first = std::max(column, box.x), stop = std::min(end, box_right);
-            if (opaque && first < stop)
+        i32 column = x;
+        while (*entry >= 0) { // a transparent run, then perhaps an opaque one
+            column += *entry++ >> Pixel::SHIFT;
+            if (*entry < 0)
+                break;
+            const i32 end = column + (*entry++ >> Pixel::SHIFT);
+            const i32 first = INSIDE ? column : std::max(column, box.x), stop = INSIDE ? end : std::min(end, box_right);
+            if (first < stop)
                 rule(pixel_span<Pixel>{to_row + first, from_row + (first - x), stop - first, first == column,
                                        stop == end});
             column = end;
         }
+        if (*entry == RUN_END_PICTURE)
+            return;
     }
+}
+
+// Calls rule(pixel_span<Pixel>) for what shows of a picture at (x, y) inside the box, which must lie in the buffer.
+template <class Pixel, class Rule>
+void walk_spans(const frame_buffer &to, const image &picture, i32 x, i32 y, const rect &box, Rule rule) {
+    if (rect_is_empty(box) || picture.runs == nullptr)
+        return;
+    if (x >= box.x && x + picture.width <= box.x + box.w)
+        walk_rows<Pixel, true>(to, picture, x, y, box, rule);
+    else
+        walk_rows<Pixel, false>(to, picture, x, y, box, rule);
 }

@@ -26,6 +26,13 @@ template <class Pixel> constexpr wide wide_keep_rgb(wide pixels) {
     return pixels & wide_of<Pixel>(Pixel::RGB_MASK);
 }
 
+// Whether any lane is 0.
+template <class Pixel> constexpr bool wide_has_zero(wide pixels) {
+    using value = typename Pixel::value;
+    constexpr value TOP_BIT = value{1} << (sizeof(value) * 8 - 1);
+    return ((pixels - wide_of<Pixel>(1)) & ~pixels & wide_of<Pixel>(TOP_BIT)) != 0;
+}
+
 // to[i] = op(to[i], from[i]); op takes and gives wide values and must treat every lane alike. A single pixel at
 // the end goes through the lowest lane.
 template <class Pixel, class Op>
@@ -47,4 +54,38 @@ void wide_apply(typename Pixel::value *to, const typename Pixel::value *from, i3
 // to[i] = op(to[i])
 template <class Pixel, class Op> void wide_change(typename Pixel::value *to, i32 count, Op op) {
     wide_apply<Pixel>(to, to, count, [op](wide under, wide) { return op(under); });
+}
+
+// Copies a span. Most are a few pixels, for which calling memcpy takes longer than copying: pieces of a fixed size are
+// moved in registers, the last one laid over the end of the one before.
+template <std::size_t PIECE> void copy_pieces(u8 *to, const u8 *from, std::size_t bytes) {
+    for (std::size_t at = 0; at + PIECE < bytes; at += PIECE)
+        std::memcpy(to + at, from + at, PIECE);
+    std::memcpy(to + bytes - PIECE, from + bytes - PIECE, PIECE);
+}
+
+template <class Pixel> void wide_copy(typename Pixel::value *to, const typename Pixel::value *from, i32 count) {
+    constexpr std::size_t WORD = 4, BLOCK = 16, FEW_BLOCKS = 256; // bytes
+    auto *to_bytes = reinterpret_cast<u8 *>(to);
+    const auto *from_bytes = reinterpret_cast<const u8 *>(from);
+    const std::size_t bytes = static_cast<std::size_t>(count) << Pixel::SHIFT;
+    if (bytes < WORD)
+        *to = *from;
+    else if (bytes < BLOCK)
+        copy_pieces<WORD>(to_bytes, from_bytes, bytes);
+    else if (bytes <= FEW_BLOCKS)
+        copy_pieces<BLOCK>(to_bytes, from_bytes, bytes);
+    else
+        std::memcpy(to, from, bytes);
+}
+
+// The same pixel count times.
+template <class Pixel> void wide_fill(typename Pixel::value *to, i32 count, typename Pixel::value pixel) {
+    constexpr i32 LANES = sizeof(wide) / sizeof(pixel);
+    const wide pixels = wide_of<Pixel>(pixel);
+    i32 i = 0;
+    for (; i + LANES <= count; i += LANES)
+        std::memcpy(to + i, &pixels, sizeof pixels);
+    for (; i < count; ++i)
+        to[i] = pixel;
 }

@@ -7,6 +7,7 @@
 #include "core/log.h"
 #include "core/strings.h"
 #include "graphics/pixel.h"
+#include "graphics/wide.h"
 #include "resources/archive.h"
 #include "resources/file_reader.h"
 #include "resources/xpm.h"
@@ -15,6 +16,7 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 static constexpr i32 RUN_STEP = 1024; // entries the run table grows by
 
@@ -72,20 +74,33 @@ static bool reserve_runs(run_table *table, i32 more) {
     return true;
 }
 
-// Appends a row's runs, beginning with a transparent one. There must be room for width + 2 entries.
-template <class P> static void add_row(run_table *table, const typename P::value *row, i32 width, rgb key) {
-    const auto key_pixel = P::from_rgb(key);
-    bool transparent = true;
-    i32 start = 0;
-    for (i32 x = 0; x < width; ++x) {
-        // Through the colour, because bits that carry none do not count.
-        if ((P::from_rgb(P::to_rgb(row[x])) == key_pixel) == transparent)
-            continue;
-        table->entries[table->count++] = (x - start) << P::SHIFT;
-        transparent = !transparent;
-        start = x;
+// The first pixel from x on that is transparent, or is not; width when there is none. Through the bits that carry
+// colour, several pixels at a time where none of them ends the run.
+template <class P> static i32 end_of_run(const typename P::value *row, i32 x, i32 width, bool transparent, u32 key) {
+    constexpr i32 LANES = sizeof(wide) / sizeof(typename P::value);
+    const wide keys = wide_of<P>(static_cast<typename P::value>(key));
+    for (; x + LANES <= width; x += LANES) {
+        wide pixels;
+        std::memcpy(&pixels, row + x, sizeof pixels);
+        const wide differs = wide_keep_rgb<P>(pixels ^ keys);
+        if (transparent ? differs != 0 : wide_has_zero<P>(differs))
+            break;
     }
-    table->entries[table->count++] = (width - start) << P::SHIFT;
+    while (x < width && (((row[x] ^ key) & P::RGB_MASK) == 0) == transparent)
+        ++x;
+    return x;
+}
+
+// Appends a row's runs, beginning with a transparent one. There must be room for width + 2 entries.
+template <class P> static void add_row(run_table *table, const typename P::value *row, i32 width, u32 key) {
+    bool transparent = true;
+    for (i32 x = 0; x < width || x == 0; transparent = !transparent) {
+        const i32 end = end_of_run<P>(row, x, width, transparent, key);
+        table->entries[table->count++] = (end - x) << P::SHIFT;
+        if (end == width)
+            break;
+        x = end;
+    }
     table->entries[table->count++] = RUN_END_ROW;
 }
 
@@ -93,11 +108,12 @@ template <class P> static bool build_table(run_table *table, const image *pictur
     constexpr i32 row_extra = 2; // a leading run of nothing, the end of the row
     rgb key;
     color_key_get(&key);
+    const u32 key_pixel = P::from_rgb(key);
     const auto *row = reinterpret_cast<const typename P::value *>(picture->pixels);
     for (i32 y = 0; y < picture->height; ++y, row += picture->width) {
         if (!reserve_runs(table, picture->width + row_extra))
             return false;
-        add_row<P>(table, row, picture->width, key);
+        add_row<P>(table, row, picture->width, key_pixel);
     }
     if (!reserve_runs(table, 1))
         return false;

@@ -1,4 +1,0 @@
-#include "table.h"
-int main() {
-    return 0;
-}
