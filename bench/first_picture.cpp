@@ -21,7 +21,7 @@ using steady = std::chrono::steady_clock;
 static constexpr int STEP = 8;                 // pixels between the points
 static constexpr unsigned long LIT = 0x404040; // bits of which a lit point has some
 static constexpr int LIT_PART = 50;            // one point in so many
-static constexpr auto PATIENCE = 20s;
+static constexpr auto PATIENCE = 8s;
 static constexpr auto PAUSE = 1ms;
 
 static bool picture_stands(Display *display) {
@@ -46,6 +46,9 @@ int main(int count, char **arguments) {
     const auto start = steady::now();
     const pid_t child = fork();
     if (child == 0) {
+        // Whoever reads the milliseconds must not wait for the program's end.
+        if (std::freopen("/dev/null", "w", stdout) == nullptr)
+            _exit(EXIT_FAILURE);
         execvp(arguments[2], arguments + 2);
         _exit(EXIT_FAILURE);
     }

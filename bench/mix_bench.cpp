@@ -33,7 +33,7 @@ namespace {
 
 constexpr double TWICE = 2, PERCENT = 100, ONE_PERCENT = 1;
 constexpr i32 BUFFER_FRAMES = 4096, SAMPLES = BUFFER_FRAMES * SOUND_CHANNELS;
-constexpr i32 BUFFERS = 64; // of sound that a channel holds
+constexpr i32 BUFFERS = 64;               // of sound that a channel holds
 constexpr int EFFECT_VOLUME = VOLUME_MAX; // as the program plays
 constexpr u32 BYTES = SAMPLES * sizeof(i16);
 constexpr double PERIOD = static_cast<double>(BUFFER_FRAMES) / SOUND_RATE; // seconds
