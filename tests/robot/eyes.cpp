@@ -12,7 +12,7 @@
 
 using steady = std::chrono::steady_clock;
 
-static constexpr auto PAUSE = std::chrono::milliseconds(2);   // between two looks
+static constexpr auto PAUSE = std::chrono::milliseconds(3);   // between two looks, at least
 static constexpr auto STILL = std::chrono::milliseconds(150); // longer than a slow game's frame
 static constexpr int GONE_VIEWS = 4;                          // views without a thing before it counts as gone
 
@@ -22,6 +22,11 @@ static std::function<std::string()> alarm_check;
 
 void eyes_look() {
     display_grab(&now);
+}
+
+// Half of the time belongs to the game.
+static void pause_after(steady::duration looking) {
+    std::this_thread::sleep_for(std::max<steady::duration>(looking, PAUSE));
 }
 
 const view &eyes_view() {
@@ -94,6 +99,7 @@ std::vector<point> eyes_find_all(const picture &p, const area &within) {
 static void watch(const std::string &what, const std::function<bool()> &holds, int views, double seconds) {
     const auto end = steady::now() + std::chrono::duration<double>(seconds);
     for (int in_a_row = 0;;) {
+        const auto begin = steady::now();
         eyes_look();
         in_a_row = holds() ? in_a_row + 1 : 0;
         if (in_a_row >= views)
@@ -103,7 +109,7 @@ static void watch(const std::string &what, const std::function<bool()> &holds, i
             robot_give_up("the screen shows " + what + ", but " + trouble);
         if (steady::now() > end)
             robot_give_up("the screen shows " + what);
-        std::this_thread::sleep_for(PAUSE);
+        pause_after(steady::now() - begin);
     }
 }
 

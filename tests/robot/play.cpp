@@ -24,8 +24,17 @@ static constexpr point CARELESS = {2, -2}; // a drop is this far from the exact 
 static constexpr int LYING_VIEWS = 20;     // in which a piece lies where it was dropped before it counts as not placed
 static constexpr point HELP_BUTTON = {730, 5}, RETURN_BUTTON = {730, 35}, RETURN_MIDDLE = {760, 47};
 
+static steady::time_point first_held, last_taken; // of this run; the clock runs from before the one to after the other
+
+void play_take(point at) {
+    last_taken = steady::now();
+    hands_take(at.x, at.y);
+    if (first_held == steady::time_point())
+        first_held = steady::now();
+}
+
 void play_drag(point piece, point to, point grip) {
-    hands_take(piece.x + grip.x, piece.y + grip.y);
+    play_take({piece.x + grip.x, piece.y + grip.y});
     hands_move(to.x + grip.x, to.y + grip.y);
     hands_let_go();
 }
@@ -94,7 +103,7 @@ static void drop_wrongly(const loose_piece &piece, const loose_piece &next) {
                [&] { return pieces_face_seen(piece.cell, wrong); });
     album_snap("wrong-drop");
     const point grip = play_grip();
-    hands_take(next.at.x + grip.x, next.at.y + grip.y);
+    play_take({next.at.x + grip.x, next.at.y + grip.y});
     hands_let_go();
     hands_move(AWAY.x, AWAY.y);
     eyes_until("the wrongly dropped piece back in its place", [&] { return pieces_face_seen(piece.cell, piece.at); });
@@ -117,7 +126,7 @@ static void lift_any() {
         some = pieces_find_loose();
         return !some.empty();
     });
-    hands_take(some[0].at.x + play_grip().x, some[0].at.y + play_grip().y);
+    play_take({some[0].at.x + play_grip().x, some[0].at.y + play_grip().y});
     hands_let_go();
     hands_move(AWAY.x, AWAY.y);
 }
@@ -144,7 +153,11 @@ static void play_in_sight(bool wander) {
     }
 }
 
-double play_puzzle(const puzzle_kind &kind, const play_detours &detours) {
+static double seconds_between(steady::time_point from, steady::time_point to) {
+    return std::chrono::duration<double>(to - from).count();
+}
+
+run_span play_puzzle(const puzzle_kind &kind, const play_detours &detours) {
     pieces_open(kind, false);
     if (detours.help_expected)
         help_until_closed(kind.help, kind.help_at, kind.help_clicks, RETURN_MIDDLE, "play-help");
@@ -157,6 +170,7 @@ double play_puzzle(const puzzle_kind &kind, const play_detours &detours) {
     eyes_look();
     pieces_read_cells();
     const auto start = steady::now();
+    first_held = {};
     switch (kind.style) {
     case play_style::BOX:
     case play_style::AROUND:
@@ -170,5 +184,6 @@ double play_puzzle(const puzzle_kind &kind, const play_detours &detours) {
         break;
     }
     ears_note("puzzle_complete");
-    return std::chrono::duration<double>(steady::now() - start).count();
+    completion_await();
+    return {.least = seconds_between(first_held, last_taken), .most = seconds_between(start, steady::now())};
 }

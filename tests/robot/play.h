@@ -1,6 +1,6 @@
 // play.h: playing a puzzle on the play screen, from the first help bubble to the completion dialog.
 //
-// One thread. Starts when the play screen has been asked for; ends when the completion dialog is coming.
+// One thread. Starts when the play screen has been asked for; ends when the completion dialog is there.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -14,4 +14,4 @@ struct play_detours {
     bool wander = false; // help, Escape and back, wrong drops or answers
 };
 
-double play_puzzle(const puzzle_kind &kind, const play_detours &detours); // seconds from the first move to the last
+run_span play_puzzle(const puzzle_kind &kind, const play_detours &detours);

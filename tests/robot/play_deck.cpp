@@ -104,7 +104,7 @@ static int put_into_one_of(std::vector<int> cells, point from) {
 static void take_card(const puzzle_kind &kind, point to) {
     const point grip = {pieces_size().x / 2, pieces_size().y / 2};
     const point from = {kind.deck.x + DECK_PIECE + grip.x, kind.deck.y + DECK_PIECE + grip.y};
-    hands_take(from.x, from.y);
+    play_take(from);
     for (int step = 1; step <= FOLLOW_STEPS; ++step)
         hands_move(from.x - step, from.y);
     hands_move(to.x + grip.x, to.y + grip.y);

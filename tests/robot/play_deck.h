@@ -7,6 +7,7 @@
 #include "picture.h"
 #include "puzzle_kinds.h"
 
+void play_take(point at);                          // presses the button there until a piece is held
 void play_drag(point piece, point to, point grip); // places of the piece's corner; the grip is counted from there
 point play_grip();
 point play_careless(point place); // near enough to snap

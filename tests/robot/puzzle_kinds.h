@@ -41,6 +41,11 @@ struct puzzle_kind {
     int help_clicks; // that lead through all bubbles
 };
 
+// How long a run took, as far as can be said from outside, seconds.
+struct run_span {
+    double least, most;
+};
+
 const puzzle_kind &puzzle_kind_of(int type);
 const puzzle_kind &puzzle_kind_in_row(int row);
 int puzzle_list_row(int type); // in the title screen's list, 0 at the top

@@ -53,10 +53,10 @@ static void visit(const puzzle_kind &kind, const visit_plan &plan) {
             study_explore(kind);
         study_play(plan.name);
         records_run_started(kind.type);
-        const double seconds =
+        const run_span played =
             play_puzzle(kind, {.help_expected = records_log(kind.type).empty(), .wander = plan.wander});
-        completion_confirm(kind, seconds);
-        score_log_record(kind, seconds);
+        completion_confirm(kind, played);
+        score_log_record(kind, played);
         robot_say("has completed it in " + std::to_string(records_log(kind.type)[0].seconds) + " s");
     } else {
         study_back();

@@ -37,5 +37,6 @@ void study_play(const std::string &name);    // through the name dialog to the p
 void study_back();
 
 void return_dialog_stay();
-void completion_confirm(const puzzle_kind &kind, double played_seconds); // to the score log
-void score_log_record(const puzzle_kind &kind, double played_seconds);   // notes the run; back to the title screen
+void completion_await();
+void completion_confirm(const puzzle_kind &kind, const run_span &played); // to the score log
+void score_log_record(const puzzle_kind &kind, const run_span &played);   // notes the run; back to the title screen
