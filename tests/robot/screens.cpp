@@ -164,10 +164,12 @@ void title_help() {
 }
 
 void title_select(const puzzle_kind &kind) {
-    ears_note("board_slide");
-    hands_click(ROW_X + 90, ROW_TOP + ROW_HEIGHT * puzzle_list_row(kind.type) + ROW_HEIGHT / 2);
     const picture &p = title_picture_of(PUZZLES + kind.type);
     const int y = PICTURE_MIDDLE - (p.height >> 1);
+    eyes_look();
+    if (!eyes_see(p, PICTURE_X, y)) // else it has been selected before
+        ears_note("board_slide");
+    hands_click(ROW_X + 90, ROW_TOP + ROW_HEIGHT * puzzle_list_row(kind.type) + ROW_HEIGHT / 2);
     eyes_until_seen(p, PICTURE_X, y);
     letters_until(kind.title, PICTURE_X + (p.width >> 1) - (letters_width(kind.title) >> 1), y - PICTURE_TITLE,
                   LIGHT_GREY);
