@@ -127,5 +127,7 @@ void road_tour() {
         const bool play = std::find(TOURED.begin(), TOURED.end(), kind.type) != TOURED.end();
         visit(kind, {.name = records_name().empty() ? PLAYER : "", .play = play});
     }
-    leave();
+    title_exit();
+    splash_finish();
+    robot_say("has left");
 }
