@@ -70,18 +70,18 @@ std::string sample_xpm(const xpm_shape &shape) {
         text += "\"" + symbol(i, shape.symbol_length) + " c " + (i == 0 ? shape.first : color) + "\"\n";
     }
     const i32 patterns = std::max(shape.colors - 1, 1); // rows begin with different colours
+    const auto row = [&](i32 first, bool empty) {
+        std::string line = "\"";
+        for (i32 x = 0; x < shape.width; ++x) {
+            const bool hole = empty || shape.colors == 1 || x % HOLE_EVERY == HOLE_EVERY - 1;
+            line += symbol(hole ? 0 : 1 + (x + first) % patterns, shape.symbol_length);
+        }
+        return line + "\"\n";
+    };
     std::vector<std::string> rows;
-    for (i32 y = 0; y < std::min(shape.height, patterns); ++y) {
-        rows.emplace_back("\"");
-        for (i32 x = 0; x < shape.width; ++x)
-            rows.back() += symbol(x % HOLE_EVERY == HOLE_EVERY - 1 || shape.colors == 1 ? 0 : 1 + (x + y) % patterns,
-                                  shape.symbol_length);
-        rows.back() += "\"\n";
-    }
-    std::string empty = "\"";
-    for (i32 x = 0; x < shape.width; ++x)
-        empty += symbol(0, shape.symbol_length);
-    empty += "\"\n";
+    for (i32 y = 0; y < std::min(shape.height, patterns); ++y)
+        rows.push_back(row(y, false));
+    const std::string empty = row(0, true);
     for (i32 y = 0; y < shape.height; ++y)
         text += y < shape.empty_rows ? empty : rows[static_cast<std::size_t>(y % patterns)];
     return text;

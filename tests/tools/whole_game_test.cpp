@@ -35,45 +35,44 @@ namespace {
 
 std::FILE *asked = nullptr; // the names that the program asks for, a line each; null: nobody listens
 
+void note(const char *folder, const char *name) {
+    if (asked != nullptr)
+        std::fprintf(asked, "%s%s\n", folder, name);
+}
+
 } // namespace
 
 int wrap_open_entry(const char *name) {
-    if (asked != nullptr)
-        std::fprintf(asked, "%s\n", name);
+    note("", name);
     return real_open_entry(name);
 }
 
 i32 wrap_read_text(char **text, const char *name) {
-    if (asked != nullptr)
-        std::fprintf(asked, "txt/%s\n", name);
+    note("txt/", name);
     return real_read_text(text, name);
 }
 
 // In virtual time sounds are asked for faster than they end, and a sound that finds no free channel is never opened.
 void wrap_sound_play(i32 number) {
-    if (asked != nullptr)
-        std::fprintf(asked, "ogg/%s\n", SOUND_TABLE[number].name);
+    note("ogg/", SOUND_TABLE[number].name);
     real_sound_play(number);
 }
 
 namespace {
 
-constexpr int BACK_X = 720, BACK_Y = 579;
+constexpr int BACK_X = 720, BACK_Y = 579, CREDITS_Y = 507;
 constexpr int COIN_POSITION = 3, KEYPAD_POSITION = 4; // in the list of puzzles
 constexpr int FIRST_KEY = 2;                          // the keypad's keys come after the two console buttons
 constexpr int ZERO_KEY = 10, ENTER_KEY = 11;
-
-void click_in(const board *b, const sprite *cell) {
-    click(b->x + cell->x + cell->w / 2, b->y + cell->y + cell->h / 2);
-}
 
 void study_every_puzzle() {
     for (int position = 0; position < PUZZLE_COUNT; ++position) {
         select_puzzle(position);
         study_selected();
         const board *b = the_board();
-        click_in(b, b->cells->items[0]); // out, and in again
-        click_in(b, b->cells->items[0]);
+        const sprite *cell = b->cells->items[0];
+        for (int i = 0; i < 2; ++i) // out, and in again
+            click(b->x + cell->x + cell->w / 2, b->y + cell->y + cell->h / 2);
         wait_frames(60);
         click(BACK_X, BACK_Y);
         until_screen(SCREEN_TITLE);
@@ -96,6 +95,7 @@ void answer_wrongly_then_rightly() {
     select_puzzle(KEYPAD_POSITION);
     study_selected();
     start_playing("ann");
+    close_help();
     press(SDLK_SPACE);
     until("the deck rests", [] { return !board_is(the_board(), BOARD_DECK_MOVING); });
     answer("999");
@@ -112,7 +112,9 @@ void sort_coins_to_the_end() {
     std::srand(1); // all six notes sound
     select_puzzle(COIN_POSITION);
     study_selected();
+    close_help();
     start_playing(nullptr);
+    close_help();
     type_text("qzkvxhwnyrt"); // and again, for the sound
     wait_frames(250);
     type_text("qzkvxhwnyrt");
@@ -122,12 +124,11 @@ void sort_coins_to_the_end() {
 }
 
 void look_at_the_credits() {
-    click(BACK_X, 507);
+    click(BACK_X, CREDITS_Y);
     until_screen(SCREEN_CREDITS);
-    for (int i = 0; i < 3; ++i) {
-        wait_frames(60);
-        press(SDLK_SPACE);
-    }
+    press(SDLK_SPACE); // up at once
+    wait_frames(2);
+    press(SDLK_SPACE); // and back
     until_screen(SCREEN_TITLE);
     wait_frames(2);
 }
@@ -148,7 +149,7 @@ TEST(entries, are_what_the_program_asks_for) {
     asked = nullptr;
     ASSERT_EQ(result.exit_code, 0) << result.said;
     std::set<std::string> wanted;
-    std::istringstream lines(file_text(names));
+    std::istringstream lines(folder.text("names"));
     for (std::string line; std::getline(lines, line);) {
         wanted.insert(line);
         EXPECT_NE(kit_find(line), nullptr) << "missing in the table: " << line;
@@ -173,8 +174,10 @@ void start_and_play(int position, const picture &study_button) {
     type_text("ann");
     press(SDLK_RETURN);
     until_screen(SCREEN_PLAY);
-    press(SDLK_SPACE);
-    wait_frames(40);
+    for (int i = 0; i < 6; ++i) { // through the help bubbles to the first cards
+        press(SDLK_SPACE);
+        wait_frames(12);
+    }
     std::raise(SIGTERM);
     wait_frames(50);
     check(false, "the signal ends the program");
