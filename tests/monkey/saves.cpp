@@ -32,7 +32,7 @@ using moment = std::chrono::steady_clock;
 namespace {
 
 constexpr const char *FILES[] = {"prefs", "scores"};
-constexpr int PAGE = 4096, WRITES = 4;
+constexpr int PAGE = 4096, WRITES = 4, STOP_LIMIT = 1000;
 constexpr long FRAMES_BEFORE = 20;
 
 // How a copy dies; the fields that are not used are 0. With none it ends by itself.
@@ -143,7 +143,7 @@ void kill_copies() {
     std::printf("%d killed after 0 .. %.0f us, %d of them too late\n", kills, longest, copies_ended - BEFORE_KINDS);
     int stops = 0;
     for (int k = 0; k < BEFORE_KINDS; ++k) {
-        for (int n = 1, ended = copies_ended; ended == copies_ended; ++n, ++stops)
+        for (int n = 1, ended = copies_ended; ended == copies_ended && n < STOP_LIMIT; ++n, ++stops)
             if (copy_and_kill(static_cast<before>(k), {.stop = n}))
                 return;
         for (int i = 0; i < WRITES * 3; ++i)
