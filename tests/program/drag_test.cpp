@@ -76,6 +76,7 @@ TEST(drag, takes_only_what_is_under_the_mouse) {
             select_puzzle(p.list_position);
             study_selected();
             start_playing("Ann");
+            close_help();
             p.play();
             _exit(0);
         });
