@@ -11,6 +11,7 @@
 
 static constexpr i32 GLYPH_GAP = 1;     // pixels between two glyphs
 static constexpr i32 BOX_MARGIN = 2;    // pixels from the text to the edge of its box
+static constexpr i32 FAR = 1 << 20;     // pixels, wider than any line; keeps sums of widths in their range
 static constexpr i32 ERASE_OVERLAP = 1; // rows that erasing reaches below the text or its box
 static constexpr u32 TEXT_BOXED = TEXT_DARKEN | TEXT_DARKEN_TWICE | TEXT_BLACK_BOX;
 static constexpr u32 TEXT_MEASURED = TEXT_CENTER_X | TEXT_CENTER_Y | TEXT_BOXED | TEXT_TRANSIENT;
@@ -55,7 +56,7 @@ void text_wrap(char *text, i32 max_width) {
             line_at_space = line;
         }
         if (line > max_width) {
-            line -= line_at_space;
+            line = std::clamp(line - line_at_space, -FAR, FAR);
             if (space != nullptr)
                 *space = '\n';
             space = nullptr;

@@ -82,6 +82,11 @@ TEST(text, wraps_at_the_last_space) {
         EXPECT_STREQ(text, row.wrapped) << row.width;
     }
     text_wrap(nullptr, 5);
+    std::string narrow;
+    for (int i = 0; i < 30; ++i)
+        narrow += "\naaaa a ";
+    text_wrap(narrow.data(), 3); // where nothing fits, the line's width must not grow beyond its integer
+    EXPECT_EQ(text_measure(narrow.c_str()).width, text_measure("aaaa").width);
 }
 
 // A list as text: id and rectangle, or id, character and place.
