@@ -3,7 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "../unit/sound/ogg_maker.h"
-#include "support/archive_builder.h"
+#include "support/stored_files.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -31,46 +31,11 @@ void picture_seeds() {
     seed("archive", "twice", archive_builder().add("txt/a", "1").add("txt/a", "").add_raw("xpm/a.xpm", 900, 1).bytes());
 }
 
-void put_string(file_bytes *bytes, const std::string &text) {
-    append_i32(bytes, static_cast<int>(text.size()));
-    for (const char c : text)
-        bytes->push_back(static_cast<unsigned char>(c + 128));
-}
-
-file_bytes scores(int runs, int players) {
-    file_bytes bytes;
-    for (int puzzle = 0; puzzle < 11; ++puzzle) {
-        for (int place = 0; place < 3; ++place) {
-            append_i32(&bytes, 100 + place);
-            put_string(&bytes, place == 2 ? "" : "Ann");
-        }
-        append_i32(&bytes, runs);
-        for (int i = 0; i < runs; ++i) {
-            put_string(&bytes, "2004-03-07 14:05");
-            append_i32(&bytes, 60 + i);
-            put_string(&bytes, "Bo");
-        }
-    }
-    append_i32(&bytes, players);
-    for (int i = 0; i < players; ++i) {
-        put_string(&bytes, std::string("ann lee").substr(0, static_cast<std::size_t>(i)));
-        append_i32(&bytes, 0x7FF);
-        append_i32(&bytes, 0xFFF);
-    }
-    return bytes;
-}
-
 void saved_seeds() {
-    for (const char *name : {"", "Ann", "A name of so many letters"}) {
-        file_bytes prefs;
-        append_i32(&prefs, 1);
-        put_string(&prefs, name);
-        append_i32(&prefs, 1);
-        seed("prefs", "name" + std::to_string(prefs.size()), prefs);
-    }
-    seed("scores", "empty", scores(0, 0));
-    seed("scores", "some", scores(1, 3));
-    seed("scores", "full", scores(20, 5));
+    for (const char *name : {"", "Ann", "A name of so many letters"})
+        seed("prefs", std::to_string(std::string(name).size()), stored_prefs(name));
+    for (const int runs : {0, 1, 20})
+        seed("scores", std::to_string(runs), stored_scores(runs == 0 ? "" : "ann lee", runs));
 }
 
 file_bytes joined(file_bytes first, const file_bytes &second) {
@@ -84,7 +49,7 @@ void sound_seeds() {
         for (const int channels : {1, 2, 6})
             streams.push_back(make_ogg({.channels = channels, .rate = rate, .frames = rate / 40}));
     streams.push_back(joined(streams[0], streams[4])); // mono, then stereo at another rate
-    streams.push_back(joined(streams[5], streams[3])); // six channels, then one
+    streams.push_back(joined(make_ogg({.channels = 6, .frames = 4000}), streams[3])); // then mono, near a chunk's end
     streams.push_back(make_ogg({.frames = 0}));
     for (std::size_t i = 0; i < streams.size(); ++i) {
         seed("sound", std::to_string(i), streams[i]);

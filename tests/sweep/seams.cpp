@@ -3,7 +3,6 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/render.h"
-#include "sweep/devices.h"
 #include "sweep/sweep.h"
 
 #include <SDL.h>
@@ -53,16 +52,16 @@ ssize_t damaged_read(i64 offset, u8 *bytes, ssize_t count) {
         return static_cast<ssize_t>(std::clamp<i64>(struck().place - offset, 0, count));
     const i64 at = struck().place - offset;
     if (struck().what == ARCHIVE_FLIPPED && at >= 0 && at < count)
-        bytes[at] ^= 0x55;
+        bytes[at] ^= 0xD5; // the sign too
     return count;
 }
 
 } // namespace
 
-void device_mouse(int x, int y, bool down) {
+void device_click(int x, int y) {
     mouse_at_x = x;
     mouse_at_y = y;
-    button_down = down;
+    button_down = true;
 }
 
 void device_key(int key) {
@@ -150,8 +149,14 @@ SEAM(int, fstat, int descriptor, struct stat *status) {
     }
     return result;
 }
-SEAM(int, posix_fallocate, int descriptor, off_t offset, off_t size) {
-    return strikes(SPACE_MISSING) ? ENOSPC : __real_posix_fallocate(descriptor, offset, size);
+SEAM(int, rename, const char *from, const char *to) {
+    return strikes(REPLACE_FAILS) ? failed(EXDEV) : __real_rename(from, to);
+}
+SEAM(char *, realpath, const char *path, char *to) {
+    if (!strikes(REPLACE_FAILS))
+        return __real_realpath(path, to);
+    failed(EACCES);
+    return nullptr;
 }
 SEAM(int, fsync, int descriptor) {
     return strikes(SYNC_FAILS) ? failed(EIO) : __real_fsync(descriptor);

@@ -10,6 +10,7 @@
 
 #include "core/types.h"
 
+#include <filesystem>
 #include <string>
 
 enum failure : i32 {
@@ -27,7 +28,7 @@ enum failure : i32 {
     SEEK_FAILS,
     CLOSE_FAILS,
     STAT_FAILS,
-    SPACE_MISSING, // asked for before writing
+    REPLACE_FAILS, // the old file by the new one
     SYNC_FAILS,
     LOG_FAILS,
     SDL_START_FAILS,
@@ -53,3 +54,12 @@ bool strikes(failure what, i64 place = 0);
 const failing &struck(); // the child's failure; NO_FAILURE in the sweeping program
 
 void scenario_step(); // before every frame: what the player does
+
+// The player's devices. A press lasts to the next frame.
+void device_click(int x, int y);
+void device_key(int key);
+void device_release();
+
+// What is wrong with what a program has left behind; empty when all is well.
+std::string fault_of(int status, double cpu_seconds, const std::filesystem::path &game, const failing &cause);
+inline const std::string KEEPER = "Keeper"; // whose name and scores are there from the start
