@@ -98,14 +98,12 @@ void move_into_own_folder() {
         fs::create_directories(child_game() / folder);
     fs::copy(game / "data", child_game() / "data", fs::copy_options::recursive | fs::copy_options::copy_symlinks);
     fs::current_path(child_game() / "bin");
-    const std::string root = game.string();
     for (int descriptor = STDERR_FILENO + 1; descriptor < 32; ++descriptor) {
         std::error_code closed;
         std::string path = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor), closed).string();
         if (closed || !fs::is_regular_file(path))
             continue;
-        if (path.starts_with(root))
-            path = child_game().string() + path.substr(root.size());
+        path = own_path(path.c_str());
         const int own = openat(AT_FDCWD, path.c_str(), fcntl(descriptor, F_GETFL) & O_ACCMODE);
         lseek(own, lseek(descriptor, 0, SEEK_CUR), SEEK_SET);
         dup2(own, descriptor);
@@ -173,6 +171,11 @@ void finish() {
 }
 
 } // namespace
+
+std::string own_path(const char *path) {
+    const std::string all = path, root = game.string(), child = child_game().string();
+    return all.starts_with(root) && !all.starts_with(child) ? child + all.substr(root.size()) : all;
+}
 
 const failing &struck() {
     return cause;

@@ -94,7 +94,8 @@ int __wrap_open(const char *path, int flags, ...) {
         return failed((flags & O_WRONLY) != 0 ? EROFS : EACCES);
     std::va_list rest;
     va_start(rest, flags);
-    const int descriptor = __real_open(path, flags, va_arg(rest, mode_t));
+    const std::string own = struck().what == NO_FAILURE ? path : own_path(path);
+    const int descriptor = __real_open(own.c_str(), flags, va_arg(rest, mode_t));
     va_end(rest);
     if (std::strstr(path, "data.dar") != nullptr)
         archive = descriptor;
@@ -150,7 +151,14 @@ SEAM(int, fstat, int descriptor, struct stat *status) {
     return result;
 }
 SEAM(int, rename, const char *from, const char *to) {
-    return strikes(REPLACE_FAILS) ? failed(EXDEV) : __real_rename(from, to);
+    if (strikes(REPLACE_FAILS))
+        return failed(EXDEV);
+    if (struck().what == NO_FAILURE)
+        return __real_rename(from, to);
+    return __real_rename(own_path(from).c_str(), own_path(to).c_str());
+}
+SEAM(int, unlink, const char *path) {
+    return __real_unlink(struck().what == NO_FAILURE ? path : own_path(path).c_str());
 }
 SEAM(char *, realpath, const char *path, char *to) {
     if (!strikes(REPLACE_FAILS))

@@ -53,6 +53,9 @@ struct failing {
 bool strikes(failure what, i64 place = 0);
 const failing &struck(); // the child's failure; NO_FAILURE in the sweeping program
 
+// The path in the child's folder of a file in the folder that the program started in; other paths as they are.
+std::string own_path(const char *path);
+
 void scenario_step(); // before every frame: what the player does
 
 // The player's devices. A press lasts to the next frame.
