@@ -215,7 +215,7 @@ void app_state_destroy(app_state *state) {
 
 void app_run() {
     start_up();
-    SDL_Thread *renderer = SDL_CreateThread(render_thread, nullptr);
+    SDL_Thread *renderer = render_start();
     if (renderer == nullptr)
         fail_with_sdl_error();
     loop_running = true;

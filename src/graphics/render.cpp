@@ -55,8 +55,7 @@ void render_pass() {
     set_idle();
 }
 
-int render_thread(void *) {
-    render_running.store(true);
+static int render_thread(void *) {
     set_idle();
     for (;;) {
         const u32 start = SDL_GetTicks();
@@ -95,6 +94,15 @@ static void take_surface_after_list() {
         SDL_Delay(PAUSE_POLL_MS);
         lock_take(surface_lock);
     }
+}
+
+// The thread counts as running before it does: a screen that draws directly in the first frames must wait for it, too.
+SDL_Thread *render_start() {
+    render_running.store(true);
+    SDL_Thread *thread = SDL_CreateThread(render_thread, nullptr);
+    if (thread == nullptr)
+        render_running.store(false);
+    return thread;
 }
 
 void render_pause(i32 n) {

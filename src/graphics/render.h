@@ -1,7 +1,7 @@
 // render.h: the render thread, its lock for recording, and direct drawing while it is paused.
 //
-// Main thread, but for render_thread itself. Which lock guards what stands in graphics/locks.h. Drawing reports no
-// failure: what cannot be shown is left out.
+// Main thread. Which lock guards what stands in graphics/locks.h. Drawing reports no failure: what cannot be shown is
+// left out.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -10,8 +10,10 @@
 #include "core/types.h"
 #include "resources/image.h"
 
-// Body of the render thread, for SDL_CreateThread; returns 1 when APP_QUIT is set.
-int render_thread(void *unused);
+#include <SDL_thread.h>
+
+// Starts the render thread, which ends when APP_QUIT is set, with status 1. Null on failure (SDL_GetError).
+[[nodiscard]] SDL_Thread *render_start();
 
 // One pass of it: takes what was recorded, plays it, shows what changed, and is then ready for a new list. It can
 // stand in for the thread, so that frames are played one by one; frames can be recorded after its first call.

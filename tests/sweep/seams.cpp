@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "graphics/locks.h"
 #include "graphics/render.h"
 #include "sweep/sweep.h"
 
@@ -197,6 +198,7 @@ SEAM(int, SDL_mutexV, SDL_mutex *) {
 }
 SEAM(SDL_Thread *, SDL_CreateThread, int (*)(void *), void *) {
     static int stand_in;
+    render_running.store(false); // frames are played in the main thread
     return strikes(THREAD_FAILS) ? sdl_failed<SDL_Thread *>(nullptr) : reinterpret_cast<SDL_Thread *>(&stand_in);
 }
 SEAM(void, SDL_WaitThread, SDL_Thread *, int *) {}

@@ -223,9 +223,7 @@ struct running_thread {
 
     running_thread() {
         app = &state;
-        thread = SDL_CreateThread(render_thread, nullptr);
-        while (!render_running.load())
-            SDL_Delay(1);
+        thread = render_start();
     }
     void stop() {
         state.flags |= APP_QUIT;
