@@ -1,4 +1,4 @@
-// monkey.h: what the parts of the monkey share: the devices it moves, its dice, and what it has met.
+// monkey.h: what its files share: the devices it moves, its dice, and what it has met.
 //
 // The program runs in a child process. Where it polls its input, the harness checks the invariants of the frame before
 // and lets the monkey make its next move. Main thread of that process.
