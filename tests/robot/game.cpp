@@ -93,6 +93,7 @@ void game_start() {
     set("SDL_DISKAUDIODELAY", RECORDING_PACE);
     set("SDL12COMPAT_SCALE_METHOD", "nearest"); // every pixel as the game has made it, whatever the display's size
     set("SDL_RENDER_DRIVER", chosen.loud ? "" : "software"); // a virtual display has no graphics card
+    set("SDL_FRAMEBUFFER_ACCELERATION", chosen.loud ? "" : "0");
     set("LD_PRELOAD", chosen.preload);
     set("LD_LIBRARY_PATH", chosen.library_path);
     running = process_start({"./tavimo"}, (folder / "said.txt").c_str(), folder / "bin");
