@@ -266,6 +266,15 @@ void select_puzzle(int list_position) {
     wait_frames(SLIDE);
 }
 
+void leave_run() {
+    press(SDLK_ESCAPE);
+    until_screen(SCREEN_DIALOG);
+    wait_frames(40);
+    press(SDLK_y);
+    until_screen(SCREEN_TITLE);
+    wait_frames(2);
+}
+
 void close_help() {
     for (int clicks = 0; settings_help_showing(); ++clicks) {
         check(clicks < 10, "clicks to close the help bubbles");

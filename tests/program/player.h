@@ -61,6 +61,7 @@ void select_puzzle(int list_position); // on the title screen, until its picture
 void study_selected();                 // to the study screen
 void start_playing(const char *name);  // from the study screen through the name dialog; null keeps the name
 void close_help();                     // the bubbles one by one, each checked to stand whole on the screen
+void leave_run();                      // by Escape and "yes", back to the title screen
 void finish_dialog_and_score_log();    // from the completion dialog to the title screen
 void leave_program();                  // from the title screen, through the exit dialog and the closing splash
 

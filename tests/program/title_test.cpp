@@ -74,12 +74,7 @@ void leave_a_run() {
     start_playing(nullptr);
     check(settings_help_showing(), "help at the first attempt");
     close_help();
-    press(SDLK_ESCAPE);
-    until_screen(SCREEN_DIALOG);
-    wait_frames(40);
-    press(SDLK_y);
-    until_screen(SCREEN_TITLE);
-    wait_frames(2);
+    leave_run();
 }
 
 void play_in_debug_mode() {

@@ -100,12 +100,7 @@ void answer_wrongly_then_rightly() {
     until("the deck rests", [] { return !board_is(the_board(), BOARD_DECK_MOVING); });
     answer("999");
     answer(std::to_string(the_board()->slot[0]->answer));
-    press(SDLK_ESCAPE);
-    until_screen(SCREEN_DIALOG);
-    wait_frames(40);
-    press(SDLK_y);
-    until_screen(SCREEN_TITLE);
-    wait_frames(2);
+    leave_run();
 }
 
 void sort_coins_to_the_end() {
