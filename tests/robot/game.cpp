@@ -6,6 +6,7 @@
 #include "display.h"
 #include "ears.h"
 #include "eyes.h"
+#include "hands.h"
 #include "robot.h"
 
 #include <sys/wait.h>
@@ -100,6 +101,7 @@ void game_start() {
     set("LD_PRELOAD", "");
     set("LD_LIBRARY_PATH", "");
     eyes_set_alarm(ended_early);
+    hands_begin();
 }
 
 void game_expect_exit() {

@@ -38,6 +38,7 @@ static constexpr auto CLICK_TIME = std::chrono::milliseconds(300); // of a click
 static point here;  // where the robot's cursor is
 static point shift; // from there to the place where the pointer has to be put
 static bool pushes; // the pointer is moved by so much, not to a place: some games hear only of that
+static bool way_known, place_known;
 static bool glides;
 
 static bool cursor_at(const cursor &c, point at) {
@@ -74,6 +75,14 @@ void hands_glide() {
     glides = true;
 }
 
+void hands_push() {
+    pushes = way_known = true;
+}
+
+void hands_begin() {
+    place_known = false;
+}
+
 // Moves the pointer so that the cursor should go from where it was seen to the goal.
 static void aim(point seen, point goal) {
     if (pushes) {
@@ -100,7 +109,6 @@ static void glide_towards(point goal) {
 // On a busy machine the cursor may just be late and make both movements; so it counts only when it stays.
 static void move_to(point goal) {
     using steady = std::chrono::steady_clock;
-    static bool way_known = false;
     eyes_overlook({});
     if (glides)
         glide_towards(goal);
@@ -108,7 +116,7 @@ static void move_to(point goal) {
     here = goal;
     bool tried_again = false;
     auto moved = steady::now(), away = moved;
-    std::chrono::duration<double> patience(way_known ? LATE_SECONDS : LOST_SECONDS);
+    std::chrono::duration<double> patience(place_known ? LATE_SECONDS : LOST_SECONDS);
     eyes_until("the mouse cursor at (" + std::to_string(goal.x) + ", " + std::to_string(goal.y) + ")", [&] {
         const auto now = steady::now();
         if (any_cursor_at(goal))
@@ -126,6 +134,7 @@ static void move_to(point goal) {
         return false;
     });
     way_known = way_known || !tried_again;
+    place_known = way_known;
     overlook_cursor();
 }
 

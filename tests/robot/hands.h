@@ -15,6 +15,8 @@
 #include <string>
 
 void hands_glide(); // from now on the pointer travels where it goes, at a pace that an eye can follow
+void hands_push();  // the game is known to hear of the pointer's movements, not of its place
+void hands_begin(); // a game has started: where its cursor is has to be found out
 void hands_move(int x, int y);
 void hands_click(int x, int y);
 void hands_press_last(int x, int y); // the click after which the program ends, too soon to be heard for certain

@@ -74,6 +74,7 @@ static options parse(int count, char **words) {
         case 's':
             chosen.game.library_path = optarg;
             chosen.display = {.width = SCALE * WINDOW_WIDTH, .height = SCALE * WINDOW_HEIGHT, .window_manager = true};
+            hands_push();
             break;
         case 'v':
             chosen.display.visitors = chosen.game.loud = true;

@@ -19,7 +19,6 @@
 static constexpr int DECK_PIECE = 4;     // a piece taken from the deck lies this far from its corner
 static constexpr double RESEMBLES = 0.7; // share of a card that must be seen
 static constexpr double CLEARLY = 10;    // pixels by which it must be the better one
-static constexpr int FOLLOW_STEPS = 5;   // at least a frame each
 static constexpr int SLIDE = 60;         // a turned card slides less far than this
 static constexpr int NEXT_LEFT = 60;     // of the next button from the deck
 static constexpr int KEY_MARGIN = 3, KEY_GAP_X = 1, KEY_GAP_Y = 3;
@@ -99,16 +98,9 @@ static int put_into_one_of(std::vector<int> cells, point from) {
     return -1;
 }
 
-// A piece that comes out of the deck follows the mouse by itself for its first frames, and twice as far as a held
-// one; so it is moved over small steps first.
 static void take_card(const puzzle_kind &kind, point to) {
-    const point grip = {pieces_size().x / 2, pieces_size().y / 2};
-    const point from = {kind.deck.x + DECK_PIECE + grip.x, kind.deck.y + DECK_PIECE + grip.y};
-    play_take(from);
-    for (int step = 1; step <= FOLLOW_STEPS; ++step)
-        hands_move(from.x - step, from.y);
-    hands_move(to.x + grip.x, to.y + grip.y);
-    hands_let_go();
+    const point card = {kind.deck.x + DECK_PIECE, kind.deck.y + DECK_PIECE};
+    play_drag(card, to, {pieces_size().x / 2, pieces_size().y / 2});
 }
 
 // The next card, while this one goes under the stack; a piece that is dropped where it does not belong goes back.
