@@ -15,7 +15,7 @@
 #include <SDL_timer.h>
 
 static constexpr i32 PASS_PERIOD_MS = 5;
-static constexpr u32 PAUSE_POLL_MS = 1;
+static constexpr u32 POLL_MS = 1;
 
 // Set when a list was played that could not reach the screen. Under the surface lock.
 static bool screen_missed = false;
@@ -91,7 +91,7 @@ static void take_surface_after_list() {
     lock_take(surface_lock);
     while (draw_queue.pending.load() && render_running.load()) {
         lock_release(surface_lock);
-        SDL_Delay(PAUSE_POLL_MS);
+        SDL_Delay(POLL_MS);
         lock_take(surface_lock);
     }
 }
@@ -119,4 +119,14 @@ void render_pause(i32 n) {
 void render_resume() {
     if (lock_is_held(surface_lock))
         lock_release(surface_lock);
+}
+
+static bool all_played() {
+    const lock_scope guard(render_lock);
+    return draw_queue.idle && !draw_queue.pending.load();
+}
+
+void render_wait_until_played() {
+    while (render_running.load() && !all_played())
+        SDL_Delay(POLL_MS);
 }

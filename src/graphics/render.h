@@ -27,12 +27,16 @@ void render_end_frame();
 // Takes the surface lock once the render thread has taken what was recorded (n = 2: and has shown it).
 // Without a running render thread nothing happens.
 void render_pause(i32 n);
-void render_resume();
+void render_resume(); // gives the surface lock back, if it is held
+
+// Waits until every recorded list has been played: pictures that they refer to may then be freed. Without a running
+// render thread nothing happens.
+void render_wait_until_played();
 
 // Direct drawing, between render_pause and render_resume.
 void screen_show_background(i32 x, i32 y, i32 w, i32 h); // background to screen, cut to the window
 void screen_store_background(const rect &area);          // screen to background; the area must lie on the screen
 void screen_fill(const rect &area, rgb colour);          // the area must lie on the screen
 void screen_blit(const image *picture, i32 x, i32 y);    // picture onto the screen
-void dirty_add(i32 x, i32 y, i32 w, i32 h);
-void dirty_flush();
+void dirty_add(i32 x, i32 y, i32 w, i32 h);              // marks a rectangle as changed, cut to the window
+void dirty_flush();                                      // shows what was marked

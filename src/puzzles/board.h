@@ -130,7 +130,7 @@ void board_destroy(board *b);        // accepts null
 // the caller then goes back to the title screen; the next call tries again.
 [[nodiscard]] i32 board_prepare(app_state *state);
 
-void board_free_images(board *b);
+void board_free_images(board *b); // waits until no recorded list refers to them any more
 
 // Starts a new run of the loaded type. 1, or -1 when no type is loaded or memory is short (logged): no type is loaded
 // any more then, and the caller goes back to the title screen.

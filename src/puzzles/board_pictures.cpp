@@ -5,6 +5,7 @@
 #include "puzzles/board_pictures.h"
 
 #include "core/log.h"
+#include "graphics/render.h"
 
 #include <cstdio>
 #include <cstring>
@@ -97,7 +98,9 @@ i32 board_load_pictures(board *b) {
     return 1;
 }
 
+// A screen's last list may still be waiting or playing when the next screen loads another type.
 void board_free_images(board *b) {
+    render_wait_until_played();
     for (const picture_row &row : ROWS) {
         const picture_slots slots = row.slots(b);
         if (slots.first == nullptr)

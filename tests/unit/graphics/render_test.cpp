@@ -315,6 +315,9 @@ TEST(thread, a_pause_waits_for_what_was_recorded) {
     }
     render_pause(0);
     EXPECT_FALSE(lock_is_held(surface_lock));
+    record_when_idle([] { draw_fill(WHOLE_SCREEN, RED, true); });
+    render_wait_until_played();
+    EXPECT_EQ(pixel_at(799, 599), RED_PIXEL);
     render.stop();
     render_pause(2);
     EXPECT_FALSE(lock_is_held(surface_lock)) << "nobody is left to pause";
