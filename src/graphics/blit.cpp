@@ -61,26 +61,21 @@ template <class Pixel> static void blit_by_mode(const frame_buffer &to, const im
     if ((op.mode & BLIT_FILL) != 0) {
         paint<Pixel>(to, op, [=](span_of span) { wide_fill<Pixel>(span.to, span.count, colour); });
     } else if ((op.mode & BLIT_TINT) != 0) {
-        const wide tint = wide_halve<Pixel>(colours);
         paint<Pixel>(to, op, [=](span_of span) {
-            wide_change<Pixel>(span.to, span.count,
-                               [=](wide under) { return wide_keep_rgb<Pixel>(wide_halve<Pixel>(under) + tint); });
+            wide_change<Pixel>(span.to, span.count, [=](wide under) { return wide_blend_half<Pixel>(under, colours); });
         });
     } else if ((op.mode & BLIT_NOISE) != 0) {
         paint<Pixel>(to, op, [&](span_of span) {
             for (i32 i = 0; i < span.count; ++i)
-                span.to[i] = Pixel::from_rgb(noise_colour(op.colour_a, NOISE_OF_ONE));
+                span.to[i] = Pixel::from_rgb(noise_colour(op.colour_a, PICTURE_NOISE_LOWEST));
         });
     } else if ((op.mode & BLIT_OR) != 0) {
         paint<Pixel>(to, op, [=](span_of span) {
             wide_change<Pixel>(span.to, span.count, [=](wide under) { return wide_keep_rgb<Pixel>(under | colours); });
         });
     } else if ((op.mode & BLIT_HALF) != 0) {
-        paint<Pixel>(to, op, [](span_of span) {
-            wide_apply<Pixel>(span.to, span.from, span.count, [](wide under, wide over) {
-                return wide_keep_rgb<Pixel>(wide_halve<Pixel>(under) + wide_halve<Pixel>(over));
-            });
-        });
+        paint<Pixel>(to, op,
+                     [](span_of span) { wide_apply<Pixel>(span.to, span.from, span.count, wide_blend_half<Pixel>); });
     } else {
         paint<Pixel>(to, op, copy_span<Pixel>);
     }

@@ -13,6 +13,6 @@
 
 #include <span>
 
-std::span<const SDL_Rect> dirty_rects();
-bool dirty_show(); // dirty_flush; whether anything that the window shows has changed
-void dirty_free(); // frees the list; it can be used again
+std::span<const SDL_Rect> dirty_rects(); // what has been collected, valid until the next change
+bool dirty_show();                       // dirty_flush; whether anything that the window shows has changed
+void dirty_free();                       // frees the list; it can be used again

@@ -56,6 +56,8 @@ void draw_list_add_next(draw_opcode opcode, const void *operands);
 
 // --- One call a command --------------------------------------------------------------------------
 
+// Each records the command of its name. dirty: what it draws is marked as changed, so that it is shown.
+
 // restore_next: also queue the restoring of the picture's rectangle into the next frame's list.
 void draw_image(const image *picture, i32 x, i32 y, bool restore_next);
 void draw_image_bg(const image *picture, i32 x, i32 y);

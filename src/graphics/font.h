@@ -25,9 +25,9 @@ struct text_size {
     i32 top;    // deepest ink below it
 };
 
-[[nodiscard]] i32 font_init(); // 1, or -1 when a glyph cannot be loaded
-void font_shutdown();
+[[nodiscard]] i32 font_init(); // 1, or -1 when a glyph cannot be loaded (logged)
+void font_shutdown();          // frees the glyphs, also after a failed font_init
 
-text_size text_measure(const char *text);
+text_size text_measure(const char *text);                              // of all lines; null and "" measure 0
 void text_wrap(char *text, i32 max_width);                             // turns spaces into line feeds, in place
 void text_draw(const char *text, i32 x, i32 y, rgb colour, u32 flags); // null draws nothing

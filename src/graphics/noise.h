@@ -8,9 +8,9 @@
 
 #include <cstdlib>
 
-// The lowest limit that still draws a number. A limit of 1 can only give 0, but pictures draw for it all the same
+// The lowest limit for which a number is drawn. A limit of 1 can only give 0, but pictures draw for it all the same
 // and areas do not, and the number drawn shifts all that follow.
-inline constexpr u8 NOISE_OF_ONE = 1, NOISE_OF_TWO = 2;
+inline constexpr u8 PICTURE_NOISE_LOWEST = 1, AREA_NOISE_LOWEST = 2;
 
 inline u8 noise_channel(u8 limit, u8 lowest) {
     return limit >= lowest ? static_cast<u8>(std::rand() % limit) : u8{0};

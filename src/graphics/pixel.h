@@ -8,8 +8,6 @@
 
 #include "core/types.h"
 
-#include <cstring>
-
 // 16 bits: R in bits 15..11, G in 10..5, B in 4..0, little-endian.
 struct pixel16 {
     using value = u16;
@@ -21,9 +19,6 @@ struct pixel16 {
     static constexpr rgb to_rgb(value p) {
         return {static_cast<u8>((p >> 8) & 0xF8), static_cast<u8>((p >> 3) & 0xFC), static_cast<u8>((p << 3) & 0xF8)};
     }
-    static constexpr value halve(value p) { return static_cast<value>((p >> 1) & HALF_MASK); }
-    static constexpr value blend_half(value a, value b) { return static_cast<value>(halve(a) + halve(b)); }
-    static constexpr value or_rgb(value p, rgb c) { return static_cast<value>(p | from_rgb(c)); }
 };
 
 // 32 bits: 0x00RRGGBB, little-endian (bytes B, G, R, 0).
@@ -37,9 +32,6 @@ struct pixel32 {
     static constexpr rgb to_rgb(value p) {
         return {static_cast<u8>(p >> 16), static_cast<u8>(p >> 8), static_cast<u8>(p)};
     }
-    static constexpr value halve(value p) { return (p >> 1) & HALF_MASK; }
-    static constexpr value blend_half(value a, value b) { return (halve(a) + halve(b)) & RGB_MASK; }
-    static constexpr value or_rgb(value p, rgb c) { return (p | from_rgb(c)) & RGB_MASK; }
 };
 
 // What the screen uses. depth is -1 before set-up.

@@ -43,7 +43,7 @@ template <class Pixel> static void frame(const frame_buffer &to, const rect &are
 template <class Pixel> static void noise(const frame_buffer &to, const rect &area, rgb limits) {
     each_row<Pixel>(to, area, [limits](auto *pixels, i32 count) {
         for (i32 i = 0; i < count; ++i)
-            pixels[i] = Pixel::from_rgb(noise_colour(limits, NOISE_OF_TWO));
+            pixels[i] = Pixel::from_rgb(noise_colour(limits, AREA_NOISE_LOWEST));
     });
 }
 

@@ -26,6 +26,11 @@ template <class Pixel> constexpr wide wide_keep_rgb(wide pixels) {
     return pixels & wide_of<Pixel>(Pixel::RGB_MASK);
 }
 
+// Halfway between two pixels.
+template <class Pixel> constexpr wide wide_blend_half(wide a, wide b) {
+    return wide_keep_rgb<Pixel>(wide_halve<Pixel>(a) + wide_halve<Pixel>(b));
+}
+
 // Whether any lane is 0.
 template <class Pixel> constexpr bool wide_has_zero(wide pixels) {
     using value = typename Pixel::value;

@@ -16,8 +16,8 @@ void file_archive_destroy(file_archive *archive);                  // accepts nu
 int file_archive_seek(file_archive *archive, const char *name);    // the descriptor at the entry's first byte, or -1
 
 // The program's one archive, ..\data\data.dar.
-[[nodiscard]] i32 data_archive_open(); // 1 or -1
-void data_archive_close();
+[[nodiscard]] i32 data_archive_open();         // 1 or -1
+void data_archive_close();                     // accepts an archive that was never opened
 int data_archive_open_entry(const char *name); // descriptor at the entry's first byte (never close it), or -1
 i32 data_archive_entry_size(const char *name); // bytes, or -1
 i32 data_archive_current_size();               // bytes of the entry opened last, or -1

@@ -2,7 +2,7 @@
 //
 // A 32-bit big-endian directory length (itself included), the directory entries one after the other, then the
 // data area. An entry is a name length, the name, the offset of its bytes in the data area and their number.
-// Names use '/' and are stored with NAME_SHIFT added to every byte.
+// Names use '/' and are stored with ARCHIVE_NAME_SHIFT added to every byte.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

@@ -94,13 +94,13 @@ template <class P> static i32 end_of_run(const typename P::value *row, i32 x, i3
 // Appends a row's runs, beginning with a transparent one. There must be room for width + 2 entries.
 template <class P> static void add_row(run_table *table, const typename P::value *row, i32 width, u32 key) {
     bool transparent = true;
-    for (i32 x = 0; x < width || x == 0; transparent = !transparent) {
+    i32 x = 0;
+    do {
         const i32 end = end_of_run<P>(row, x, width, transparent, key);
         table->entries[table->count++] = (end - x) << P::SHIFT;
-        if (end == width)
-            break;
         x = end;
-    }
+        transparent = !transparent;
+    } while (x < width);
     table->entries[table->count++] = RUN_END_ROW;
 }
 
