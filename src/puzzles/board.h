@@ -14,11 +14,11 @@
 #include "core/containers.h"
 #include "core/types.h"
 #include "resources/image.h"
+#include "sprites/sprite.h"
 
 struct effect;
 struct number_entry;
 struct random_list;
-struct sprite;
 
 // Run state.
 inline constexpr u32 BOARD_COMPLETE = 0x1;      // every piece is placed; the run is over
@@ -39,9 +39,6 @@ inline constexpr u32 BOARD_LARGE_BURN = 0x20;   // burns use the large pictures
 inline constexpr u32 BOARD_BLINK_PLACED = 0x40; // a placed piece blinks out and disappears
 
 inline constexpr i32 BOARD_NO_TYPE = 255; // value of type while no type is loaded
-
-// Indices of the four pictures of an edge series.
-enum board_edge : i32 { EDGE_TOP, EDGE_RIGHT, EDGE_BOTTOM, EDGE_LEFT, EDGE_COUNT };
 
 inline constexpr i32 DECK_CARDS = 3; // visible cards, the top one first
 inline constexpr i32 CONSOLE_BUTTONS = 2;
@@ -79,7 +76,7 @@ struct board {
 
     char *dir; // owned; the type's data folder
 
-    image *board_tab_out[EDGE_COUNT];
+    image *board_tab_out[EDGE_COUNT]; // all four: by sprite_edge
     image *board_tab_in[EDGE_COUNT];
     image *piece_tab_out[EDGE_COUNT]; // of a loose piece
     image *piece_tab_in[EDGE_COUNT];  // of a placed piece

@@ -16,10 +16,6 @@ namespace {
 constexpr i32 PLACED_OFFSET = 1; // pixels right of and below the cell's corner
 constexpr i32 PLACE_SOUNDS = SOUND_PIECE_PLACE_6 - SOUND_PIECE_PLACE_1 + 1;
 
-void set_edges(sprite *piece, const image *const edges[EDGE_COUNT]) {
-    sprite_set_edges(piece, edges[EDGE_TOP], edges[EDGE_RIGHT], edges[EDGE_BOTTOM], edges[EDGE_LEFT]);
-}
-
 bool within_snap_radius(const board *b, const sprite *piece, const sprite *cell) {
     const i32 dx = piece->x + half(piece->w) - (b->x + cell->x + half(cell->w));
     const i32 dy = piece->y + half(piece->h) - (b->y + cell->y + half(cell->h));
@@ -40,7 +36,7 @@ i32 board_add_piece(board *b, sprite *piece) {
         return -1;
     }
     sprite_set_body(piece, b->piece_picture);
-    set_edges(piece, b->piece_tab_out);
+    sprite_set_edges(piece, b->piece_tab_out);
     return 1;
 }
 
@@ -65,7 +61,7 @@ sprite *board_target_cell(const board *b, const sprite *piece) {
 void board_put_in_cell(const board *b, sprite *piece, const sprite *cell) {
     piece->x = b->x + cell->x + PLACED_OFFSET;
     piece->y = b->y + cell->y + PLACED_OFFSET;
-    set_edges(piece, b->piece_tab_in);
+    sprite_set_edges(piece, b->piece_tab_in);
 }
 
 void board_drop_piece(board *b, sprite *piece) {

@@ -55,11 +55,11 @@ void sprite_set_body(sprite *s, const image *body) {
     s->h = body->height;
 }
 
-void sprite_set_edges(sprite *s, const image *top, const image *right, const image *bottom, const image *left) {
-    s->img_top = top;
-    s->img_right = right;
-    s->img_bottom = bottom;
-    s->img_left = left;
+void sprite_set_edges(sprite *s, const image *const pictures[EDGE_COUNT]) {
+    s->img_top = pictures[EDGE_TOP];
+    s->img_right = pictures[EDGE_RIGHT];
+    s->img_bottom = pictures[EDGE_BOTTOM];
+    s->img_left = pictures[EDGE_LEFT];
     sprite_set_edge_sizes(s);
 }
 
@@ -230,11 +230,11 @@ void darken_silhouette(sprite *s) {
 }
 
 void extend_next_edge(sprite *s) {
-    const i32 depths[SPRITE_EDGES] = {s->ext_top, s->ext_right, s->ext_bottom, s->ext_left};
+    const i32 depths[EDGE_COUNT] = {s->ext_top, s->ext_right, s->ext_bottom, s->ext_left};
     if (s->unfold_timer < 0)
         return;
     const i32 turn = s->unfold_timer % UNFOLD_EDGE_PERIOD;
-    if (turn < SPRITE_EDGES && s->unfold_ext[turn] < depths[turn])
+    if (turn < EDGE_COUNT && s->unfold_ext[turn] < depths[turn])
         ++s->unfold_ext[turn];
 }
 
@@ -243,7 +243,7 @@ void update_unfold(sprite *s) {
     switch (s->unfold_phase) {
     case UNFOLD_START:
         s->unfold_timer = s->ext_top * UNFOLD_EDGE_PERIOD;
-        std::fill_n(s->unfold_ext, SPRITE_EDGES, 0);
+        std::fill_n(s->unfold_ext, i32{EDGE_COUNT}, 0);
         s->unfold_r = s->unfold_g = s->unfold_b = UNFOLD_WHITE;
         s->unfold_phase = UNFOLD_EDGES;
         break;

@@ -37,7 +37,8 @@ inline constexpr u32 SPRITE_VANISH = 0x4000;     // counts down to being put hom
 inline constexpr u32 SPRITE_FOLLOW = 0x8000;     // moves with the mouse
 inline constexpr u32 SPRITE_BLINK_OUT = 0x20000; // counts down, flickering, to being hidden
 
-inline constexpr i32 SPRITE_EDGES = 4; // top, right, bottom, left
+// The edge features, in the order of every list of them: tabs above and left, sockets right and below.
+enum sprite_edge : i32 { EDGE_TOP, EDGE_RIGHT, EDGE_BOTTOM, EDGE_LEFT, EDGE_COUNT };
 
 struct sprite {
     u32 flags;
@@ -54,7 +55,7 @@ struct sprite {
     i32 label_index;                                          // index of the label in the board's labels
     const image *body;                                        // borrowed
     const image *label;                                       // borrowed; null for none
-    const image *img_top, *img_right, *img_bottom, *img_left; // borrowed; tabs above and left, sockets right and below
+    const image *img_top, *img_right, *img_bottom, *img_left; // borrowed; the edge features
     rgb pulse_a, pulse_b, pulse_cur;                          // the pulse's two ends and its colour now
     i32 pulse_frames;                                         // frames left of a timed pulse
     i32 pulse_dir;                                            // above 0: toward pulse_b, else toward pulse_a
@@ -63,7 +64,7 @@ struct sprite {
     char *label_text;                                         // owned; null for none
     i32 grow_w, grow_h;                                       // size shown while growing
     i32 unfold_timer, unfold_phase;                           // frames left of the phase, and the phase
-    i32 unfold_ext[SPRITE_EDGES];                             // pixels of each edge feature shown while unfolding
+    i32 unfold_ext[EDGE_COUNT];                               // pixels of each edge feature shown while unfolding
     i32 unfold_r, unfold_g, unfold_b;                         // colour of the label's silhouette; its low bytes count
     i32 vanish_frames;                                        // frames left before it vanishes
     i32 follow_frames;                                        // frames left of following the mouse
@@ -74,23 +75,22 @@ struct sprite {
 [[nodiscard]] sprite *sprite_create(); // zero-filled: visible, can be taken, still; null when out of memory (logged)
 void sprite_free(sprite *s);           // accepts null
 
-void sprite_set_body(sprite *s, const image *body); // with it w and h
-// Sets the four edge pictures and with them their depths; the order is that of the board's pictures.
-void sprite_set_edges(sprite *s, const image *top, const image *right, const image *bottom, const image *left);
-void sprite_set_edge_sizes(sprite *s); // depths from the edge pictures; call it when they changed
+void sprite_set_body(sprite *s, const image *body);                        // with it w and h
+void sprite_set_edges(sprite *s, const image *const pictures[EDGE_COUNT]); // with them their depths
+void sprite_set_edge_sizes(sprite *s); // depths from the edge pictures, where these were set one by one
 
 // Swings between two colours, starting at a; frames 0: until stopped.
 void sprite_pulse(sprite *s, rgb a, rgb b, i32 frames);
-void sprite_pulse_stop(sprite *s);
-void sprite_raise(sprite *s);
-void sprite_fix(sprite *s); // fixed and inert
+void sprite_pulse_stop(sprite *s); // the tint goes at once
+void sprite_raise(sprite *s);      // on top of its list from the next list update on
+void sprite_fix(sprite *s);        // fixed and inert
 
 // Travels home in a straight line, inert on the way; speed in hundredths of a pixel per frame, measured as
 // the sum of both axes. A fixed sprite stays.
 void sprite_send_home(sprite *s, i32 speed);
-void sprite_grow(sprite *s);   // nothing while it is growing
-void sprite_unfold(sprite *s); // nothing while it is unfolding
-void sprite_vanish_after(sprite *s, i32 frames);
+void sprite_grow(sprite *s);   // appears from its centre, inert until it is whole; nothing while it is growing
+void sprite_unfold(sprite *s); // its edge features grow out; nothing while it is unfolding
+void sprite_vanish_after(sprite *s, i32 frames);                 // then it is put home, hidden and inert
 void sprite_follow_mouse(sprite *s, i32 frames, i32 mx, i32 my); // (mx, my): the mouse now
 void sprite_blink_out(sprite *s);                                // steady for 4 s, flickers for 4 s, then hidden
 void sprite_clear_effects(sprite *s);                            // ends pulse, unfold and blink-out, and shows it
@@ -102,5 +102,5 @@ void sprite_draw(const sprite *s); // records its drawing commands unless hidden
 
 // The topmost sprite that is not inert and whose body, edges included, holds the point; null for none.
 sprite *sprite_list_hit(const ptr_array<sprite> *list, i32 px, i32 py);
-void sprite_list_update(ptr_array<sprite> *list); // updates each sprite, then moves the raised ones to the end
-void sprite_list_draw(const ptr_array<sprite> *list);
+void sprite_list_update(ptr_array<sprite> *list);     // updates each sprite, then moves the raised ones to the end
+void sprite_list_draw(const ptr_array<sprite> *list); // the last one on top

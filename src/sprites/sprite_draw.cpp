@@ -12,7 +12,6 @@
 
 namespace {
 
-enum edge : i32 { EDGE_TOP, EDGE_RIGHT, EDGE_BOTTOM, EDGE_LEFT };
 enum save_slot : i32 { SLOT_BOTTOM = 0, SLOT_RIGHT = 1 };
 
 constexpr i32 LABEL_TOP_MARGIN = 3; // pixels
@@ -29,19 +28,19 @@ place label_place(const sprite *s) {
             (s->flags & SPRITE_LABEL_TOP) != 0 ? s->y + LABEL_TOP_MARGIN : centred};
 }
 
-const image *edge_picture(const sprite *s, edge e) {
-    const image *const pictures[SPRITE_EDGES] = {s->img_top, s->img_right, s->img_bottom, s->img_left};
+const image *edge_picture(const sprite *s, sprite_edge e) {
+    const image *const pictures[EDGE_COUNT] = {s->img_top, s->img_right, s->img_bottom, s->img_left};
     return pictures[e];
 }
 
-i32 edge_depth(const sprite *s, edge e) {
-    const i32 depths[SPRITE_EDGES] = {s->ext_top, s->ext_right, s->ext_bottom, s->ext_left};
+i32 edge_depth(const sprite *s, sprite_edge e) {
+    const i32 depths[EDGE_COUNT] = {s->ext_top, s->ext_right, s->ext_bottom, s->ext_left};
     return depths[e];
 }
 
-// The rectangle that an edge feature takes up while so many pixels of its depth show. The top and left edges
-// overlap the body by a line's width.
-rect edge_rect(const sprite *s, edge e, i32 depth) {
+// The rectangle that an edge feature takes up while so many pixels of its depth show. The top tab overlaps the body
+// by a line.
+rect edge_rect(const sprite *s, sprite_edge e, i32 depth) {
     const image *picture = edge_picture(s, e);
     switch (e) {
     case EDGE_TOP:
@@ -50,13 +49,12 @@ rect edge_rect(const sprite *s, edge e, i32 depth) {
         return {s->x + s->body->width - depth, s->y + s->sock_right - 1, depth, picture->height};
     case EDGE_BOTTOM:
         return {s->x + s->sock_bottom - 1, s->y + s->body->height - depth, picture->width, depth};
-    case EDGE_LEFT:
-        break;
+    default: // EDGE_LEFT
+        return {s->x - depth, s->y + s->tab_left, depth, picture->height};
     }
-    return {s->x - depth, s->y + s->tab_left, depth, picture->height};
 }
 
-rect edge_rect(const sprite *s, edge e) {
+rect edge_rect(const sprite *s, sprite_edge e) {
     return edge_rect(s, e, edge_depth(s, e));
 }
 
@@ -81,7 +79,7 @@ void draw_growing(const sprite *s) {
 // --- Unfolding: the edge features as far as they are out, the label's silhouette -----------------
 
 // The top tab is uncovered where it stands; the other features move out with their inner part.
-void draw_unfolding_edge(const sprite *s, edge e) {
+void draw_unfolding_edge(const sprite *s, sprite_edge e) {
     const i32 shown = s->unfold_ext[e];
     if (shown <= 0)
         return;
@@ -100,7 +98,7 @@ void draw_unfolding(const sprite *s) {
     if (s->unfold_ext[EDGE_RIGHT] > 0)
         draw_save(edge_rect(s, EDGE_RIGHT, s->unfold_ext[EDGE_RIGHT]), SLOT_RIGHT);
     draw_image(s->body, s->x, s->y, true);
-    for (const edge e : {EDGE_TOP, EDGE_LEFT, EDGE_BOTTOM, EDGE_RIGHT})
+    for (const sprite_edge e : {EDGE_TOP, EDGE_LEFT, EDGE_BOTTOM, EDGE_RIGHT})
         draw_unfolding_edge(s, e);
     if (s->label != nullptr) {
         const place at = label_place(s);
@@ -112,15 +110,15 @@ void draw_unfolding(const sprite *s) {
 
 // --- At rest or moving ---------------------------------------------------------------------------
 
-void draw_edge(const sprite *s, edge e) {
+void draw_edge(const sprite *s, sprite_edge e) {
     const rect at = edge_rect(s, e);
     draw_image(edge_picture(s, e), at.x, at.y, true);
 }
 
-void tint_edges(const sprite *s, edge first, edge second) {
+void tint_edges(const sprite *s, sprite_edge first, sprite_edge second) {
     if ((s->flags & SPRITE_PULSE) == 0)
         return;
-    for (const edge e : {first, second}) {
+    for (const sprite_edge e : {first, second}) {
         const rect at = edge_rect(s, e);
         draw_image_ex(edge_picture(s, e), at.x, at.y, TINT, s->pulse_cur);
     }

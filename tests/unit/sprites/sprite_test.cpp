@@ -32,7 +32,8 @@ struct sprite_test : testing::Test {
 
     sprite_test() {
         sprite_set_body(&s, &body);
-        sprite_set_edges(&s, &top, &right, &bottom, &left);
+        const image *const edges[] = {&top, &right, &bottom, &left};
+        sprite_set_edges(&s, edges);
         s.label = &label;
         s.x = 100;
         s.y = 200;
@@ -118,7 +119,7 @@ TEST_F(sprite_test, grow_covers_the_body_through_a_centred_window) {
 TEST_F(sprite_test, unfold_takes_turns_and_darkens) {
     const struct {
         int frame;
-        i32 shown[SPRITE_EDGES];
+        i32 shown[EDGE_COUNT];
         i32 red, green;
     } ROWS[] = {
         {5, {0, 0, 0, 0}, 253, 251}, {6, {0, 0, 0, 1}, 252, 250},  {7, {0, 0, 1, 1}, 252, 249},
