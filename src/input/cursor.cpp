@@ -46,9 +46,9 @@ void cursor_shutdown() {
     SDL_ShowCursor(SDL_ENABLE);
 }
 
-void cursor_select(i32 slot) {
-    if (slot >= 0 && slot < SHAPE_COUNT)
-        selected = slot;
+void cursor_select(i32 shape) {
+    if (shape >= 0 && shape < SHAPE_COUNT)
+        selected = shape;
 }
 
 void cursor_show(bool on) {

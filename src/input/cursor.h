@@ -1,4 +1,6 @@
-// cursor.h: the drawn mouse pointer. Main thread.
+// cursor.h: the drawn mouse pointer, which stands in for the system's own.
+//
+// Main thread. Only cursor_init can fail; the module owns the pictures.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -8,8 +10,8 @@
 
 inline constexpr i32 CURSOR_ARROW = 0, CURSOR_OPEN_HAND = 1, CURSOR_CLOSED_HAND = 2;
 
-[[nodiscard]] i32 cursor_init(); // 1 or -1
-void cursor_shutdown();
-void cursor_select(i32 slot); // other values are ignored
-void cursor_show(bool on);
-void cursor_draw();           // records it; the last thing but the help bubbles in a frame
+[[nodiscard]] i32 cursor_init(); // 1, or -1 when a picture cannot be loaded (logged); hides the system's pointer
+void cursor_shutdown();          // frees the pictures and shows the system's pointer again
+void cursor_select(i32 shape);   // other values are ignored
+void cursor_show(bool on);       // hidden at the start
+void cursor_draw();              // records it; the last thing but the help bubbles in a frame

@@ -1,6 +1,7 @@
-// sound.h: the fifteen sound effects. Main thread; mixing runs on SDL's audio thread.
+// sound.h: the fifteen sound effects.
 //
-// Without an audio device every call does nothing.
+// Main thread; mixing runs on SDL's audio thread. Without an audio device every call does nothing. A sound that
+// cannot be had is logged and not heard; the module owns everything.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -23,10 +24,10 @@ enum sound_id : i32 {
     SOUND_COUNT
 };
 
-[[nodiscard]] i32 sound_init();           // 1, or -1 when the device cannot be opened
-void sound_set_effect_volume(i32 volume); // 0..128
-void sound_set_music_volume(i32 volume);  // 0..128
-void sound_resume();
-void sound_play(i32 number); // asks for a sound at the end of this frame; other numbers are ignored
-void sound_update();         // once a frame: starts what was asked for, decodes ahead
-void sound_shutdown();
+[[nodiscard]] i32 sound_init();           // 1, or -1 when the device cannot be opened; it stays silent till resumed
+void sound_set_effect_volume(i32 volume); // 0..128; values beyond are brought in
+void sound_set_music_volume(i32 volume);  // likewise
+void sound_resume();                      // lets the device play
+void sound_play(i32 number);              // asks for a sound_id at the end of this frame; other numbers are ignored
+void sound_update();                      // once a frame: starts what was asked for, decodes ahead
+void sound_shutdown();                    // closes the device and forgets all files; safe when sound_init never ran

@@ -1,7 +1,7 @@
 // sound_bank.h: the table of the sound effects, and their files, kept in memory from their first use on.
-
+//
 // Main thread. The files stay until sound_bank_free, so decoders may read from them at any time before.
-
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
@@ -45,4 +45,4 @@ struct sound_file {
 // The file of a sound, read from the archive on its first use; null when it cannot be had (logged). A sound
 // that failed is tried again the next time.
 [[nodiscard]] const sound_file *sound_bank_get(i32 number);
-void sound_bank_free();
+void sound_bank_free(); // all files; nothing may play any more

@@ -32,14 +32,14 @@ struct effect {
 };
 
 [[nodiscard]] i32 effects_init(); // 1, or -1 when a picture cannot be loaded
-void effects_shutdown();
+void effects_shutdown();          // frees the pictures; effects may then only be freed
 
 // Starts an effect; null when out of memory (logged). Flares and burns are then placed by the caller.
 [[nodiscard]] effect *effect_create(i32 kind);
-void effect_free(effect *e);       // accepts null
-void effect_burn_large(effect *e); // the large pictures of a burn, from its current frame on
-void effect_center_on(effect *e, const rect &area);
+void effect_free(effect *e);                        // accepts null
+void effect_burn_large(effect *e);                  // the large pictures of a burn, from its current frame on
+void effect_center_on(effect *e, const rect &area); // puts its current picture's centre there
 
-void effect_update(effect *e);
-void effect_draw(const effect *e);
+void effect_update(effect *e);           // one frame; sets EFFECT_FINISHED after the last picture
+void effect_draw(const effect *e);       // records it
 bool effect_off_screen(const effect *e); // has left the window at the left, the right or the bottom

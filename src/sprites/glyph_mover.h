@@ -22,10 +22,11 @@ struct glyph_mover {
 // From (x0, y0) to (x1, y1) in the given number of frames (at least 1). A distance that is not longer than the
 // number of frames is covered in the first of them.
 void glyph_mover_start(glyph_mover *m, const image *glyph, i32 x0, i32 y0, i32 x1, i32 y1, i32 frames);
-void glyph_mover_step(glyph_mover *m);   // one frame; arrival is noticed in the frame after landing exactly
-void glyph_mover_finish(glyph_mover *m); // jumps to the target
-void glyph_mover_draw(const glyph_mover *m);
+void glyph_mover_step(glyph_mover *m);       // one frame; arrival is noticed in the frame after landing exactly
+void glyph_mover_finish(glyph_mover *m);     // jumps to the target
+void glyph_mover_draw(const glyph_mover *m); // nothing for an empty slot
 
+// Also true of a slot that was emptied.
 inline bool glyph_mover_arrived(const glyph_mover *m) {
     return (m->flags & GLYPH_ARRIVED) != 0;
 }

@@ -34,15 +34,17 @@ struct number_entry {
 void number_entry_free(number_entry *e);                       // accepts null
 void number_entry_clear(number_entry *e);                      // empty and open; keeps its places and pictures
 
-i32 number_entry_length(const number_entry *e);
-i32 number_entry_value(const number_entry *e); // 0 when empty
+i32 number_entry_length(const number_entry *e); // digits typed
+i32 number_entry_value(const number_entry *e);  // 0 when empty
 
 // Types a digit 0..9, which flies in from the centre of the key's rectangle. Ignored when entered, closed or
 // full, and for a leading 0.
 void number_entry_add_digit(number_entry *e, const rect &key, i32 digit);
-void number_entry_backspace(number_entry *e); // ignored when closed
+void number_entry_backspace(number_entry *e); // the last digit vanishes, even in flight; ignored when closed
+
+// Compares the number with the expected one and sends the digits on; ignored when entered or closed.
 void number_entry_submit(number_entry *e, i32 expected);
 void number_entry_scatter(number_entry *e); // the digits fly to random places on the window's border
 
-void number_entry_update(number_entry *e); // clears the entry when scattered digits have arrived
-void number_entry_draw(const number_entry *e);
+void number_entry_update(number_entry *e);     // one frame; clears the entry when scattered digits have arrived
+void number_entry_draw(const number_entry *e); // records the digits where they are
