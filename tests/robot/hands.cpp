@@ -139,20 +139,20 @@ static void move_to(point goal) {
 }
 
 // A pixel to the side: when the cursor is there, the game has noticed all that came before.
-static void nudge() {
+void hands_nudge() {
     move_to({here.x + (here.x % 2 == 0 ? 1 : -1), here.y});
 }
 
 void hands_move(int x, int y) {
     if (here == point{x, y})
-        nudge();
+        hands_nudge();
     move_to({x, y});
 }
 
 void hands_click(int x, int y) {
     hands_move(x, y);
     display_button(true);
-    nudge();
+    hands_nudge();
     display_button(false);
 }
 
@@ -165,9 +165,9 @@ void hands_press_last(int x, int y) {
 
 void hands_key(unsigned long keysym) {
     display_key(keysym, true);
-    nudge();
+    hands_nudge();
     display_key(keysym, false);
-    nudge();
+    hands_nudge();
 }
 
 void hands_type(const std::string &text) {
@@ -208,7 +208,11 @@ void hands_take(int x, int y) {
     overlook_cursor();
 }
 
-void hands_let_go() {
+void hands_drop() {
     display_button(false);
-    nudge();
+}
+
+void hands_let_go() {
+    hands_drop();
+    hands_nudge();
 }

@@ -18,10 +18,12 @@ void hands_glide(); // from now on the pointer travels where it goes, at a pace 
 void hands_push();  // the game is known to hear of the pointer's movements, not of its place
 void hands_begin(); // a game has started: where its cursor is has to be found out
 void hands_move(int x, int y);
+void hands_nudge(); // moves by a pixel
 void hands_click(int x, int y);
 void hands_press_last(int x, int y); // the click after which the program ends, too soon to be heard for certain
 void hands_key(unsigned long keysym);
 void hands_type(const std::string &text); // letters, digits, spaces; capitals with the shift key held
 
 void hands_take(int x, int y); // presses the button over a piece and waits until the cursor shows that it is held
+void hands_drop();             // what it shows must be waited for before the pointer moves on
 void hands_let_go();

@@ -36,7 +36,7 @@ void play_take(point at) {
 void play_drag(point piece, point to, point grip) {
     play_take({piece.x + grip.x, piece.y + grip.y});
     hands_move(to.x + grip.x, to.y + grip.y);
-    hands_let_go();
+    hands_drop();
 }
 
 point play_grip() {
@@ -98,6 +98,7 @@ static void drop_wrongly(const loose_piece &piece, const loose_piece &next) {
     const int elsewhere = (piece.cell + pieces_count() / 2) % pieces_count();
     const point wrong = pieces_place(elsewhere);
     play_drag(piece.at, wrong, play_grip());
+    hands_nudge();
     hands_move(AWAY.x, AWAY.y);
     eyes_until("a piece that was dropped wrongly where it was dropped",
                [&] { return pieces_face_seen(piece.cell, wrong); });

@@ -113,6 +113,7 @@ static void wander_deck(const puzzle_kind &kind, const std::vector<picture> &fac
         ++elsewhere;
     const point wrong = pieces_place(elsewhere);
     take_card(kind, wrong);
+    hands_nudge();
     hands_move(AWAY.x, AWAY.y);
     eyes_until("a piece that was dropped wrongly where it was dropped", [&] { return pieces_face_seen(seen, wrong); });
     album_snap("wrong-drop");

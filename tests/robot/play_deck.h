@@ -7,8 +7,9 @@
 #include "picture.h"
 #include "puzzle_kinds.h"
 
-void play_take(point at);                          // presses the button there until a piece is held
-void play_drag(point piece, point to, point grip); // places of the piece's corner; the grip is counted from there
+void play_take(point at); // presses the button there until a piece is held
+// Places of the piece's corner, the grip counted from there. The drop must be waited for before the pointer moves on.
+void play_drag(point piece, point to, point grip);
 point play_grip();
 point play_careless(point place); // near enough to snap
 bool play_snapped(int cell);      // whether a piece lies exactly in the cell, or soon will
