@@ -34,5 +34,5 @@ inline bool app_has(u32 flag) {
 
 void app_state_set_name(app_state *state, const char *name); // copies it, sets APP_NAME_SET
 void app_state_select_puzzle(app_state *state, i32 index);
-void app_request_quit();
-void app_quit_to_web_page();
+void app_request_quit();     // the program ends after this frame
+void app_quit_to_web_page(); // likewise, and then opens the maker's web page

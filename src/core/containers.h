@@ -40,6 +40,7 @@ template <class T> struct ptr_array {
     void (*free_item)(T *); // called on items by clear and destroy; may be null
 };
 
+// An empty list; null when out of memory (logged).
 template <class T> [[nodiscard]] ptr_array<T> *ptr_array_create(void (*free_item)(T *) = nullptr) {
     auto *array = static_cast<ptr_array<T> *>(std::calloc(1, sizeof(ptr_array<T>)));
     if (array == nullptr)
@@ -49,6 +50,7 @@ template <class T> [[nodiscard]] ptr_array<T> *ptr_array_create(void (*free_item
     return array;
 }
 
+// From now on the list owns its items.
 template <class T> void ptr_array_set_free(ptr_array<T> *array, void (*free_item)(T *)) {
     array->free_item = free_item;
 }
@@ -89,6 +91,7 @@ template <class T> ptr_array_range<T> each(const ptr_array<T> *array) {
     return {array};
 }
 
+// Frees the items up to the first null, and the slots.
 template <class T> void ptr_array_clear(ptr_array<T> *array) {
     if (array->free_item != nullptr)
         for (T *item : each(array))
@@ -98,6 +101,7 @@ template <class T> void ptr_array_clear(ptr_array<T> *array) {
     array->count = array->capacity = 0;
 }
 
+// Clears and frees the list. Accepts null.
 template <class T> void ptr_array_destroy(ptr_array<T> *array) {
     if (array == nullptr)
         return;

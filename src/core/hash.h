@@ -36,6 +36,7 @@ template <class T, class K>
     return table;
 }
 
+// From now on the table owns its items.
 template <class T, class K> void hash_set_free(hash<T, K> *table, void (*free_item)(T *)) {
     table->free_item = free_item;
     for (i32 i = 0; i < table->bucket_count; ++i)
@@ -48,6 +49,7 @@ template <class T, class K> void hash_clear(hash<T, K> *table) {
         ptr_array_clear(&table->buckets[i]);
 }
 
+// Frees the items and the table. Accepts null.
 template <class T, class K> void hash_destroy(hash<T, K> *table) {
     if (table == nullptr)
         return;

@@ -12,7 +12,7 @@
 inline constexpr i32 LOG_STDERR = 1; // the mode at start
 inline constexpr i32 LOG_FILE = 2;   // append to the named file; any other mode drops messages
 
-void log_set_mode(i32 mode);
+void log_set_mode(i32 mode);         // before any other thread runs
 void log_set_file(const char *name); // cut to 127 characters
 
 // Writes "[process id]" and the formatted message, which brings its own line end.
@@ -21,4 +21,4 @@ void log_error(const char *format, ...) __attribute__((format(printf, 1, 2)));
 // Writes the time, the operation that failed and the system's reason (errno).
 void log_errno(const char *what);
 
-void log_out_of_memory();
+void log_out_of_memory(); // for allocations that have no message of their own

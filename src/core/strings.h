@@ -1,4 +1,7 @@
-// strings.h: owned strings, dates and hexadecimal digits. Main thread; failures return -1; string_printf logs them.
+// strings.h: owned strings, dates and hexadecimal digits.
+//
+// Nothing is kept between calls, so any thread may call. Out of memory is -1; string_printf and the dates log it,
+// string_set leaves that to its caller. Who owns a target frees it.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/repeat.h"
 
+#include "core/log.h"
 #include "graphics/draw_ops.h"
 #include "graphics/draw_queue.h"
 #include "graphics/frame_buffers.h"
@@ -92,8 +93,10 @@ static void remember(std::span<const u8> list, u32 pictures) {
     const auto length = static_cast<i32>(list.size());
     if (length > repeat.last.capacity) {
         auto *bytes = static_cast<u8 *>(std::realloc(repeat.last.bytes, list.size()));
-        if (bytes == nullptr)
+        if (bytes == nullptr) {
+            log_out_of_memory();
             return;
+        }
         repeat.last.bytes = bytes;
         repeat.last.capacity = length;
     }

@@ -90,7 +90,10 @@ i32 reset_clock(board *b) {
     b->state = 0;
     b->clock_start = SDL_GetTicks();
     b->seconds = 0;
-    return string_set(&b->clock_text, CLOCK_AT_START);
+    const i32 result = string_set(&b->clock_text, CLOCK_AT_START);
+    if (result < 0)
+        log_out_of_memory();
+    return result;
 }
 
 void show_help(button *, std::intptr_t board_address, std::intptr_t) {
