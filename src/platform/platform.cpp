@@ -20,6 +20,7 @@
 #include <unistd.h>
 
 static constexpr mode_t NEW_FILE_MODE = 0666;        // less the umask
+static constexpr mode_t ALL_PERMISSIONS = 07777;     // of a file's mode
 static constexpr std::size_t COPY_CHUNK = 16 * 1024; // bytes
 static constexpr char NEW_FILE_SUFFIX[] = ".new";    // of the file that takes an old one's place
 static constexpr int EXIT_NOT_FOUND = 127;           // what a shell would say
@@ -115,13 +116,22 @@ static int copy_descriptor(int from, int to) {
     }
 }
 
+// A save must not make a private file public. Where the file system knows no permissions there are none to lose.
+static void take_permissions(int fresh, int old) {
+    struct stat status = {};
+    if (fstat(old, &status) == 0)
+        static_cast<void>(fchmod(fresh, status.st_mode & ALL_PERMISSIONS));
+}
+
 // The bytes, and behind them what of the old file is longer; safe on the disk when true.
 static bool write_new_file(int fresh, const char *old_path, const void *bytes, std::size_t count) {
     const int old = open(old_path, O_RDONLY | O_CLOEXEC);
-    const bool written = old >= 0 && write_all(fresh, bytes, count) &&
-                         lseek(old, static_cast<off_t>(count), SEEK_SET) >= 0 && copy_descriptor(old, fresh) == 0;
-    if (old >= 0)
-        platform_close(old);
+    if (old < 0)
+        return false;
+    take_permissions(fresh, old);
+    const bool written = write_all(fresh, bytes, count) && lseek(old, static_cast<off_t>(count), SEEK_SET) >= 0 &&
+                         copy_descriptor(old, fresh) == 0;
+    platform_close(old);
     return written;
 }
 

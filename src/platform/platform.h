@@ -18,8 +18,8 @@ std::ptrdiff_t platform_read(int fd, void *bytes, std::size_t count); // goes on
 std::ptrdiff_t platform_write(int fd, const void *bytes, std::size_t count); // likewise
 
 // Writes the bytes over the start of the file, open for writing as fd, so that the file is at every moment either the
-// old one or the new one: a second file takes its place. Where none can be made beside it, it is written in place.
-// 0 or -1.
+// old one or the new one: a second file takes its place and its permissions. Where none can be made beside it, it is
+// written in place. 0 or -1.
 int platform_overwrite(int fd, const char *path, const void *bytes, std::size_t count);
 
 i32 platform_seek(int fd, i32 offset); // from the file's start; the new position, or -1

@@ -24,6 +24,10 @@ TEST(cut_save, leaves_the_old_file_whole) {
     ASSERT_EQ(best_times_create(), 1);
     fill_logs("The old one");
     ASSERT_EQ(best_times_save(), 1);
+    constexpr auto PRIVATE = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+    std::filesystem::permissions(game.data("scores"), PRIVATE);
+    ASSERT_EQ(best_times_save(), 1);
+    EXPECT_EQ(std::filesystem::status(game.data("scores")).permissions(), PRIVATE);
     const file_bytes old = read_file(game.data("scores"));
     fill_logs("The new one");
     rlimit usual;
