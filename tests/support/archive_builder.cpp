@@ -5,8 +5,9 @@
 #include "support/archive_builder.h"
 
 void append_i32(file_bytes *bytes, int value) {
-    for (int shift = 24; shift >= 0; shift -= 8)
-        bytes->push_back(static_cast<unsigned char>(static_cast<unsigned>(value) >> shift));
+    const auto word = static_cast<unsigned>(value);
+    for (const unsigned byte : {word >> 24, word >> 16, word >> 8, word})
+        bytes->push_back(static_cast<unsigned char>(byte));
 }
 
 archive_builder &archive_builder::add_raw(const std::string &name, int offset, int size) {
