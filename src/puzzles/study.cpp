@@ -69,7 +69,8 @@ void board_study_begin(board *b) {
 
 void board_study_fill(board *b) {
     for (sprite *piece : each(b->pieces)) {
-        piece->flags &= ~(SPRITE_HIDE_ON_ARRIVAL | SPRITE_REDEAL);
+        // A trip that has not ended would carry the piece on, out of its cell and past the screen's edge.
+        piece->flags &= ~(SPRITE_TRAVEL | SPRITE_HIDE_ON_ARRIVAL | SPRITE_REDEAL);
         piece->flags |= SPRITE_INERT | SPRITE_HIDDEN;
         const sprite *cell = board_target_cell(b, piece);
         if (cell == nullptr)
