@@ -326,9 +326,12 @@ void title_draw() {
         text_draw(app->player_name, NAME_X, NAME_Y, YELLOW, TEXT_TRANSIENT);
 }
 
+// A slide cut short is complete when the screen comes back.
 void title_leave() {
     glyph_mover_finish(&slide_out);
     glyph_mover_finish(&slide_in);
+    title_flags &= ~TITLE_SLIDING;
+    shown = pending;
 }
 
 void title_shutdown() {
