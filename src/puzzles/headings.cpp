@@ -7,6 +7,8 @@
 #include "graphics/draw_list.h"
 #include "puzzles/puzzle_type.h"
 
+#include <algorithm>
+#include <iterator>
 #include <span>
 
 namespace {
@@ -45,6 +47,20 @@ constexpr std::span<const heading_series> HEADINGS[PUZZLE_COUNT] = {
     CONSUMER, {}, FACTORS, MONEY, {},
 };
 // clang-format on
+
+// A symbol for every column or row, each among those that the type loads.
+constexpr bool headings_fit_layouts() {
+    for (i32 type = 0; type < PUZZLE_COUNT; ++type) {
+        const puzzle_layout &layout = PUZZLE_LAYOUTS[type];
+        for (const heading_series &series : HEADINGS[type]) {
+            const i32 count = series.axis == OVER_COLUMNS ? layout.cols : layout.rows;
+            if (std::ssize(series.symbols) != count || std::ranges::max(series.symbols) >= layout.symbols)
+                return false;
+        }
+    }
+    return true;
+}
+static_assert(headings_fit_layouts());
 
 // The middle of the i-th column or row along its axis, relative to the board.
 i32 middle(const board *b, heading_axis axis, i32 i) {

@@ -6,6 +6,8 @@
 
 #include "core/types.h"
 
+#include <algorithm>
+
 inline constexpr i32 PUZZLE_COUNT = 11;
 inline constexpr i32 MASTER_TIME_COUNT = 4; // three Master places and the limit of a master's score
 
@@ -28,6 +30,12 @@ inline constexpr puzzle_info PUZZLE_INFOS[PUZZLE_COUNT] = {
     {"Time", {225, 270, 330, 360}},
 };
 
+constexpr bool puzzle_times_rise(const puzzle_info &info) {
+    return std::ranges::is_sorted(info.master_times);
+}
+static_assert(std::ranges::all_of(PUZZLE_INFOS, puzzle_times_rise));
+
+// Of type 0..10; k 0..3.
 constexpr const char *puzzle_title(i32 type) {
     return PUZZLE_INFOS[type].title;
 }
@@ -37,3 +45,11 @@ constexpr i32 puzzle_master_time(i32 type, i32 k) {
 
 // The order in which the title and splash screens list the types.
 inline constexpr i32 PUZZLE_LIST_ORDER[PUZZLE_COUNT] = {0, 10, 2, 9, 1, 3, 4, 5, 6, 7, 8};
+
+constexpr bool puzzle_list_is_complete() {
+    u32 listed = 0;
+    for (const i32 type : PUZZLE_LIST_ORDER)
+        listed |= 1u << type;
+    return listed == (1u << PUZZLE_COUNT) - 1;
+}
+static_assert(puzzle_list_is_complete());

@@ -45,6 +45,18 @@ constexpr puzzle_places PLACES[PUZZLE_COUNT] = {
 };
 // clang-format on
 
+constexpr bool places_fit_features() {
+    for (i32 type = 0; type < PUZZLE_COUNT; ++type) {
+        const puzzle_places &p = PLACES[type];
+        const u32 features = PUZZLE_LAYOUTS[type].features;
+        const bool box = (features & BOARD_HAS_BOX) != 0, deck = (features & BOARD_HAS_DECK) != 0;
+        if ((p.box.x > 0) != box || (p.deck.x > 0) != deck || ((features & BOARD_HAS_KEYPAD) != 0 && p.keypad.x == 0))
+            return false;
+    }
+    return true;
+}
+static_assert(places_fit_features());
+
 constexpr i32 BACKGROUND_NUMBER = 1; // all types share one background picture
 constexpr i32 SNAP_RADIUS = 5;       // pixels
 constexpr place CONSOLE_PLACES[CONSOLE_BUTTONS] = {{730, 5}, {730, 35}};

@@ -7,6 +7,7 @@
 #include "core/app_state.h"
 #include "core/screen_id.h"
 #include "input/input.h"
+#include "screens/title_pictures.h"
 
 #include <SDL.h>
 
@@ -16,6 +17,12 @@ void quit_to_web_page(button *, std::intptr_t, std::intptr_t) {
 
 void request_screen(button *, std::intptr_t id, std::intptr_t) {
     screen_request(static_cast<screen_id>(id));
+}
+
+void add_web_button(ptr_array<button> *list, i32 x, i32 y) {
+    const image *const looks[] = {title_image_web(BUTTON_LOOK_NORMAL), title_image_web(BUTTON_LOOK_HOVER),
+                                  title_image_web(BUTTON_LOOK_PRESSED)};
+    button_add(list, looks, x, y, quit_to_web_page);
 }
 
 void button_change_hover(button **hovered, button *hit) {

@@ -38,7 +38,6 @@ constexpr u32 PLAY_BROKEN = 0x20;      // the board could not be loaded; on the 
 
 constexpr rgb HOVER_A = {128, 128, 128}, HOVER_B = BLACK; // the hovered piece pulses between these
 constexpr i32 SEND_HOME_SPEED = 700;                      // hundredths of a pixel a frame
-constexpr i32 NAME_X = 15, NAME_Y = 582;
 constexpr i32 CLOCK_X = 760, CLOCK_Y = 550;
 constexpr i32 BEGIN_BOTTOM = 595;
 
@@ -58,8 +57,8 @@ void ask_return(button *, std::intptr_t, std::intptr_t) {
 bool start_new_run(board *b) {
     if (board_start(b) < 0)
         return false;
-    const image *const web[] = {title_image_web(0), title_image_web(1), title_image_web(2)};
-    button_add(b->buttons, web, COLUMN_RIGHT - web[0]->width, COLUMN_BOTTOM - web[0]->height, quit_to_web_page);
+    const image *web = title_image_web(BUTTON_LOOK_NORMAL);
+    add_web_button(b->buttons, COLUMN_RIGHT - web->width, COLUMN_BOTTOM - web->height);
     play_flags &= ~PLAY_NEW_RUN;
     play_flags |= PLAY_FIRST_FRAME;
     return true;
@@ -229,7 +228,7 @@ void play_draw() {
         play_flags &= ~PLAY_REDRAW;
     }
     board_draw(b);
-    text_draw(app->player_name, NAME_X, NAME_Y, BLACK, TEXT_TRANSIENT);
+    text_draw(app->player_name, PLAYER_NAME_X, PLAYER_NAME_Y, BLACK, TEXT_TRANSIENT);
     if ((play_flags & PLAY_COMPLETED) != 0) {
         draw_store_bg(WHOLE_SCREEN);
         draw_restore(WHOLE_SCREEN);

@@ -27,7 +27,6 @@ constexpr i32 ROW_PITCH = 20;
 constexpr i32 HEADING_TEXT_Y = 30, MASTER_Y = 60, LOG_Y = 175;
 constexpr i32 MASTER_SHOWN_BAR_Y = 40, LOG_SHOWN_BAR_Y = 155; // the bar has uncovered the first row
 constexpr i32 GLIDE_STEPS = 20;                               // frames
-constexpr i32 TITLE_PICTURE_X = 400, TITLE_PICTURE_CENTRE_Y = 192, TITLE_TEXT_CENTRE_Y = 182;
 constexpr i32 LEFT_X = 10, LEFT_RISE = 40, LEFT_TEXT_RISE = 20;
 constexpr i32 SECONDS_A_MINUTE = 60;
 constexpr std::size_t TIME_SIZE = 32; // bytes of a time as text
@@ -102,8 +101,8 @@ i32 title_indent() {
 
 places title_screen_places() {
     const i32 half_height = title_image_picture(shown_puzzle)->height / 2;
-    return {TITLE_PICTURE_X, TITLE_PICTURE_CENTRE_Y - half_height, TITLE_PICTURE_X + title_indent(),
-            TITLE_TEXT_CENTRE_Y - half_height};
+    const i32 top = PICTURE_CENTRE_Y - half_height;
+    return {PICTURE_X, top, PICTURE_X + title_indent(), top - TITLE_ABOVE};
 }
 
 i32 log_entries() {

@@ -41,6 +41,12 @@ constexpr i32 TEXT_WIDTH = 510, TEXT_Y = 595;
 constexpr u32 STUDY_REDRAW = 0x1; // draw the background again
 constexpr u32 STUDY_BROKEN = 0x2; // the board could not be loaded; on the way back to the title screen
 
+// Centred; its heights count from the board's height.
+constexpr help_row BOARD_HELP = {
+    "Click spaces on the board to place or remove pieces.", 0, 30, 0, 1, {{378, 12, 402, -35}}};
+constexpr help_row BUTTON_HELP = {
+    "Use these buttons to fill or clear the board completely.", 390, 550, 100, 1, {{715, 535, 742, 486}}};
+
 image *study_pictures[PICTURE_COUNT];
 ptr_array<button> *buttons = nullptr;
 button *hovered = nullptr;
@@ -66,18 +72,14 @@ void fill_board(button *, std::intptr_t, std::intptr_t) {
 void show_help(button *, std::intptr_t, std::intptr_t) {
     if (settings_help_showing())
         return;
-    constexpr const char *BOARD_TEXT = "Click spaces on the board to place or remove pieces.";
-    constexpr i32 TEXT_BELOW = 30, LINE_BELOW = 12, LINE_ABOVE = 35; // pixels from the board's height
-    const i32 h = app->board->height;
+    help_row board_row = BOARD_HELP;
+    board_row.x = center_x(text_measure(board_row.text).width);
+    board_row.y += app->board->height;
+    board_row.lines[0].from_y += app->board->height;
+    board_row.lines[0].to_y += app->board->height;
     help_clear();
-    help_add_row({BOARD_TEXT,
-                  center_x(text_measure(BOARD_TEXT).width),
-                  h + TEXT_BELOW,
-                  0,
-                  1,
-                  {{378, h + LINE_BELOW, 402, h - LINE_ABOVE}}});
-    help_add_row(
-        {"Use these buttons to fill or clear the board completely.", 390, 550, 100, 1, {{715, 535, 742, 486}}});
+    help_add_row(board_row);
+    help_add_row(BUTTON_HELP);
     help_start();
 }
 
@@ -99,8 +101,7 @@ constexpr column_button COLUMN[] = {
 
 void build_buttons() {
     ptr_array_clear(buttons);
-    const image *const web[] = {title_image_web(0), title_image_web(1), title_image_web(2)};
-    button_add(buttons, web, WEB_X, COLUMN_BOTTOM - web[0]->height, quit_to_web_page);
+    add_web_button(buttons, WEB_X, COLUMN_BOTTOM - title_image_web(BUTTON_LOOK_NORMAL)->height);
     const i32 w = study_pictures[PICTURE_BACK]->width, h = study_pictures[PICTURE_BACK]->height;
     for (const column_button &row : COLUMN)
         button_add(buttons, study_pictures + row.picture, COLUMN_RIGHT - w, column_top(row.n, h), row.callback,

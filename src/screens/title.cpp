@@ -31,13 +31,10 @@ namespace {
 constexpr i32 NONE = -1;
 constexpr i32 LIST_HIT_LEFT = 29, LIST_HIT_RIGHT = 211; // the list reacts between these two
 constexpr i32 WEB_X = 227, WEB_Y = 121;
-constexpr i32 PICTURE_X = 400, PICTURE_CENTRE_Y = 192;
 constexpr i32 SLIDE_STEPS = 10; // frames
-constexpr i32 TITLE_ABOVE = 10; // pixels between the picture and its title's reference line
 constexpr i32 HINT_X = 450, HINT_Y = 200;
 constexpr i32 MARK_X = 22, MARK_Y = 135;
 constexpr i32 SUBHEADING_Y = 97;
-constexpr i32 NAME_X = 15, NAME_Y = 582;
 constexpr u8 PULSE_LOW = 180, PULSE_HIGH = 250, PULSE_BLUE = 64;
 
 constexpr u32 TITLE_REBUILD = 0x1;   // rebuild the background at the next draw
@@ -126,8 +123,7 @@ void build_buttons() {
     ptr_array_clear(buttons);
     hovered = nullptr;
     escape_button = nullptr;
-    const image *const web[] = {title_image_web(0), title_image_web(1), title_image_web(2)};
-    button_add(buttons, web, WEB_X, WEB_Y, quit_to_web_page);
+    add_web_button(buttons, WEB_X, WEB_Y);
     const i32 w = title_image(SIZE_PICTURE)->width, h = title_image(SIZE_PICTURE)->height;
     for (const column_button &row : COLUMN) {
         if (row.needs_selection && selected < 0)
@@ -323,7 +319,7 @@ void title_draw() {
     for (const button *b : each(buttons))
         button_draw(b);
     if (app_has(APP_NAME_SET))
-        text_draw(app->player_name, NAME_X, NAME_Y, YELLOW, TEXT_TRANSIENT);
+        text_draw(app->player_name, PLAYER_NAME_X, PLAYER_NAME_Y, YELLOW, TEXT_TRANSIENT);
 }
 
 // A slide cut short is complete when the screen comes back.

@@ -15,7 +15,7 @@ enum title_picture : i32 {
     TITLE_HEADING = 41,
     TITLE_TABLE = 42, // shown on the way into study mode
     TITLE_MASTER_MARK = 46,
-    TITLE_WEB = 47, // + state
+    TITLE_WEB = 47, // + button_look
     TITLE_FOOTER = 50,
     TITLE_SUBHEADING = 54,
     TITLE_PICTURE_COUNT = 58
@@ -38,13 +38,15 @@ inline const image *title_image_plate(i32 type) {
 inline const image *title_image_heading() {
     return title_image(TITLE_HEADING);
 }
-inline const image *title_image_web(i32 state) {
-    return title_image(TITLE_WEB + state);
+inline const image *title_image_web(i32 look) {
+    return title_image(TITLE_WEB + look);
 }
 
-// The layout that the title and the splash screen share.
+// The layout that the title screen shares with the splash screen, and with the score log.
 inline constexpr i32 LIST_X = 30, LIST_Y = 130; // the first row's corner
 inline constexpr i32 LIST_PITCH = 35;           // from row to row
 inline constexpr i32 LIST_TEXT_X = 70, LIST_TEXT_Y = 148;
 inline constexpr i32 HEADING_X = 30, HEADING_Y = 14;
 inline constexpr i32 FOOTER_BOTTOM = 595;
+inline constexpr i32 PICTURE_X = 400, PICTURE_CENTRE_Y = 192; // of the chosen puzzle's picture
+inline constexpr i32 TITLE_ABOVE = 10;                        // from its top up to its title's reference line
