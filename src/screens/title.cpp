@@ -37,10 +37,10 @@ constexpr i32 MARK_X = 22, MARK_Y = 135;
 constexpr i32 SUBHEADING_Y = 97;
 constexpr u8 PULSE_LOW = 180, PULSE_HIGH = 250, PULSE_BLUE = 64;
 
-constexpr u32 TITLE_REBUILD = 0x1;   // rebuild the background at the next draw
-constexpr u32 TITLE_SLIDING = 0x2;   // a picture slide is running
-constexpr u32 TITLE_FROM_LEFT = 0x4; // direction of the next slide
-constexpr u32 TITLE_SKIP_DRAW = 0x10;
+constexpr u32 TITLE_REBUILD = 0x1;    // rebuild the background at the next draw
+constexpr u32 TITLE_SLIDING = 0x2;    // a picture slide is running
+constexpr u32 TITLE_FROM_LEFT = 0x4;  // direction of the next slide
+constexpr u32 TITLE_SKIP_DRAW = 0x10; // the wipe's last picture stands until the study screen comes
 
 constexpr help_row HELP_ROWS[] = {
     {"Click to select a puzzle.", 210, 115, 0, 1, {{217, 120, 186, 140}}},
