@@ -134,6 +134,7 @@ void board_free_images(board *b); // waits until no recorded list refers to them
 [[nodiscard]] i32 board_start(board *b);
 
 void board_update(board *b);                // one frame of the run
+void board_count_remaining(board *b);       // counts the pieces that are not yet answered afresh
 void board_draw(const board *b);            // the moving parts, into this frame's list
 void board_draw_background(const board *b); // the still parts, into the background
 

@@ -19,15 +19,11 @@ constexpr u32 CLOCK_LIMIT = 5'999'000; // ms: 99 minutes and 59 seconds, where t
 constexpr u32 MS_PER_SECOND = 1000;
 constexpr i32 SECONDS_PER_MINUTE = 60;
 
-// Recounts what is left to answer; true when a piece has been taken in this run.
-bool count_pieces(board *b) {
-    bool any_held = false;
-    b->remaining = b->pieces->count;
-    for (const sprite *piece : each(b->pieces)) {
-        b->remaining -= (piece->flags & SPRITE_ANSWERED) != 0 ? 1 : 0;
-        any_held = any_held || (piece->flags & SPRITE_HELD) != 0;
-    }
-    return any_held;
+bool any_piece_was_taken(const board *b) {
+    for (const sprite *piece : each(b->pieces))
+        if ((piece->flags & SPRITE_HELD) != 0)
+            return true;
+    return false;
 }
 
 void update_lock(board *b) {
@@ -47,10 +43,10 @@ void press_bound_keys(board *b) {
     }
 }
 
-void update_clock(board *b, bool any_held) {
+void update_clock(board *b) {
     const u32 now = SDL_GetTicks();
     if (!board_is(b, BOARD_CLOCK)) {
-        if (any_held || board_is(b, BOARD_DECK_MOVING))
+        if (board_is(b, BOARD_DECK_MOVING) || any_piece_was_taken(b))
             board_start_clock(b);
         b->clock_start = now;
     }
@@ -90,11 +86,17 @@ void exchange_effects(board *b) {
 
 } // namespace
 
+void board_count_remaining(board *b) {
+    b->remaining = 0;
+    for (const sprite *piece : each(b->pieces))
+        b->remaining += (piece->flags & SPRITE_ANSWERED) == 0 ? 1 : 0;
+}
+
 void board_update(board *b) {
     if (!board_loaded(b))
         return;
     sprite_list_update(b->pieces);
-    const bool any_held = count_pieces(b);
+    board_count_remaining(b);
     for (sprite *cell : each(b->cells))
         sprite_update(cell);
     for (button *ticked : each(b->buttons))
@@ -108,7 +110,7 @@ void board_update(board *b) {
         board_update_keypad(b);
     update_lock(b);
     press_bound_keys(b);
-    update_clock(b, any_held);
+    update_clock(b);
     update_completion(b);
     exchange_effects(b);
 }

@@ -17,13 +17,6 @@ bool is_fixed(const sprite *piece) {
     return (piece->flags & SPRITE_FIXED) != 0;
 }
 
-i32 count_unanswered(const board *b) {
-    i32 count = 0;
-    for (const sprite *piece : each(b->pieces))
-        count += (piece->flags & SPRITE_ANSWERED) == 0 ? 1 : 0;
-    return count;
-}
-
 void move_to_cell(const board *b, sprite *piece, const sprite *cell) {
     piece->x = b->x + cell->x;
     piece->y = b->y + cell->y;
@@ -39,7 +32,7 @@ void board_debug_reveal(board *b) {
 
 void board_debug_place_one(board *b) {
     for (sprite *piece : each(b->pieces)) {
-        if ((piece->flags & (SPRITE_INERT | SPRITE_FIXED)) != 0)
+        if ((piece->flags & (SPRITE_INERT | SPRITE_FIXED | SPRITE_VANISH)) != 0)
             continue;
         const sprite *cell = board_target_cell(b, piece);
         if (cell == nullptr)
@@ -69,7 +62,7 @@ void board_debug_place_most(board *b) {
         move_to_cell(b, piece, cell);
         piece->flags &= ~(SPRITE_INERT | SPRITE_HIDDEN | SPRITE_AVAILABLE);
         piece->flags |= SPRITE_ANSWERED;
-        b->remaining = count_unanswered(b); // the next frame would count it, but dropping may deal
+        board_count_remaining(b); // the next frame would, but dropping may deal
         board_drop_piece(b, piece);
         --left;
     }

@@ -241,14 +241,10 @@ bool top_card_can_be_taken(const board *b, i32 mx, i32 my) {
 
 i32 board_build_deck(board *b) {
     const image *const *looks = b->key_pictures + NEXT_BUTTON_LOOKS;
-    button *next = button_create();
+    const i32 drop = NEXT_BUTTON_DROP + half(b->card_picture->height) - half(looks[BUTTON_LOOK_NORMAL]->height);
+    button *next = button_add(b->buttons, looks, b->deck_x + NEXT_BUTTON_OFFSET, b->deck_y + drop, board_deck_next,
+                              reinterpret_cast<std::intptr_t>(b));
     if (next == nullptr)
-        return -1;
-    button_set_pictures(next, looks[BUTTON_LOOK_NORMAL], looks[BUTTON_LOOK_HOVER], looks[BUTTON_LOOK_PRESSED], nullptr);
-    button_set_callback(next, board_deck_next, reinterpret_cast<std::intptr_t>(b), 0);
-    next->x = b->deck_x + NEXT_BUTTON_OFFSET;
-    next->y = b->deck_y + NEXT_BUTTON_DROP + half(b->card_picture->height) - half(looks[0]->height);
-    if (board_add_button(b, next) < 0)
         return -1;
     board_set_key(b, next, SDLK_SPACE);
     reset_card_places(b);

@@ -14,7 +14,7 @@ inline constexpr i32 DECK_PIECE_OFFSET = 4;
 
 [[nodiscard]] i32 board_build_deck(board *b); // next button and closed cards; 1, or -1 when out of memory
 
-void board_deal(board *b);
+void board_deal(board *b); // a card from the pool goes under the others; with the pool used up they take turns
 void board_deck_next(button *pressed, std::intptr_t board_address, std::intptr_t); // turns the deck; arg1: the board
 void board_take_top_card(board *b, i32 mx, i32 my);                                // a click on no piece and no button
 void board_lock_deck(board *b, i32 frames);                                        // hides the cards' faces

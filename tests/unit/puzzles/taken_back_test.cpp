@@ -32,6 +32,7 @@ TEST(deck, piece_that_it_takes_back_is_not_placed) {
     EXPECT_TRUE(has(taken, SPRITE_VANISH));
     t.put_on_cell(taken);
     board_drop_piece(t.b, taken);
+    board_debug_place_one(t.b);
     t.frame(12);
     EXPECT_TRUE(t.b->placed == 0 && !has_any(taken, SPRITE_FIXED) && has(taken, SPRITE_AVAILABLE | SPRITE_HIDDEN));
 }
