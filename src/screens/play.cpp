@@ -197,6 +197,9 @@ void play_enter() {
         screen_request(SCREEN_TITLE);
         return;
     }
+    // Nothing is hovered any more, also not what was when the screen was left.
+    for (sprite *piece : each(b->pieces))
+        sprite_pulse_stop(piece);
     for (button *each_button : each(b->buttons)) {
         button_release(each_button);
         button_unhover(each_button);

@@ -109,13 +109,17 @@ void wrong_drop_goes_home() {
 
 void leave_and_return() {
     place_piece(loose_piece());
+    const sprite *hovered = loose_piece();
+    move_mouse(hovered->x + 5, hovered->y + 5);
     press(SDLK_ESCAPE);
     until_screen(SCREEN_DIALOG);
+    check(has_any(hovered, SPRITE_PULSE), "a piece pulses under the mouse");
+    move_mouse(1, 1);
     wait_frames(40);
     press(SDLK_n);
     until_screen(SCREEN_PLAY);
     wait_frames(2);
-    check(the_board()->placed == 1, "the same run goes on");
+    check(the_board()->placed == 1 && !has_any(hovered, SPRITE_PULSE), "the same run goes on");
 }
 
 void until_deck_rests() {
