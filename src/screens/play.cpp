@@ -11,6 +11,7 @@
 #include "core/strings.h"
 #include "graphics/draw_list.h"
 #include "graphics/font.h"
+#include "graphics/render.h"
 #include "input/cursor.h"
 #include "input/input.h"
 #include "persist/best_times.h"
@@ -170,6 +171,7 @@ void complete(const board *b) {
     dialog_completed(board_master_rank(b), message);
     screen_request(SCREEN_DIALOG);
     std::free(message);
+    render_wait_until_played(); // else this frame might be left out, and the dialog lie over a board without pieces
 }
 
 } // namespace
