@@ -78,6 +78,7 @@ void wipe_to_black() {
 
 void wipe_and_go(button *, std::intptr_t, std::intptr_t) {
     wipe_to_black();
+    splash_flags &= ~SPLASH_BUTTONS_SHOWN; // or this frame would draw them on the black window
     if (after_wipe == AFTER_WIPE_QUIT)
         app_request_quit();
     else
