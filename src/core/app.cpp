@@ -29,6 +29,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <mutex>
 #include <new>
 
 namespace {
@@ -40,13 +41,17 @@ constexpr int EXIT_NO_SDL = 1, EXIT_NO_START = -1;
 // Taken just before a normal exit, for the exit handler; 0 on every other way out.
 u32 open_web_page = 0;
 
-std::atomic<bool> loop_running = false; // nothing but the main loop may end the program meanwhile
+std::atomic<bool> two_threads = false; // only the end of the main loop may end the program meanwhile
+std::once_flag saved;
 
 // --- Shutdown ------------------------------------------------------------------------------------
 
+// On whichever thread the end comes first; another one waits until all is on the disk.
 void save() {
-    prefs_save();
-    best_times_save();
+    std::call_once(saved, [] {
+        prefs_save();
+        best_times_save();
+    });
 }
 
 // Every step is safe when its start-up step never ran.
@@ -54,7 +59,7 @@ void app_exit_handler() {
     // A library has ended the program, as Xlib does when the display goes away, perhaps on the render thread: both
     // threads still use what would be released here, but what was recorded must not be lost. So ends a session: no
     // failure of the program.
-    if (loop_running.exchange(false)) {
+    if (two_threads.exchange(false)) {
         save();
         std::fflush(nullptr);
         std::_Exit(EXIT_SUCCESS);
@@ -218,11 +223,11 @@ void app_run() {
     SDL_Thread *renderer = render_start();
     if (renderer == nullptr)
         fail_with_sdl_error();
-    loop_running = true;
+    two_threads = true;
     main_loop();
-    loop_running = false;
     save();
     SDL_WaitThread(renderer, nullptr);
+    two_threads = false;
     open_web_page = app->flags & APP_OPEN_WEB_PAGE;
     std::exit(EXIT_SUCCESS);
 }
