@@ -127,14 +127,12 @@ constexpr drawn_part PLAY[] = {
 constexpr drawn_part BACK[] = {
     {"M2 9 L16.6 9 M8 3 L2 9 L8 15", 2.4},
 };
-constexpr drawn_part BROOM[] = {
-    {"R 8 0 2 8 1 R 5 8 8 2 .5"},
-    {"M5 11 L13 11 C13.4 13.4 14.6 15.6 17 17.4 L13 17.4 L12 15 L12 17.4 L9.5 17.4 L9 14 L8.5 17.4 L6 17.4 L6 15 L5 "
-     "17.4 "
-     "L1 17.4 C3.4 15.6 4.6 13.4 5 11 Z"},
-};
 constexpr drawn_part GRID[] = {
     {"R 1 1 7 7 1 R 10 1 7 7 1 R 1 10 7 7 1 R 10 10 7 7 1"},
+};
+// The same four, taken out.
+constexpr drawn_part SPACES[] = {
+    {"R 1.9 1.9 5.2 5.2 .6 R 10.9 1.9 5.2 5.2 .6 R 1.9 10.9 5.2 5.2 .6 R 10.9 10.9 5.2 5.2 .6", 1.8},
 };
 constexpr drawn_part TICK[] = {
     {"M2.6 9.6 L7 14 L15.4 4", 3},
@@ -142,13 +140,8 @@ constexpr drawn_part TICK[] = {
 constexpr drawn_part CROSS[] = {
     {"M3.6 3.6 L14.4 14.4 M14.4 3.6 L3.6 14.4", 3},
 };
-constexpr drawn_part NEXT[] = {
-    {"R 0 2 8 14 1.5 R 1.5 3.5 5 11 .5"},
-    {"M10.4 9 L16.8 9 M13.4 5.4 L17 9 L13.4 12.6", 2},
-};
-
 // In the order of the enumeration.
-constexpr std::array<std::span<const drawn_part>, 15> ICONS = {{
+constexpr std::array<std::span<const drawn_part>, 14> ICONS = {{
     {},
     BOOK,
     BARS,
@@ -159,13 +152,12 @@ constexpr std::array<std::span<const drawn_part>, 15> ICONS = {{
     GLOBE,
     PLAY,
     BACK,
-    BROOM,
+    SPACES,
     GRID,
     TICK,
     CROSS,
-    NEXT,
 }};
-static_assert(ICONS.size() == static_cast<std::size_t>(icon::next) + 1);
+static_assert(ICONS.size() == static_cast<std::size_t>(icon::cross) + 1);
 
 // --- Layout of a button --------------------------------------------------------------------------
 
@@ -231,6 +223,29 @@ void draw_icon(cairo_t *cr, icon pictogram, double x, double y, double size, rgb
     cairo_translate(cr, x, y);
     cairo_scale(cr, size / ICON_UNITS, size / ICON_UNITS);
     draw_parts(cr, ICONS[static_cast<std::size_t>(pictogram)], colour, size < ICON_UNITS ? THINNEST : 0);
+    cairo_restore(cr);
+}
+
+void draw_next_mark(cairo_t *cr, double x, double y, rgb card) {
+    constexpr double CARD_W = 12, CARD_H = 17, CARD_AWAY = 9.5, CARD_TURN = -0.09, CARD_LINE = 1.4;
+    constexpr double SHAFT = 2, TIP = 16, HEAD = 5.5, ARROW_LINE = 2.6;
+    cairo_save(cr);
+    cairo_translate(cr, x, y);
+    cairo_save(cr);
+    cairo_translate(cr, -CARD_AWAY, 0);
+    cairo_rotate(cr, CARD_TURN);
+    rounded_rect(cr, -CARD_W / 2, -CARD_H / 2, CARD_W, CARD_H, 2);
+    fill_keep(cr, card);
+    stroke(cr, HONEY_SKIN.ink, CARD_LINE);
+    cairo_restore(cr);
+    cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
+    cairo_move_to(cr, SHAFT, 0);
+    cairo_line_to(cr, TIP, 0);
+    cairo_move_to(cr, TIP - HEAD, -HEAD);
+    cairo_line_to(cr, TIP, 0);
+    cairo_line_to(cr, TIP - HEAD, HEAD);
+    stroke(cr, HONEY_SKIN.ink, ARROW_LINE);
     cairo_restore(cr);
 }
 

@@ -15,7 +15,7 @@ enum class button_state { normal, hover, pressed };
 inline constexpr std::array BUTTON_STATES = {button_state::normal, button_state::hover, button_state::pressed};
 
 // Pictograms in front of a button's label.
-enum class icon { none, book, bars, pencil, person, question, door, globe, play, back, broom, grid, tick, cross, next };
+enum class icon { none, book, bars, pencil, person, question, door, globe, play, back, spaces, grid, tick, cross };
 
 // What a raised plate is made of. Sides are the pixels of its front that show below the face.
 struct plate_skin {
@@ -47,5 +47,8 @@ canvas draw_button(const button_style &style, button_state state, icon pictogram
 
 // Draws a pictogram in a square of `size` pixels with its upper left corner at (x, y).
 void draw_icon(cairo_t *cr, icon pictogram, double x, double y, double size, rgb colour);
+
+// The mark of the button that deals a card, its middle at (x, y): a card in its puzzle's colour and an arrow.
+void draw_next_mark(cairo_t *cr, double x, double y, rgb card);
 
 } // namespace art

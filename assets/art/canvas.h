@@ -42,10 +42,10 @@ struct lch {
 };
 
 lch to_lch(rgb colour);
-rgb to_rgb(lch colour);                    // out-of-gamut channels are clamped
-rgb mix(rgb a, rgb b, double t);           // a at t = 0, b at t = 1, in sRGB
-rgb lighten(rgb colour, double delta_l);   // moves L by delta_l (negative darkens), keeps hue and chroma
-double contrast(rgb a, rgb b);             // WCAG 2.1 contrast ratio, 1..21
+rgb to_rgb(lch colour);                  // out-of-gamut channels are clamped
+rgb mix(rgb a, rgb b, double t);         // a at t = 0, b at t = 1, in sRGB
+rgb lighten(rgb colour, double delta_l); // moves L by delta_l (negative darkens), keeps hue and chroma
+double contrast(rgb a, rgb b);           // WCAG 2.1 contrast ratio, 1..21
 
 // --- Canvas --------------------------------------------------------------------------------------
 
@@ -94,13 +94,16 @@ double text_width(face f, double cap_height, std::string_view utf8);
 
 // Draws a colour emoji (one UTF-8 sequence) into the square (x, y, size, size).
 void emoji(cairo_t *cr, std::string_view utf8, double x, double y, double size);
+// The same within a thin outline in darker tones of its own, so that pale things stand off a pale ground.
+// The outline lies inside the square too.
+void outlined_emoji(cairo_t *cr, std::string_view utf8, int x, int y, int size);
 
 // --- Saving --------------------------------------------------------------------------------------
 
 struct finish {
-    bool dither = false;                  // diffuse the 5-6-5 rounding error (gradients); otherwise round
-    std::optional<rgb> ground = {};       // blend half-covered edge pixels onto this colour (a known background)
-    double threshold = 0.5;               // pixels covered less than this become the colour key
+    bool dither = false;            // diffuse the 5-6-5 rounding error (gradients); otherwise round
+    std::optional<rgb> ground = {}; // blend half-covered edge pixels onto this colour (a known background)
+    double threshold = 0.5;         // pixels covered less than this become the colour key
 };
 
 // Where the pictures of this run go: DIR/xpm/. Set once by main.

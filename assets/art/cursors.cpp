@@ -39,18 +39,16 @@ constexpr drawn_part OPEN_HAND[] = {
      "C17 22 19 19 19 15 L19 11 L4 11 Z"},
 };
 
+// The same fingers bent: only the knuckles stand out, and the thumb lies beside them.
 constexpr drawn_part CLOSED_HAND[] = {
-    {"R 4 2 3 8 1.5"},
-    {"R 8 1 3 9 1.5"},
-    {"R 12 1 3 9 1.5"},
-    {"R 16 3 3 7 1.5"},
-    {"M4 8 L19 8 L19 12.5 C19 16.6 16.8 19 13 19 L10 19 C6.4 19 4 17.2 2.8 14.4 C1.6 11.6 1.8 9 4 8 Z"},
+    {"R 4 2 3 7 1.5"},  {"R 8 1 3 8 1.5"},   {"R 12 1 3 8 1.5"},
+    {"R 16 3 3 7 1.5"}, {"R 2 8 6 5.5 2.7"}, {"M4 7 L19 6 L19 11 C19 15 16.8 17 13 17 L10 17 C6.5 17 4 15 4 12 Z"},
 };
 
 constexpr pointer POINTERS[] = {
     {"control/mouse/001/001", 16, 21, ARROW, ""},
     {"control/mouse/002/001", 21, 24, OPEN_HAND, "M7.5 10 L7.5 12 M11.5 10 L11.5 12 M15.5 10 L15.5 12"},
-    {"control/mouse/003/001", 21, 21, CLOSED_HAND, "M5 14.5 L9.4 14.5 C11.4 14.5 11.4 11.3 9.4 11.2 L7.5 11.2"},
+    {"control/mouse/003/001", 21, 21, CLOSED_HAND, "M7.5 2 L7.5 5.5 M11.5 2 L11.5 5.5 M15.5 3 L15.5 5.5"},
 };
 
 // Draws every part grown by `margin` on all sides.

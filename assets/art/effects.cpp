@@ -25,7 +25,7 @@ namespace {
 constexpr double PI = std::numbers::pi;
 constexpr rgb WHITE = {1, 1, 1};
 constexpr rgb SPARK_WHITE = hex(0xFFFBE0), SPARK_YELLOW = hex(0xFFE45C), SPARK_GOLD = hex(0xFFB42E),
-              SPARK_ORANGE = hex(0xEE7A1A), SPARK_RED = hex(0xDB5A1C);
+              SPARK_ORANGE = hex(0xEE7A1A);
 
 // Evenly spread numbers; the engine's sequence is the same on every machine, unlike the library's
 // distributions.
@@ -96,9 +96,10 @@ constexpr double FRONT_FRAMES = 12.5; // in which the front travels from the bot
 constexpr double FRONT_LEAD = 3;      // pixels that are gone in the first frame
 constexpr double WAVE = 2.6;          // height of the front's unevenness, pixels
 constexpr double CARD_RADIUS = 6;
-constexpr double SPARK_LIFE_MIN = 3, SPARK_LIFE_MAX = 8; // frames
-constexpr double PIXELS_PER_SPARK = 42;
-constexpr double BIG_SPARK = 1.7; // larger ones are stars, smaller ones dots
+constexpr double SPARK_LIFE_MIN = 3, SPARK_LIFE_MAX = 8;    // frames
+constexpr double PIXELS_PER_SPARK = 105;                    // few and large: many small ones look like dirt
+constexpr double SPARK_SMALLEST = 1.9, SPARK_LARGEST = 4.6; // how far its points reach, pixels
+constexpr double SPARK_WAIST = 0.36;                        // of that
 
 struct spark {
     double x, y, vx, vy; // pixels, pixels a frame
@@ -128,10 +129,10 @@ burn light_burn(int width, int height) {
         b.sparks.push_back({.x = x,
                             .y = front(b, x, born),
                             .vx = (x - width / 2.0) / width * 1.4 + c.between(-0.4, 0.4),
-                            .vy = c.between(0.1, 2.6),
+                            .vy = c.between(-0.4, 1.6),
                             .born = born,
                             .life = c.between(SPARK_LIFE_MIN, SPARK_LIFE_MAX),
-                            .size = c.between(1.0, 2.9),
+                            .size = c.between(SPARK_SMALLEST, SPARK_LARGEST),
                             .turn = c.between(0, PI / 8)});
     }
     return b;
@@ -180,7 +181,7 @@ void draw_burning_card(cairo_t *cr, const burn &b, double frame) {
 }
 
 rgb spark_colour(double age) {
-    constexpr std::array cooling = {SPARK_WHITE, SPARK_YELLOW, SPARK_GOLD, SPARK_ORANGE, SPARK_RED};
+    constexpr std::array cooling = {SPARK_WHITE, SPARK_WHITE, SPARK_YELLOW, SPARK_GOLD};
     const double place = std::clamp(age, 0.0, 0.999) * (cooling.size() - 1);
     const auto step = static_cast<std::size_t>(place);
     return mix(cooling[step], cooling[step + 1], place - std::floor(place));
@@ -191,15 +192,11 @@ void draw_spark(cairo_t *cr, const spark &s, double frame) {
     if (age < 0 || age >= 1)
         return;
     const double since = frame - s.born;
-    const double x = s.x + s.vx * since, y = s.y + s.vy * since, size = s.size * (1.15 - 0.75 * age);
-    if (size > BIG_SPARK) {
-        star_path(cr, x, y, size + 1.6, size * 0.55, 4, 1, s.turn);
-        fill_keep(cr, spark_colour(age));
-        stroke(cr, spark_colour(age + 0.55), 0.9);
-    } else {
-        circle(cr, x, y, std::max(size, 0.75));
-        fill(cr, spark_colour(age + 0.25));
-    }
+    const double x = s.x + s.vx * since, y = s.y + s.vy * since, size = s.size * (1.1 - 0.6 * age);
+    star_path(cr, x, y, size + 1, (size + 1) * SPARK_WAIST, 4, 1, s.turn);
+    stroke(cr, SPARK_ORANGE, 1.2);
+    star_path(cr, x, y, size + 1, (size + 1) * SPARK_WAIST, 4, 1, s.turn);
+    fill(cr, spark_colour(age));
 }
 
 void make_burn(std::string_view prefix, int width, int height) {

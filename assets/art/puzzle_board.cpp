@@ -226,7 +226,13 @@ void draw_scene_cell(const canvas &cell, const canvas &scene, int column, int ro
     stroke(cell, line, 1);
 }
 
-constexpr double MONEY_GOODS_SIZE = 28;
+constexpr int MONEY_GOODS_SIZE = 33;
+
+void draw_money_goods(cairo_t *cr, int cell, double cx, double cy) {
+    constexpr double half = MONEY_GOODS_SIZE / 2.0;
+    outlined_emoji(cr, money_goods(cell), static_cast<int>(std::lround(cx - half)),
+                   static_cast<int>(std::lround(cy - half)), MONEY_GOODS_SIZE);
+}
 
 canvas draw_cell(int type, int index, const canvas *scene, const puzzle_colours &c) {
     const puzzle_layout &layout = layout_of(type);
@@ -245,8 +251,7 @@ canvas draw_cell(int type, int index, const canvas *scene, const puzzle_colours 
         print_fraction(cell, fraction_problem(index), cx, cy + 1, ink);
         break;
     case puzzle_kind::money:
-        emoji(cell, money_goods(index), std::round(cx - MONEY_GOODS_SIZE / 2), std::round(cy - MONEY_GOODS_SIZE / 2),
-              MONEY_GOODS_SIZE);
+        draw_money_goods(cell, index, cx, cy);
         break;
     case puzzle_kind::time:
         print(cell, TIME_CAP, cx, cy + 2, time_text(time_problem(index)), ink);

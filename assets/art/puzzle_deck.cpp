@@ -56,28 +56,8 @@ canvas draw_deck_over(const puzzle_layout &layout, const puzzle_colours &c) {
 // --- Next button and keys ------------------------------------------------------------------------
 
 constexpr button_style NEXT = {.width = 52, .height = 37};
+constexpr double NEXT_MIDDLE = 17; // of its face, pixels
 constexpr int KEY_WIDTH = 40, KEY_HEIGHT = 36;
-
-void draw_next_mark(cairo_t *cr, rgb accent) {
-    constexpr double middle = 17;
-    cairo_save(cr);
-    cairo_translate(cr, 16.5, middle);
-    cairo_rotate(cr, -0.09);
-    rounded_rect(cr, -6, -8.5, 12, 17, 2);
-    fill_keep(cr, accent);
-    stroke(cr, HONEY_SKIN.ink, 1.4);
-    cairo_restore(cr);
-    cairo_save(cr);
-    cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
-    cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
-    cairo_move_to(cr, 28, middle);
-    cairo_line_to(cr, 42, middle);
-    cairo_move_to(cr, 36.5, middle - 5.5);
-    cairo_line_to(cr, 42, middle);
-    cairo_line_to(cr, 36.5, middle + 5.5);
-    stroke(cr, HONEY_SKIN.ink, 2.6);
-    cairo_restore(cr);
-}
 
 void make_keys(int type, const puzzle_colours &c) {
     const std::string prefix = folder_of(type) + "/input/keys/";
@@ -89,7 +69,7 @@ void make_keys(int type, const puzzle_colours &c) {
     }
     for (const button_state state : BUTTON_STATES) {
         canvas next = draw_button(NEXT, state, icon::none, "");
-        draw_next_mark(next, c.accent);
+        draw_next_mark(next, NEXT.width / 2.0, NEXT_MIDDLE, c.accent);
         save(next, numbered(prefix, ++k), {.dither = true});
     }
 }
@@ -119,6 +99,7 @@ constexpr double KEY_CAP = 18, ENTERED_CAP = 18, CARD_CAP = 14;
 constexpr int ENTERED_WIDTH = 20, ENTERED_HEIGHT = 28;
 constexpr rgb ENTERED_OUTLINE = hex(0x5A4320), ENTERED_FACE = hex(0xFFFDF4), ENTERED_SHADE = hex(0xE3D4AE);
 constexpr rgb DELETE_RED = hex(0xA83A2A), ENTER_GREEN = hex(0x2F7D3B);
+constexpr double SIGN_LINE = -0.16, SIGN_LIGHT = 0.12; // lightness against their face
 constexpr int DIGITS = 10, DELETE_KEY = 10, ENTER_KEY = 11;
 
 canvas draw_pad() {
@@ -136,19 +117,32 @@ canvas draw_pad() {
 }
 
 void draw_delete(cairo_t *cr) {
-    const double left = 0.5, tip = 9, right = 29.5, top = KEY_LABEL_Y - 9.5, bottom = KEY_LABEL_Y + 9.5;
-    cairo_move_to(cr, left, KEY_LABEL_Y);
-    cairo_line_to(cr, tip, top);
-    cairo_line_to(cr, right, top);
-    cairo_line_to(cr, right, bottom);
-    cairo_line_to(cr, tip, bottom);
+    constexpr double LEFT = 2, TIP = 9, RIGHT = 28.5, HALF = 8.5;
+    cairo_move_to(cr, LEFT, KEY_LABEL_Y);
+    cairo_line_to(cr, TIP, KEY_LABEL_Y - HALF);
+    cairo_line_to(cr, RIGHT, KEY_LABEL_Y - HALF);
+    cairo_line_to(cr, RIGHT, KEY_LABEL_Y + HALF);
+    cairo_line_to(cr, TIP, KEY_LABEL_Y + HALF);
     cairo_close_path(cr);
-    fill(cr, DELETE_RED);
-    draw_icon(cr, icon::cross, 11.5, KEY_LABEL_Y - 7, 14, WHITE);
+    cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
+    cairo_path_t *plate = cairo_copy_path(cr);
+    stroke(cr, lighten(DELETE_RED, SIGN_LINE), 3);
+    cairo_append_path(cr, plate);
+    fill_keep(cr, DELETE_RED);
+    stroke(cr, DELETE_RED, 1);
+    cairo_path_destroy(plate);
+    cairo_rectangle(cr, TIP, KEY_LABEL_Y - HALF - 0.5, RIGHT - TIP, 1);
+    fill(cr, lighten(DELETE_RED, SIGN_LIGHT));
+    draw_icon(cr, icon::cross, 11, KEY_LABEL_Y - 7.5, 15, WHITE);
 }
 
 void draw_enter(cairo_t *cr) {
-    rounded_rect(cr, 0, KEY_LABEL_Y - 11, KEY_LABEL_WIDTH, 22, 5);
+    constexpr double TOP = KEY_LABEL_Y - 11, HEIGHT = 22, RADIUS = 5;
+    rounded_rect(cr, 0, TOP, KEY_LABEL_WIDTH, HEIGHT, RADIUS);
+    fill(cr, lighten(ENTER_GREEN, SIGN_LINE));
+    rounded_rect(cr, 1, TOP + 1, KEY_LABEL_WIDTH - 2, HEIGHT - 2, RADIUS - 1);
+    fill(cr, lighten(ENTER_GREEN, SIGN_LIGHT));
+    rounded_rect(cr, 1, TOP + 2, KEY_LABEL_WIDTH - 2, HEIGHT - 3, RADIUS - 1);
     fill(cr, ENTER_GREEN);
     draw_icon(cr, icon::tick, KEY_LABEL_X - 9, KEY_LABEL_Y - 9, 18, WHITE);
 }
@@ -190,6 +184,19 @@ canvas draw_card_sign(std::string_view sign, rgb colour) {
     return picture;
 }
 
+// The sign between two factors is drawn: the font's is small.
+canvas draw_times(rgb colour) {
+    constexpr double SIZE = 9, MIDDLE = CARD_CAP / 2 + 0.5, REACH = 3, LINE = 2.2;
+    canvas picture(static_cast<int>(SIZE), static_cast<int>(CARD_CAP));
+    cairo_set_line_cap(picture, CAIRO_LINE_CAP_ROUND);
+    for (const double way : {-1.0, 1.0}) {
+        cairo_move_to(picture, SIZE / 2 - REACH, MIDDLE - way * REACH);
+        cairo_line_to(picture, SIZE / 2 + REACH, MIDDLE + way * REACH);
+    }
+    stroke(picture, colour, LINE);
+    return picture;
+}
+
 } // namespace
 
 void make_keypad(int type) {
@@ -204,7 +211,7 @@ void make_keypad(int type) {
     }
     lch sign = to_lch(colours_of(type).accent);
     sign.l = 0.42;
-    save(draw_card_sign("×", to_rgb(sign)), numbered(folder + "/deck/symbols/", DIGITS + 1), on_ground(CREAM));
+    save(draw_times(to_rgb(sign)), numbered(folder + "/deck/symbols/", DIGITS + 1), on_ground(CREAM));
 }
 
 } // namespace art

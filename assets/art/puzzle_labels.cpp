@@ -17,7 +17,8 @@ namespace {
 constexpr double NUMBER_CAP = 16, PRICE_CAP = 14, DOLLARS_CAP = 13, CENTS_CAP = 15; // pixels
 constexpr double DIVISION_CAP = 11;
 constexpr int DIVIDEND_BASE = 13, DIVISOR_BASE = 26;
-constexpr double GOODS_SIZE = 27, GOODS_TOP = 2, PRICE_BASE = 47;
+constexpr int GOODS_SIZE = 29, GOODS_TOP = 2;
+constexpr double PRICE_BASE = 47;
 constexpr double FRACTION_SIZE = 37, CLOCK_DIAMETER = 47;
 
 // Colours of the drawn fractions' parts, in turn.
@@ -35,7 +36,8 @@ void print_total(cairo_t *cr, int cents, double cx, double cy) {
 }
 
 void print_goods(cairo_t *cr, int cell, double cx) {
-    emoji(cr, market_goods(cell), std::round(cx - GOODS_SIZE / 2), GOODS_TOP, GOODS_SIZE);
+    const int x = static_cast<int>(std::lround(cx - GOODS_SIZE / 2.0));
+    outlined_emoji(cr, market_goods(cell), x, GOODS_TOP, GOODS_SIZE);
     text(cr, face::dosis_bold, PRICE_CAP, cx, PRICE_BASE, align::centre, money_text(market_price(cell)), PRINT);
 }
 

@@ -17,7 +17,7 @@ struct study_button {
 
 // In the order of the pictures, each in three states.
 constexpr study_button BUTTONS[] = {
-    {icon::back, "Back"}, {icon::question, "Help"},   {icon::broom, "Clear"},
+    {icon::back, "Back"}, {icon::question, "Help"},   {icon::spaces, "Clear"},
     {icon::grid, "Fill"}, {icon::play, "Play", true},
 };
 constexpr int WIDTH = 107, HEIGHT = 31; // pixels; wider ones would cover the widest boards

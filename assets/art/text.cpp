@@ -188,4 +188,66 @@ void emoji(cairo_t *cr, std::string_view utf8, double x, double y, double size) 
     cairo_restore(cr);
 }
 
+namespace {
+
+constexpr double OUTLINE_LIGHTNESS = 0.62, OUTLINE_CHROMA = 1.15; // of the tone beside it
+constexpr double DIAGONAL = 0.6; // how much of a diagonal neighbour's cover reaches a pixel of the outline
+
+// Premultiplied pixels of a canvas; nothing beyond its edges.
+struct pixel_view {
+    const unsigned char *data;
+    int stride, width, height;
+
+    std::uint32_t at(int x, int y) const {
+        if (x < 0 || y < 0 || x >= width || y >= height)
+            return 0;
+        return reinterpret_cast<const std::uint32_t *>(data + y * stride)[x];
+    }
+};
+
+// How far the pixel lies on the outline, and in which tone: a darker one of what it touches.
+struct outline_pixel {
+    double cover = 0;
+    rgb tone;
+};
+
+outline_pixel outline_at(const pixel_view &view, int x, int y) {
+    outline_pixel out;
+    double weight = 0;
+    for (int dy = -1; dy <= 1; ++dy) {
+        for (int dx = -1; dx <= 1; ++dx) {
+            const std::uint32_t argb = view.at(x + dx, y + dy);
+            const double alpha = (argb >> 24) / 255.0, reach = dx != 0 && dy != 0 ? DIAGONAL : 1;
+            out.cover = std::max(out.cover, alpha * reach);
+            out.tone.r += ((argb >> 16) & 0xFF) / 255.0 * reach;
+            out.tone.g += ((argb >> 8) & 0xFF) / 255.0 * reach;
+            out.tone.b += (argb & 0xFF) / 255.0 * reach;
+            weight += alpha * reach;
+        }
+    }
+    if (weight <= 0)
+        return {};
+    const lch own = to_lch({out.tone.r / weight, out.tone.g / weight, out.tone.b / weight});
+    out.tone = to_rgb({own.l * OUTLINE_LIGHTNESS, own.c * OUTLINE_CHROMA, own.h});
+    return out;
+}
+
+} // namespace
+
+void outlined_emoji(cairo_t *cr, std::string_view utf8, int x, int y, int size) {
+    canvas inner(size, size);
+    emoji(inner, utf8, 1, 1, size - 2);
+    cairo_surface_flush(inner.surface.get());
+    const pixel_view view = {cairo_image_surface_get_data(inner.surface.get()),
+                             cairo_image_surface_get_stride(inner.surface.get()), size, size};
+    for (int row = 0; row < size; ++row) {
+        for (int column = 0; column < size; ++column) {
+            const outline_pixel p = outline_at(view, column, row);
+            cairo_rectangle(cr, x + column, y + row, 1, 1);
+            fill(cr, p.tone, p.cover);
+        }
+    }
+    paste(cr, inner, x, y);
+}
+
 } // namespace art

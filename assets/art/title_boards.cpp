@@ -320,8 +320,9 @@ void deck_below(cairo_t *cr, int type, const scene &s, const layout &l) {
     const double card_w = s.cell_w * scale + 2 * RIM, card_h = s.cell_h * scale + 2 * RIM;
     const double x = std::round((l.under.w - BUTTON_W - BETWEEN - card_w) * FROM_LEFT);
     const double y = std::round(l.under.y + (l.under.h - card_h - 2 * STACK) / 2);
-    paste(cr, draw_button({.width = BUTTON_W, .height = BUTTON_H}, button_state::normal, icon::next, ""), x,
-          std::round(y + (card_h - BUTTON_H) / 2));
+    const double button_y = std::round(y + (card_h - BUTTON_H) / 2);
+    paste(cr, draw_button({.width = BUTTON_W, .height = BUTTON_H}, button_state::normal, icon::none, ""), x, button_y);
+    draw_next_mark(cr, x + BUTTON_W / 2.0 - 1, button_y + BUTTON_H / 2.0 - 2, colours.accent);
     const double card_x = x + BUTTON_W + BETWEEN;
     paint_card(cr, card_x, y, card_w, card_h, colours, STACK);
     const place p = waiting_place(s, 1);

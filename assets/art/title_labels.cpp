@@ -11,11 +11,14 @@
 
 #include <array>
 #include <cstddef>
+#include <numbers>
 #include <numeric>
 #include <string>
 
 namespace art {
 namespace {
+
+constexpr int CONSUMER = 6;
 
 // Sockets are cut into a piece's right and lower edge, so print stands a little up and to the left.
 constexpr double SOCKET_SHIFT = 2; // pixels
@@ -90,36 +93,53 @@ void toy_cell(cairo_t *cr, int, int column, int row, const box &cell) {
     emoji(cr, TOYS[shown_index(column, row)], m.x - PICTURE / 2, m.y - PICTURE / 2, PICTURE);
 }
 
-// A market stall behind the cells: a striped awning over the first row, shelves with crates below it.
+// One crate of a market stall with a heap of what no piece shows.
+void stall_crate(cairo_t *cr, const char *goods, const box &cell) {
+    constexpr rgb CRATE = hex(0xDDB47C), SEAM = hex(0x9C6F3E), LIGHT = hex(0xF0D2A0);
+    constexpr double PICTURE = 21, STEP = 14, HEIGHT = 17, MARGIN = 5, LOW = 7;
+    const double base = cell.y + cell.h - LOW, top = base - HEIGHT, middle = cell.x + cell.w / 2;
+    for (const double place : {-0.5, 0.5})
+        emoji(cr, goods, middle + place * STEP - PICTURE / 2, top - 21, PICTURE);
+    for (const double place : {-1.0, 0.0, 1.0})
+        emoji(cr, goods, middle + place * STEP - PICTURE / 2, top - 13, PICTURE);
+    rounded_rect(cr, cell.x + MARGIN, top, cell.w - 2 * MARGIN, HEIGHT, 2);
+    fill(cr, SEAM);
+    for (const double plank : {0.0, 8.0}) {
+        cairo_rectangle(cr, cell.x + MARGIN + 1, top + 1 + plank, cell.w - 2 * MARGIN - 2, 7);
+        fill(cr, CRATE);
+        cairo_rectangle(cr, cell.x + MARGIN + 1, top + 1 + plank, cell.w - 2 * MARGIN - 2, 1);
+        fill(cr, LIGHT);
+    }
+}
+
+// A market stall behind the cells: a striped awning over the first row, crates below it.
 void stall_cell(cairo_t *cr, int, int column, int row, const box &cell) {
-    constexpr rgb STRIPE = hex(0xDE93B8), CLOTH = hex(0xFFF6FA), POST = hex(0xC9A07A), CRATE = hex(0xD9AE78);
+    constexpr rgb STRIPE = hex(0xDE93B8), CLOTH = hex(0xFFF6FA), SHADE = hex(0x8A5570);
+    constexpr std::array<const char *, SHOWN_COLUMNS *(SHOWN_ROWS - 1)> STOCK = {
+        "🥭", "🍈", "🌶️", "🧅", "🥬", "🌻", "🧄", "🌷",
+    };
+    constexpr double QUIET = 0.30; // so that the pieces stand out
     cairo_save(cr);
     cairo_rectangle(cr, cell.x, cell.y, cell.w, cell.h);
     cairo_clip(cr);
     if (row == 0) {
         constexpr int STRIPES = 4;
         const double w = cell.w / STRIPES, drop = cell.h * 0.66;
-        for (int i = 0; i < STRIPES; ++i) {
-            cairo_rectangle(cr, cell.x + i * w, cell.y, w, drop);
-            cairo_arc(cr, cell.x + (i + 0.5) * w, cell.y + drop, w / 2, 0, 3.1416);
-            fill(cr, i % 2 == 0 ? STRIPE : CLOTH);
-        }
-    } else {
-        const double shelf = cell.y + cell.h * 0.70, w = cell.w / 2.6;
-        for (int i = 0; i < 2; ++i) {
-            const double x = cell.x + cell.w * (i == 0 ? 0.08 : 0.54);
-            rounded_rect(cr, x, shelf - 15, w, 15, 2);
-            fill(cr, CRATE);
-            for (int line = 1; line < 3; ++line)
-                cairo_rectangle(cr, x, shelf - 5 * line, w, 1);
-            fill(cr, POST);
-            for (int fruit = 0; fruit < 3; ++fruit) {
-                circle(cr, x + (fruit + 0.5) * w / 3, shelf - 17, w / 6);
-                fill(cr, to_rgb({0.78, 0.11, 40.0 + 70 * ((column * 2 + i + row * 3) % 5)}));
+        for (const double low : {3.0, 0.0}) { // its shade on the wall, then the cloth
+            for (int i = 0; i < STRIPES; ++i) {
+                const rgb tone = i % 2 == 0 ? STRIPE : CLOTH;
+                cairo_rectangle(cr, cell.x + i * w, cell.y, w, drop + low);
+                cairo_arc(cr, cell.x + (i + 0.5) * w, cell.y + drop + low, w / 2, 0, std::numbers::pi);
+                if (low > 0)
+                    fill(cr, SHADE, 0.25);
+                else
+                    fill_gradient(cr, 0, cell.y, lighten(tone, 0.02), 0, cell.y + drop + w / 2, lighten(tone, -0.06));
             }
         }
-        cairo_rectangle(cr, cell.x, shelf, cell.w, 4);
-        fill(cr, POST);
+    } else {
+        stall_crate(cr, STOCK[shown_index(column, row - 1)], cell);
+        cairo_rectangle(cr, cell.x, cell.y, cell.w, cell.h);
+        fill(cr, board_floor(CONSUMER, column, row), QUIET);
     }
     cairo_restore(cr);
 }
@@ -234,8 +254,6 @@ static_assert(CONTENTS.size() == PUZZLE_LOOKS.size());
 const board_content &content_of(int type) {
     return CONTENTS[static_cast<std::size_t>(type)];
 }
-
-constexpr int CONSUMER = 6;
 
 } // namespace
 

@@ -121,11 +121,17 @@ void paint_shadow(cairo_t *cr, const std::function<void()> &append, double dx, d
     cairo_translate(cr, dx, dy);
     append();
     cairo_path_t *path = cairo_copy_path(cr);
-    fill(cr, DARK, alpha / 2);
+    cairo_new_path(cr);
     for (int ring = 0; ring < RINGS; ++ring) { // wider and wider, and so fainter towards the rim
+        cairo_push_group_with_content(cr, CAIRO_CONTENT_ALPHA);
+        cairo_set_operator(cr, CAIRO_OPERATOR_OVER);
         cairo_append_path(cr, path);
-        fill_keep(cr, DARK, alpha / 2 / RINGS);
-        stroke(cr, DARK, 2 * blur * (ring + 1) / RINGS, alpha / 2 / RINGS);
+        fill_keep(cr, DARK);
+        stroke(cr, DARK, 2 * blur * ring / RINGS);
+        cairo_pattern_t *grown = cairo_pop_group(cr);
+        cairo_set_source_rgba(cr, DARK.r, DARK.g, DARK.b, alpha / RINGS);
+        cairo_mask(cr, grown);
+        cairo_pattern_destroy(grown);
     }
     cairo_path_destroy(path);
     cairo_restore(cr);

@@ -193,11 +193,13 @@ void draw_mug(cairo_t *cr, spot at, double diameter, rgb glaze) {
         fill(cr, dark);
         circle(cr, 1, 2, r * 0.78);
         fill_gradient(cr, -r, -r, hex(0x7A4A2A), r, r, hex(0xA06A3E));
-        for (const auto &[dx, dy, size] :
-             std::array<std::array<double, 3>, 3>{{{-.28, -.2, .2}, {.2, -.05, .16}, {-.05, .32, .18}}}) {
-            circle(cr, dx * r, dy * r, size * r); // marshmallows
-            fill_and_line(cr, hex(0xFFF6F2), hex(0xD9B8AA), 1);
-        }
+        cairo_rotate(cr, -at.turn * PI / 180); // the heart of cream stands upright
+        const double s = r * 0.48;
+        cairo_move_to(cr, 1, s * 0.95 + 2);
+        cairo_curve_to(cr, 1 - s * 1.7, -s * 0.1, 1 - s * 0.9, -s * 1.3, 1, -s * 0.4);
+        cairo_curve_to(cr, 1 + s * 0.9, -s * 1.3, 1 + s * 1.7, -s * 0.1, 1, s * 0.95 + 2);
+        cairo_close_path(cr);
+        fill_and_line(cr, hex(0xFFF3E4), hex(0xC99A6E), 1.6);
     });
 }
 

@@ -13,7 +13,9 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 #include <string_view>
+#include <utility>
 
 namespace art {
 namespace {
@@ -57,24 +59,26 @@ void coin_icon(cairo_t *cr, rgb ink) {
 }
 
 void basket_icon(cairo_t *cr, rgb ink) {
+    constexpr rgb WICKER = hex(0xFFD98A), APPLE = hex(0xF05A4A), PEAR = hex(0xB9DE62);
     const double x = ICON_X, y = ICON_Y;
-    cairo_arc(cr, x, y - 1, 6.4, 3.1416, 0);
-    stroke(cr, ink, 1.8);
-    cairo_move_to(cr, x - 8, y);
-    cairo_line_to(cr, x + 8, y);
-    cairo_line_to(cr, x + 6, y + 9);
-    cairo_line_to(cr, x - 6, y + 9);
-    cairo_close_path(cr);
-    fill_keep(cr, WHITE);
     cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
-    stroke(cr, ink, 1.8);
-    for (const double dx : {-3.2, 0.0, 3.2}) {
-        cairo_move_to(cr, x + dx, y + 1);
-        cairo_line_to(cr, x + dx * 0.8, y + 9);
+    cairo_arc(cr, x, y + 1, 8.2, std::numbers::pi, 2 * std::numbers::pi);
+    stroke(cr, ink, 2);
+    for (const auto &[dx, colour] : {std::pair{-3.2, APPLE}, std::pair{3.2, PEAR}}) {
+        circle(cr, x + dx, y - 1, 3.2);
+        fill_keep(cr, colour);
+        stroke(cr, ink, 1.2);
     }
-    stroke(cr, ink, 1.3);
-    rounded_rect(cr, x - 9.4, y - 1.6, 18.8, 3.4, 1.5);
-    fill(cr, ink);
+    cairo_move_to(cr, x - 8.6, y + 1.5);
+    cairo_line_to(cr, x + 8.6, y + 1.5);
+    cairo_line_to(cr, x + 6.4, y + 9.6);
+    cairo_line_to(cr, x - 6.4, y + 9.6);
+    cairo_close_path(cr);
+    fill_keep(cr, WICKER);
+    stroke(cr, ink, 1.7);
+    cairo_move_to(cr, x - 7.6, y + 5.5);
+    cairo_line_to(cr, x + 7.6, y + 5.5);
+    stroke(cr, ink, 1);
 }
 
 void pie_icon(cairo_t *cr, rgb ink) {
@@ -84,17 +88,19 @@ void pie_icon(cairo_t *cr, rgb ink) {
     stroke(cr, ink, 1.2);
 }
 
+// Two rows of three counters, as a product is laid out.
 void factor_icon(cairo_t *cr, rgb ink) {
-    constexpr double SIDE = 11, CAP = 7.5;
-    constexpr rgb TILES[] = {hex(0xFFC3BD), hex(0xACDBFE)};
-    const char *const MARKS[] = {"2", "3"};
-    for (std::size_t i = 0; i < 2; ++i) {
-        const double x = ICON_X - SIDE - 0.5 + static_cast<double>(i) * (SIDE + 1), y = ICON_Y - SIDE / 2;
-        rounded_rect(cr, x, y, SIDE, SIDE, 2.5);
-        fill(cr, ink);
-        rounded_rect(cr, x + 1, y + 1, SIDE - 2, SIDE - 2, 1.6);
-        fill(cr, TILES[i]);
-        centred_text(cr, CAP, x + SIDE / 2, y + SIDE / 2, MARKS[i], ink);
+    constexpr double PITCH = 7.8, R = 3.7, LINE = 1.2;
+    constexpr rgb ROWS[] = {hex(0xFFB3AA), hex(0xA6DBFF)};
+    double y = ICON_Y - PITCH / 2;
+    for (const rgb &tone : ROWS) {
+        for (const double place : {-1.0, 0.0, 1.0}) {
+            circle(cr, ICON_X + place * PITCH, y, R);
+            fill(cr, ink);
+            circle(cr, ICON_X + place * PITCH, y, R - LINE);
+            fill(cr, tone);
+        }
+        y += PITCH;
     }
 }
 
