@@ -20,7 +20,7 @@ using sound::note;
 
 // The presets of the General MIDI numbering that are used; the kit lies in the bank for drums.
 constexpr instrument CELESTA{0, 8}, GLOCKENSPIEL{0, 9}, MARIMBA{0, 12}, XYLOPHONE{0, 13}, PIZZICATO{0, 45}, HARP{0, 46},
-    TIMPANI{0, 47}, STRINGS{0, 48}, TRUMPET{0, 56}, HORNS{0, 60}, BRASS{0, 61}, BASSOON{0, 70}, WOODBLOCK{0, 115},
+    TIMPANI{0, 47}, STRINGS{0, 48}, TRUMPET{0, 56}, HORNS{0, 60}, BRASS{0, 61}, WOODBLOCK{0, 115},
     ORCHESTRA_KIT{128, 48};
 
 // --- What is played ------------------------------------------------------------------------------
@@ -68,22 +68,22 @@ constexpr note PIECE_RETURN[] = {
     {MARIMBA,         67,   90,  0.250,  0.15, -0.30},
 };
 
-// A bubble bursts: a short stopped note that leaps upwards, and the air that escapes.
+// A bubble bursts: a short stopped note that leaps upwards, and a little air that escapes.
 constexpr note POP[] = {
-    {MARIMBA,         67,  110,  0.000,  0.10,  0.00,   12, true},
-    {PIZZICATO,       67,   70,  0.000,  0.10,  0.00,   12, true},
+    {MARIMBA,         67,  110,  0.000,  0.11,  0.00,   12, true},
+    {PIZZICATO,       67,   62,  0.000,  0.10,  0.00,   12, true},
+    {MARIMBA,         79,   60,  0.075,  0.12,  0.00,    7, true},
 };
 constexpr noise POP_AIR[] = {
-    {.start = 0.02, .length = 0.36, .rise = 0.04, .fall = 2.5, .from_hz = 900, .to_hz = 3000, .sharpness = 0.7, .level_db = -21},
+    {.start = 0.03, .length = 0.30, .rise = 0.05, .fall = 2.5, .from_hz = 700, .to_hz = 1700, .sharpness = 1.2, .level_db = -23},
 };
 
+// A friendly call that comes to rest on the scale's home note: no blame, just "not yet".
 constexpr note NOT_YET[] = {
-    {MARIMBA,         60,  100,  0.000,  0.16,  0.00},
-    {BASSOON,         60,   58,  0.000,  0.12,  0.00},
-    {PIZZICATO,       60,   70,  0.000,  0.16,  0.00},
-    {MARIMBA,         57,   96,  0.190,  0.25,  0.00},
-    {BASSOON,         57,   56,  0.190,  0.20,  0.00},
-    {PIZZICATO,       57,   66,  0.190,  0.25,  0.00},
+    {MARIMBA,         64,   84,  0.000,  0.18,  0.05},
+    {HARP,            64,   58,  0.000,  0.18, -0.05},
+    {MARIMBA,         60,   68,  0.190,  0.30,  0.05},
+    {HARP,            60,   48,  0.190,  0.30, -0.05},
 };
 
 constexpr note CHIME[] = {
@@ -107,44 +107,51 @@ constexpr note HARP_RUN[] = {
     {HARP,            79,  104,  0.545,  0.50,  0.50},
 };
 
+// In beats of 0.42 s with three parts each: three calls lead to the second beat, one leads to the third.
 constexpr note FANFARE[] = {
-    // Two short calls and two longer ones,
-    {TRUMPET,         67,  108,  0.000,  0.11, -0.15},
-    {HORNS,           60,  104,  0.000,  0.11,  0.20},
-    {MARIMBA,         67,  104,  0.000,  0.10,  0.00},
-    {TRUMPET,         67,  100,  0.150,  0.10, -0.15},
-    {HORNS,           60,   98,  0.150,  0.10,  0.20},
-    {MARIMBA,         67,   98,  0.150,  0.10,  0.00},
-    {TRUMPET,         72,  108,  0.300,  0.20, -0.15},
-    {HORNS,           64,  102,  0.300,  0.20,  0.20},
-    {MARIMBA,         72,  106,  0.300,  0.10,  0.00},
-    {TRUMPET,         76,  110,  0.550,  0.20, -0.15},
-    {HORNS,           67,  104,  0.550,  0.20,  0.20},
-    {MARIMBA,         76,  106,  0.550,  0.10,  0.00},
+    // Three short calls and a longer one,
+    {TRUMPET,         67,   96,  0.000,  0.10, -0.15},
+    {HORNS,           60,   94,  0.000,  0.10,  0.20},
+    {MARIMBA,         67,   98,  0.000,  0.10,  0.00},
+    {TRUMPET,         67,   90,  0.140,  0.10, -0.15},
+    {HORNS,           60,   88,  0.140,  0.10,  0.20},
+    {MARIMBA,         67,   92,  0.140,  0.10,  0.00},
+    {TRUMPET,         67,   94,  0.280,  0.10, -0.15},
+    {HORNS,           60,   92,  0.280,  0.10,  0.20},
+    {MARIMBA,         67,   96,  0.280,  0.10,  0.00},
+    {TRUMPET,         72,  106,  0.420,  0.24, -0.15},
+    {HORNS,           64,  102,  0.420,  0.24,  0.20},
+    {MARIMBA,         72,  106,  0.420,  0.10,  0.00},
+    {TRUMPET,         76,  100,  0.700,  0.11, -0.15},
+    {HORNS,           67,   98,  0.700,  0.11,  0.20},
+    {MARIMBA,         76,  102,  0.700,  0.10,  0.00},
     // a sweep up,
     {HARP,            67,   70,  0.560,  0.80, -0.40},
-    {HARP,            69,   72,  0.600,  0.80, -0.20},
-    {HARP,            72,   76,  0.640,  0.80,  0.00},
-    {HARP,            74,   80,  0.680,  0.80,  0.10},
-    {HARP,            76,   84,  0.720,  0.80,  0.20},
-    {HARP,            79,   88,  0.760,  0.80,  0.40},
-    // and the final chord.
-    {TRUMPET,         79,  104,  0.820,  1.20, -0.15},
-    {TRUMPET,         76,   88,  0.820,  1.20,  0.10},
-    {BRASS,           72,   86,  0.820,  1.20,  0.10},
-    {BRASS,           67,   84,  0.820,  1.20, -0.10},
-    {HORNS,           64,   88,  0.820,  1.20,  0.25},
-    {HORNS,           60,   88,  0.820,  1.20,  0.30},
-    {STRINGS,         48,   80,  0.820,  1.35,  0.20},
-    {STRINGS,         60,   74,  0.820,  1.35, -0.20},
-    {STRINGS,         72,   74,  0.820,  1.35, -0.30},
-    {STRINGS,         76,   74,  0.820,  1.35,  0.10},
-    {TIMPANI,         48,   96,  0.820,  1.40,  0.00},
-    {ORCHESTRA_KIT,   57,   52,  0.820,  1.20,  0.00},
-    {GLOCKENSPIEL,    84,   84,  0.820,  1.20,  0.25},
-    {GLOCKENSPIEL,    88,   76,  0.940,  1.20, -0.20},
-    {GLOCKENSPIEL,    91,   78,  1.060,  1.20,  0.20},
-    {GLOCKENSPIEL,    96,   84,  1.180,  1.20,  0.00},
+    {HARP,            69,   72,  0.607,  0.80, -0.20},
+    {HARP,            72,   76,  0.653,  0.80,  0.00},
+    {HARP,            74,   80,  0.700,  0.80,  0.10},
+    {HARP,            76,   84,  0.747,  0.80,  0.20},
+    {HARP,            79,   88,  0.793,  0.80,  0.40},
+    // and the final chord, whose brass dies away so that the bells over it can be heard.
+    {TRUMPET,         79,  104,  0.840,  2.20, -0.15,    0, true},
+    {TRUMPET,         76,   88,  0.840,  2.20,  0.10,    0, true},
+    {BRASS,           72,   86,  0.840,  2.10,  0.10,    0, true},
+    {BRASS,           67,   84,  0.840,  2.10, -0.10,    0, true},
+    {HORNS,           64,   88,  0.840,  2.20,  0.25,    0, true},
+    {HORNS,           60,   88,  0.840,  2.20,  0.30,    0, true},
+    {STRINGS,         48,   78,  0.840,  1.35,  0.20},
+    {STRINGS,         60,   70,  0.840,  1.35, -0.20},
+    {STRINGS,         72,   70,  0.840,  1.35, -0.30},
+    {STRINGS,         76,   70,  0.840,  1.35,  0.10},
+    {TIMPANI,         48,   80,  0.840,  1.40,  0.00},
+    {ORCHESTRA_KIT,   57,   52,  0.840,  1.20,  0.00},
+    {GLOCKENSPIEL,    84,   84,  0.840,  1.20,  0.25},
+    {GLOCKENSPIEL,    88,   78,  0.980,  1.20, -0.20},
+    {GLOCKENSPIEL,    91,   82,  1.120,  1.20,  0.20},
+    {GLOCKENSPIEL,    96,   88,  1.260,  1.20,  0.00},
+    {CELESTA,         84,   80,  1.680,  0.80, -0.10},
+    {CELESTA,         91,   76,  1.680,  0.80,  0.10},
+    {GLOCKENSPIEL,    96,   70,  1.680,  0.80,  0.00},
 };
 // clang-format on
 
@@ -167,9 +174,9 @@ constexpr sound_source SOUNDS[] = {
     {"piece_disappear",   POP,          POP_AIR,     0.40, 0.15, -17},
     {"piece_return",      PIECE_RETURN, {},          0.45, 0.18, -15},
     {"score_show",        CHIME,        {},          0.50, 0.35, -18},
-    {"puzzle_complete",   FANFARE,      {},          2.50, 0.50, -13},
+    {"puzzle_complete",   FANFARE,      {},          2.50, 0.60, -13},
     {"click",             CLICK,        {},          0.08, 0.05, -20},
-    {"incorrect_number",  NOT_YET,      {},          0.50, 0.15, -15},
+    {"incorrect_number",  NOT_YET,      {},          0.50, 0.20, -18},
     {"piece_emerge",      PIECE_EMERGE, {},          0.45, 0.20, -15},
     {"piece_place1",      PLACE_C5,     THUD,        0.40, 0.20, -15},
     {"piece_place2",      PLACE_D5,     THUD,        0.40, 0.20, -15},
