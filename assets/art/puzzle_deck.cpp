@@ -6,6 +6,7 @@
 #include "puzzle.h"
 
 #include <cmath>
+#include <iterator>
 
 namespace art {
 namespace {
@@ -39,17 +40,29 @@ canvas draw_card(const puzzle_layout &layout, const puzzle_colours &c) {
     return card;
 }
 
-// The empty place of the deck, with a tick: no card is left.
+// The empty place of the deck: a shallow tray with the outline of the card that lay there, ticked off.
 canvas draw_deck_over(const puzzle_layout &layout, const puzzle_colours &c) {
+    constexpr double DEPTH = 3, DASH[] = {4, 3}, DASH_INSET = 5.5, DASH_LINE = 1.4, TICK_LINE = 0.16;
     const double w = layout.card_width, h = layout.card_height, tick = std::round(h * 0.55);
     canvas place(layout.card_width, layout.card_height);
     rounded_rect(place, 0, 0, w, h, CARD_RADIUS);
     fill(place, c.outline);
     rounded_rect(place, 1, 1, w - 2, h - 2, CARD_RADIUS - 1);
-    fill(place, c.joints.dent);
-    rounded_rect(place, 2, 2, w - 3, h - 3, CARD_RADIUS - 1);
+    cairo_save(place);
+    cairo_clip_preserve(place);
     fill(place, c.panel);
-    draw_icon(place, icon::tick, std::round((w - tick) / 2), std::round((h - tick) / 2), tick, c.name);
+    for (double depth = 0; depth < DEPTH; ++depth) { // the shade of its upper left walls
+        rounded_rect(place, 1, 1, w + DEPTH, h + DEPTH, CARD_RADIUS - 1);
+        stroke(place, c.joints.dent, 2 * (DEPTH - depth), 0.45);
+    }
+    cairo_restore(place);
+    rounded_rect(place, DASH_INSET, DASH_INSET, w - 2 * DASH_INSET, h - 2 * DASH_INSET, FIELD_RADIUS);
+    cairo_set_dash(place, DASH, std::size(DASH), 0);
+    stroke(place, c.joints.line, DASH_LINE);
+    cairo_set_dash(place, nullptr, 0, 0);
+    const double x = std::round((w - tick) / 2), y = std::round((h - tick) / 2);
+    draw_icon(place, icon::tick, x + 1, y + 1, tick, lighten(c.panel, -TICK_LINE));
+    draw_icon(place, icon::tick, x, y, tick, c.name);
     return place;
 }
 

@@ -329,7 +329,9 @@ void deck_below(cairo_t *cr, int type, const scene &s, const layout &l) {
     cairo_save(cr);
     cairo_translate(cr, card_x + RIM, y + RIM);
     cairo_scale(cr, scale, scale);
-    draw_board_label(cr, type, p.column, p.row, {1, 1, static_cast<double>(s.cell_w), static_cast<double>(s.cell_h)});
+    // A card has no sockets, so its print stands in the middle.
+    draw_board_label(cr, type, p.column, p.row,
+                     {SOCKET_SHIFT, SOCKET_SHIFT, static_cast<double>(s.cell_w), static_cast<double>(s.cell_h)});
     cairo_restore(cr);
 }
 

@@ -20,9 +20,6 @@ namespace {
 
 constexpr int CONSUMER = 6;
 
-// Sockets are cut into a piece's right and lower edge, so print stands a little up and to the left.
-constexpr double SOCKET_SHIFT = 2; // pixels
-
 struct middle {
     double x, y;
 };

@@ -16,6 +16,9 @@ struct box {
     double x = 0, y = 0, w = 0, h = 0;
 };
 
+// Sockets are cut into a piece's right and lower edge, so print stands this far up and to the left, pixels.
+inline constexpr double SOCKET_SHIFT = 2;
+
 // Draws the label of the piece that belongs in (column, row), for a piece of the size of `cell`.
 void draw_board_label(cairo_t *cr, int type, int column, int row, const box &cell);
 
