@@ -74,9 +74,13 @@ void bind_key(i32 key, button *target) {
         dialog.key_buttons[key] = target;
 }
 
+// A text that memory is short for is left out: the one of the dialog before would ask another question.
 void set_text(char **target, const char *text) {
-    if (string_set(target, text) < 0)
-        log_out_of_memory();
+    if (string_set(target, text) >= 0)
+        return;
+    log_out_of_memory();
+    std::free(*target);
+    *target = nullptr;
 }
 
 void set_title(const char *text) {
