@@ -1,4 +1,7 @@
-// best_times.h: best times, run logs and player records, and the file that keeps them. Main thread.
+// best_times.h: best times, run logs and player records, and the file that keeps them.
+//
+// Main thread. The module owns the one table and all in it; what it hands out is borrowed until the next call that
+// changes the table. What memory is short for is logged and left out.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -29,14 +32,14 @@ struct player_record {
     u32 seen;     // bit p: started or completed puzzle type p; PLAYER_SEEN_STUDY
 };
 
-i32 best_times_create(); // empty tables; 1, or -1 when out of memory
-void best_times_destroy();
-void best_times_reset(); // clears the logs, installs the default Master places; players stay
-i32 best_times_load();   // 1, or -1 when there is no file (the defaults are then in place)
-i32 best_times_save();   // 1, or -1 (logged)
-void best_times_record(i32 puzzle, const char *name, i32 seconds);
-puzzle_scores *best_times_for_puzzle(i32 puzzle); // borrowed; null outside 0..10
+i32 best_times_create();   // empty tables; 1, or -1 when out of memory
+void best_times_destroy(); // safe when none was made
+void best_times_reset();   // clears the logs, installs the default Master places; players stay
+i32 best_times_load();     // 1, or -1 when there is no file (the defaults are then in place)
+i32 best_times_save();     // 1, or -1 (logged)
+void best_times_record(i32 puzzle, const char *name, i32 seconds); // a completed run; ignored outside 0..10
+puzzle_scores *best_times_for_puzzle(i32 puzzle);                  // borrowed; null outside 0..10
 
 // The record whose name matches, spaces and case aside; made when missing and create is set; else null.
 player_record *player_find(const char *name, bool create);
-u32 player_mastered(const char *name);
+u32 player_mastered(const char *name); // the matching record's mask, 0 when there is none

@@ -18,5 +18,6 @@ inline bool best_times_exist() {
     return best_times.players != nullptr;
 }
 
+// For the lists of the table; neither accepts null.
 void score_entry_free(score_entry *entry);
 void player_record_free(player_record *player);

@@ -6,5 +6,5 @@
 
 #include "core/types.h"
 
-i32 prefs_load(); // 1, or -1 when the file cannot be opened
+i32 prefs_load(); // 1, or -1 when the file cannot be opened, which is no error: it is missing at first
 i32 prefs_save(); // 1, or -1 (logged)

@@ -27,7 +27,7 @@ struct stored_reader {
 // False when the file cannot be opened, or memory is short (logged); nothing is to be closed then. A file that is
 // there but could not be read counts as damaged.
 [[nodiscard]] bool stored_open(stored_reader *reader, const char *path);
-void stored_close(stored_reader *reader);
+void stored_close(stored_reader *reader); // after stored_open was true
 
 // Each returns whether the field was there; *value is left as it was when not.
 bool stored_read_i32(stored_reader *reader, i32 *value);
@@ -48,6 +48,7 @@ struct stored_writer {
     bool failed;
 };
 
+// The fields in their order; a failure is remembered until stored_finish, which must follow.
 void stored_begin(stored_writer *writer);
 void stored_put_i32(stored_writer *writer, i32 value);
 void stored_put_string(stored_writer *writer, const char *text);        // null as ""
