@@ -5,9 +5,9 @@
 #include "benches.h"
 
 #include "graphics/blit_routines.h"
-#include "graphics/pixel.h"
 #include "pairs.h"
 #include "pictures.h"
+#include "resources/pixel.h"
 
 #include <cstring>
 #include <memory>

@@ -5,9 +5,9 @@
 #include "pictures.h"
 
 #include "graphics/blit.h"
-#include "graphics/pixel.h"
 #include "platform/platform.h"
 #include "resources/archive.h"
+#include "resources/pixel.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -60,22 +60,19 @@ SDL_Surface *sdl_picture(const image *picture, u32 flags) {
     for (i32 y = 0; y < picture->height; ++y)
         std::memcpy(static_cast<u8 *>(made->pixels) + y * made->pitch,
                     picture->pixels + static_cast<std::size_t>(y) * row, row);
-    rgb key;
-    color_key_get(&key);
-    SDL_SetColorKey(made, SDL_SRCCOLORKEY | flags, SDL_MapRGB(made->format, key.r, key.g, key.b));
+    SDL_SetColorKey(made, SDL_SRCCOLORKEY | flags, SDL_MapRGB(made->format, color_key.r, color_key.g, color_key.b));
     return made;
 }
 
 i32 visible_bytes(const image *picture, i32 x, i32 y) {
-    rgb key;
-    color_key_get(&key);
     i32 pixels = 0;
     for (i32 row = 0; row < picture->height; ++row)
         for (i32 column = 0; column < picture->width; ++column) {
             const i32 at = row * picture->width + column;
             const bool narrow = video_format.depth == pixel16::BITS;
-            const bool opaque = narrow ? reinterpret_cast<const u16 *>(picture->pixels)[at] != pixel16::from_rgb(key)
-                                       : reinterpret_cast<const u32 *>(picture->pixels)[at] != pixel32::from_rgb(key);
+            const bool opaque =
+                narrow ? reinterpret_cast<const u16 *>(picture->pixels)[at] != pixel16::from_rgb(color_key)
+                       : reinterpret_cast<const u32 *>(picture->pixels)[at] != pixel32::from_rgb(color_key);
             const bool shows = x + column >= 0 && x + column < SCREEN_WIDTH && y + row >= 0 && y + row < SCREEN_HEIGHT;
             pixels += opaque && shows ? 1 : 0;
         }

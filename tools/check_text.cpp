@@ -3,10 +3,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "check.h"
+#include "core/puzzle_info.h"
 #include "graphics/font.h"
 #include "graphics/glyphs.h"
 #include "picture.h"
-#include "puzzles/puzzle_info.h"
 
 #include <algorithm>
 #include <cstdio>

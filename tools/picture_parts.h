@@ -5,7 +5,7 @@
 #pragma once
 
 #include "core/types.h"
-#include "graphics/pixel.h"
+#include "resources/pixel.h"
 
 #include <string_view>
 

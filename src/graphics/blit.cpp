@@ -8,17 +8,11 @@
 #include "core/strings.h"
 #include "graphics/blit_routines.h"
 #include "graphics/noise.h"
-#include "graphics/pixel.h"
 #include "graphics/span_walk.h"
-#include "graphics/wide.h"
+#include "resources/pixel.h"
+#include "resources/wide.h"
 
 static constexpr char KEY_TEXT[] = "EA008A";
-
-static rgb color_key = BLACK; // as the screen's format gives it back
-
-void color_key_get(rgb *key) {
-    *key = color_key;
-}
 
 static rect bounds_of(const frame_buffer &buffer) {
     return {0, 0, buffer.width, buffer.height};

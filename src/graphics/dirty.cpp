@@ -7,8 +7,8 @@
 #include "core/log.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/locks.h"
-#include "graphics/pixel.h"
 #include "graphics/render.h"
+#include "resources/pixel.h"
 
 #include <algorithm>
 #include <cstdlib>

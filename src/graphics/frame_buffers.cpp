@@ -6,7 +6,7 @@
 
 #include "core/log.h"
 #include "graphics/locks.h"
-#include "graphics/pixel.h"
+#include "resources/pixel.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -6,8 +6,8 @@
 #include "graphics/draw_play.h"
 #include "graphics/glyphs.h"
 #include "graphics/locks.h"
-#include "graphics/pixel.h"
 #include "graphics/render.h"
+#include "resources/pixel.h"
 
 #include <algorithm>
 
@@ -17,17 +17,15 @@ static u8 scale(u8 channel, i32 factor) {
     return static_cast<u8>(std::clamp(channel * factor / FULL, 0, FULL));
 }
 
-template <class Pixel> static bool is_ink(typename Pixel::value pixel, rgb key) {
+template <class Pixel> static bool is_ink(typename Pixel::value pixel) {
     const rgb colour = Pixel::to_rgb(pixel);
-    return colour.r != key.r || colour.g != key.g || colour.b != key.b;
+    return colour.r != color_key.r || colour.g != color_key.g || colour.b != color_key.b;
 }
 
 template <class Pixel> static i32 first_ink(const image &picture) {
     const auto *pixels = reinterpret_cast<const typename Pixel::value *>(picture.pixels);
     const auto *end = pixels + picture.width * picture.height;
-    rgb key;
-    color_key_get(&key);
-    const auto *found = std::find_if(pixels, end, [key](auto pixel) { return is_ink<Pixel>(pixel, key); });
+    const auto *found = std::find_if(pixels, end, [](auto pixel) { return is_ink<Pixel>(pixel); });
     return found == end ? -1 : static_cast<i32>(found - pixels);
 }
 
@@ -39,12 +37,10 @@ template <class Pixel> static void recolour(const glyph &g) {
     using value = typename Pixel::value;
     const auto *from = reinterpret_cast<const value *>(g.source->pixels);
     auto *to = reinterpret_cast<value *>(g.working->pixels);
-    rgb key;
-    color_key_get(&key);
     std::transform(from, from + g.width * g.height, to, [&](value pixel) {
         const rgb c = Pixel::to_rgb(pixel);
-        return is_ink<Pixel>(pixel, key) ? Pixel::from_rgb({scale(c.r, g.red), scale(c.g, g.green), scale(c.b, g.blue)})
-                                         : pixel;
+        return is_ink<Pixel>(pixel) ? Pixel::from_rgb({scale(c.r, g.red), scale(c.g, g.green), scale(c.b, g.blue)})
+                                    : pixel;
     });
 }
 

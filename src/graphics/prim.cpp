@@ -6,8 +6,8 @@
 #include "graphics/blit.h"
 #include "graphics/blit_routines.h"
 #include "graphics/noise.h"
-#include "graphics/pixel.h"
-#include "graphics/wide.h"
+#include "resources/pixel.h"
+#include "resources/wide.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -9,8 +9,8 @@
 #include "graphics/draw_queue.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/locks.h"
-#include "graphics/pixel.h"
 #include "graphics/repeat.h"
+#include "resources/pixel.h"
 
 #include <SDL.h>
 

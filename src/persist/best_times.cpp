@@ -4,9 +4,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "persist/best_times.h"
 
+#include "core/puzzle_info.h"
 #include "core/strings.h"
 #include "persist/best_times_table.h"
-#include "puzzles/puzzle_info.h"
 
 #include <iterator>
 

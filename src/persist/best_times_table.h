@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
+#include "core/puzzle_info.h"
 #include "persist/best_times.h"
-#include "puzzles/puzzle_info.h"
 
 struct best_times_table {
     puzzle_scores puzzles[PUZZLE_COUNT];

@@ -5,8 +5,8 @@
 #include "puzzles/puzzle_help.h"
 
 #include "core/help.h"
+#include "core/puzzle_info.h"
 #include "graphics/font.h"
-#include "puzzles/puzzle_info.h"
 
 #include <array>
 #include <span>

@@ -6,8 +6,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
+#include "core/puzzle_info.h"
 #include "puzzles/board.h"
-#include "puzzles/puzzle_info.h"
 
 #include <algorithm>
 #include <iterator>

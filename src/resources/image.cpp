@@ -6,10 +6,10 @@
 
 #include "core/log.h"
 #include "core/strings.h"
-#include "graphics/pixel.h"
-#include "graphics/wide.h"
 #include "resources/archive.h"
 #include "resources/file_reader.h"
+#include "resources/pixel.h"
+#include "resources/wide.h"
 #include "resources/xpm.h"
 
 #include <algorithm>
@@ -106,9 +106,7 @@ template <class P> static void add_row(run_table *table, const typename P::value
 
 template <class P> static bool build_table(run_table *table, const image *picture) {
     constexpr i32 row_extra = 2; // a leading run of nothing, the end of the row
-    rgb key;
-    color_key_get(&key);
-    const u32 key_pixel = P::from_rgb(key);
+    const u32 key_pixel = P::from_rgb(color_key);
     const auto *row = reinterpret_cast<const typename P::value *>(picture->pixels);
     for (i32 y = 0; y < picture->height; ++y, row += picture->width) {
         if (!reserve_runs(table, picture->width + row_extra))

@@ -5,7 +5,7 @@
 #include "resources/xpm.h"
 
 #include "core/strings.h"
-#include "graphics/pixel.h"
+#include "resources/pixel.h"
 
 #include <array>
 #include <bit>

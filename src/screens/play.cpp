@@ -6,6 +6,7 @@
 
 #include "core/app_state.h"
 #include "core/button.h"
+#include "core/puzzle_info.h"
 #include "core/screen_id.h"
 #include "core/settings.h"
 #include "core/strings.h"
@@ -19,7 +20,6 @@
 #include "puzzles/debug_actions.h"
 #include "puzzles/deck.h"
 #include "puzzles/placement.h"
-#include "puzzles/puzzle_info.h"
 #include "screens/common.h"
 #include "screens/dialog.h"
 #include "screens/title_pictures.h"

@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/score_log.h"
 
+#include "core/puzzle_info.h"
 #include "core/screen_id.h"
 #include "core/strings.h"
 #include "graphics/draw_list.h"
@@ -11,7 +12,6 @@
 #include "input/cursor.h"
 #include "input/input.h"
 #include "persist/best_times.h"
-#include "puzzles/puzzle_info.h"
 #include "screens/title_pictures.h"
 #include "sound/sound.h"
 #include "sprites/glyph_mover.h"

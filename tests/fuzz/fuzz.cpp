@@ -8,7 +8,7 @@
 #include "graphics/blit.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/glyphs.h"
-#include "graphics/pixel.h"
+#include "resources/pixel.h"
 
 #include <SDL.h>
 
@@ -36,11 +36,9 @@ screen *in_use = nullptr;
 // Runs of ink and of the colour key; a seed of 0 gives a picture without ink.
 image *patterned(i32 width, i32 height, u32 seed) {
     image *picture = image_create(width, height);
-    rgb key;
-    color_key_get(&key);
     for (i32 i = 0; i < width * height; ++i) {
         const bool ink = (static_cast<u32>(i) * seed >> 4) % 3 != 0;
-        const rgb colour = ink ? rgb{static_cast<u8>(i), static_cast<u8>(i >> 3), 1} : key;
+        const rgb colour = ink ? rgb{static_cast<u8>(i), static_cast<u8>(i >> 3), 1} : color_key;
         if (video_format.depth == pixel16::BITS)
             reinterpret_cast<u16 *>(picture->pixels)[i] = pixel16::from_rgb(colour);
         else

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "fuzz/fuzz.h"
 
-#include "graphics/pixel.h"
+#include "resources/pixel.h"
 #include "resources/xpm.h"
 
 static void check_runs(const image &picture) {

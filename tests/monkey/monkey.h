@@ -7,9 +7,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
+#include "core/puzzle_info.h"
 #include "core/screen_id.h"
 #include "core/types.h"
-#include "puzzles/puzzle_info.h"
 
 #include <string>
 

@@ -5,12 +5,12 @@
 #include "program/player.h"
 
 #include "core/app_state.h"
+#include "core/puzzle_info.h"
 #include "core/screen.h"
 #include "core/settings.h"
 #include "input/input.h"
 #include "persist/best_times.h"
 #include "puzzles/board.h"
-#include "puzzles/puzzle_info.h"
 #include "sprites/number_entry.h"
 #include "sprites/sprite.h"
 #include "support/recording.h"

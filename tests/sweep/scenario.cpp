@@ -3,10 +3,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/app_state.h"
+#include "core/puzzle_info.h"
 #include "core/screen.h"
 #include "puzzles/board.h"
 #include "puzzles/debug_actions.h"
-#include "puzzles/puzzle_info.h"
 #include "screens/dialog.h"
 #include "screens/play.h"
 #include "sprites/sprite.h"

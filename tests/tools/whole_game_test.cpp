@@ -3,11 +3,11 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "check.h"
+#include "core/puzzle_info.h"
 #include "picture.h"
 #include "program/player.h"
 #include "puzzles/board.h"
 #include "puzzles/cells.h"
-#include "puzzles/puzzle_info.h"
 #include "resources/archive.h"
 #include "screens/common.h"
 #include "sound/sound_bank.h"

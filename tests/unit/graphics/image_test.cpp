@@ -3,9 +3,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/blit.h"
-#include "graphics/pixel.h"
 #include "resources/archive.h"
 #include "resources/image.h"
+#include "resources/pixel.h"
 #include "support/archive_builder.h"
 #include "support/fake_sdl.h"
 

@@ -8,9 +8,9 @@
 #include "graphics/blit.h"
 #include "graphics/draw_ops.h"
 #include "graphics/frame_buffers.h"
-#include "graphics/pixel.h"
 #include "graphics/render.h"
 #include "graphics/video.h"
+#include "resources/pixel.h"
 #include "support/fake_sdl.h"
 #include "support/video_depth.h"
 
@@ -92,9 +92,7 @@ inline rgb pick_colour(std::mt19937 &dice) {
 }
 
 template <class Pixel> typename Pixel::value key_pixel() {
-    rgb key;
-    color_key_get(&key);
-    return Pixel::from_rgb(key);
+    return Pixel::from_rgb(color_key);
 }
 
 // A picture of random runs. The caller frees it.

@@ -6,9 +6,9 @@
 
 #include "core/log.h"
 #include "graphics/blit.h"
-#include "graphics/pixel.h"
 #include "input/cursor.h"
 #include "resources/archive.h"
+#include "resources/pixel.h"
 #include "support/archive_builder.h"
 #include "support/fake_sdl.h"
 #include "support/recording.h"

@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "core/puzzle_info.h"
 #include "persist/best_times.h"
-#include "puzzles/puzzle_info.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>

@@ -2,12 +2,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "core/puzzle_info.h"
 #include "core/settings.h"
 #include "puzzles/background.h"
 #include "puzzles/board_pictures.h"
 #include "puzzles/cells.h"
 #include "puzzles/placement.h"
-#include "puzzles/puzzle_info.h"
 #include "sound/sound.h"
 #include "sprites/effect.h"
 #include "unit/puzzles/table.h"

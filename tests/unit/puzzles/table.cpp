@@ -8,12 +8,12 @@
 #include "core/log.h"
 #include "core/settings.h"
 #include "graphics/blit.h"
-#include "graphics/pixel.h"
 #include "input/input.h"
 #include "puzzles/background.h"
 #include "puzzles/board_pictures.h"
 #include "puzzles/puzzle_type.h"
 #include "resources/archive.h"
+#include "resources/pixel.h"
 #include "sound/sound.h"
 #include "sprites/effect.h"
 

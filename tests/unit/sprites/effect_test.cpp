@@ -6,8 +6,8 @@
 
 #include "core/log.h"
 #include "graphics/blit.h"
-#include "graphics/pixel.h"
 #include "resources/archive.h"
+#include "resources/pixel.h"
 #include "support/archive_builder.h"
 #include "support/fake_sdl.h"
 #include "support/recording.h"

@@ -1,6 +1,6 @@
-// pixel.h: the two pixel formats of the screen and the colour key.
+// pixel.h: the two pixel formats of the screen, and so of every picture, and the colour key.
 //
-// The format is fixed by video_init at start-up and read-only afterwards, so any thread may ask.
+// Format and key are fixed at start-up, by video_init and blit_init, and read-only afterwards: any thread may ask.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -43,4 +43,4 @@ struct screen_format {
 inline screen_format video_format;
 
 // The transparent colour of every picture, #EA008A, as the screen's format gives it back. Set by blit_init.
-void color_key_get(rgb *key);
+inline rgb color_key = BLACK;
