@@ -22,7 +22,8 @@ void buffer_free(buffer *b) {
 
 static bool buffer_grow(buffer *b, i32 n) {
     const bool countable = n >= 0 && b->size <= std::numeric_limits<i32>::max() - n;
-    void *data = countable ? std::realloc(b->data, static_cast<std::size_t>(b->size + n)) : nullptr;
+    void *data =
+        countable ? std::realloc(b->data, static_cast<std::size_t>(b->size) + static_cast<std::size_t>(n)) : nullptr;
     if (data == nullptr) {
         log_error("buffer_add (): out of memory\n");
         return false;

@@ -14,7 +14,7 @@
 #include <iterator>
 
 static constexpr std::size_t PRINT_STEP = 2048;              // bytes a formatted string grows by
-static constexpr std::size_t PRINT_LIMIT = 2 * 1024 * 1024;  // bytes, the largest block tried
+static constexpr std::size_t PRINT_LIMIT = 2097152;          // 2 MiB, the largest block tried
 static constexpr int TM_YEAR_BASE = 1900, TM_MONTH_BASE = 1; // what struct tm leaves out
 static_assert(PRINT_LIMIT % PRINT_STEP == 0, "growth ends exactly at the limit");
 

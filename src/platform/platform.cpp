@@ -19,11 +19,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-static constexpr mode_t NEW_FILE_MODE = 0666;        // less the umask
-static constexpr mode_t ALL_PERMISSIONS = 07777;     // of a file's mode
-static constexpr std::size_t COPY_CHUNK = 16 * 1024; // bytes
-static constexpr char NEW_FILE_SUFFIX[] = ".new";    // of the file that takes an old one's place
-static constexpr int EXIT_NOT_FOUND = 127;           // what a shell would say
+static constexpr mode_t NEW_FILE_MODE = 0666;     // less the umask
+static constexpr mode_t ALL_PERMISSIONS = 07777;  // of a file's mode
+static constexpr std::size_t COPY_CHUNK = 16384;  // bytes
+static constexpr char NEW_FILE_SUFFIX[] = ".new"; // of the file that takes an old one's place
+static constexpr int EXIT_NOT_FOUND = 127;        // what a shell would say
 static constexpr unsigned NO_LAST_DESCRIPTOR = ~0U;
 
 // What a desktop may provide for opening a page, the best first. A null argument is left out.

@@ -217,6 +217,7 @@ i32 data_archive_current_size() {
 // Gives *text size + 1 zero bytes; false when memory is short (logged, block untouched).
 static bool resize_text(char **text, i32 size) {
     const std::size_t bytes = static_cast<std::size_t>(size) + 1;
+    // NOLINTNEXTLINE(clang-analyzer-optin.portability.UnixAPI): no entry has a size of -1
     auto *block = static_cast<char *>(std::realloc(*text, bytes));
     if (block == nullptr) {
         log_out_of_memory();

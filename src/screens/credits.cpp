@@ -38,16 +38,16 @@ enum credited : i32 { NOBODY = -1, DEVELOPERS = 0, DESIGNERS = 1 };
 constexpr const char *NAMES[] = {"The Tavimo developers", "The Tavimo designers"};
 
 struct credit_row {
-    i32 y;
     const char *role;
+    i32 y;
     credited person;
 };
 constexpr credit_row ROWS[] = {
-    {360, "Art", NOBODY},
-    {340, "Sound", NOBODY},
-    {320, "Programming", DEVELOPERS},
-    {280, "Art", NOBODY},
-    {260, "Concept / Design", DESIGNERS},
+    {"Art", 360, NOBODY},
+    {"Sound", 340, NOBODY},
+    {"Programming", 320, DEVELOPERS},
+    {"Art", 280, NOBODY},
+    {"Concept / Design", 260, DESIGNERS},
 };
 
 image *credits_pictures[PICTURE_COUNT];

@@ -94,7 +94,7 @@ void sound_play(i32 number) {
     if (!enabled || number < 0 || number >= SOUND_COUNT)
         return;
     if (requests.count == requests.capacity) {
-        const auto grown = static_cast<std::size_t>(requests.capacity + QUEUE_GROWTH);
+        const auto grown = static_cast<std::size_t>(requests.capacity) + QUEUE_GROWTH;
         auto *numbers = static_cast<i32 *>(std::realloc(requests.numbers, grown * sizeof(i32)));
         if (numbers == nullptr) {
             log_out_of_memory();
