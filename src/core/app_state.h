@@ -28,11 +28,12 @@ struct app_state {
 // The record; null before start-up has made it and after exit has freed it.
 inline app_state *app = nullptr;
 
+// Whether the flag is set; false while there is no record. Any thread.
 inline bool app_has(u32 flag) {
     return app != nullptr && (app->flags.load() & flag) != 0;
 }
 
 void app_state_set_name(app_state *state, const char *name); // copies it, sets APP_NAME_SET
-void app_state_select_puzzle(app_state *state, i32 index);
-void app_request_quit();     // the program ends after this frame
-void app_quit_to_web_page(); // likewise, and then opens the maker's web page
+void app_state_select_puzzle(app_state *state, i32 index);   // a puzzle type
+void app_request_quit();                                     // the program ends after this frame
+void app_quit_to_web_page();                                 // likewise, and then opens the maker's web page

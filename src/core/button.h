@@ -36,9 +36,11 @@ struct button {
 
 [[nodiscard]] button *button_create(); // null when out of memory (logged)
 void button_free(button *b);           // accepts null
+// One picture a look, and a label or null; the button then looks normal.
 void button_set_pictures(button *b, const image *normal, const image *hover, const image *pressed, const image *label);
 void button_set_state(button *b, i32 state); // a button_look; the size becomes that of its picture
-void button_set_callback(button *b, button_callback callback, std::intptr_t arg1, std::intptr_t arg2);
+void button_set_callback(button *b, button_callback callback, std::intptr_t arg1,
+                         std::intptr_t arg2); // runs on a press
 void button_draw(const button *b);            // erased in the next frame; a pixel lower and further right while pressed
 void button_draw_background(const button *b); // normal picture and label into the background
 void button_press(button *b);                 // click, pressed look, callback; ignored while pressed

@@ -46,6 +46,7 @@ constexpr i32 puzzle_master_time(i32 type, i32 k) {
 // The order in which the title and splash screens list the types.
 inline constexpr i32 PUZZLE_LIST_ORDER[PUZZLE_COUNT] = {0, 10, 2, 9, 1, 3, 4, 5, 6, 7, 8};
 
+// Whether each type is listed.
 constexpr bool puzzle_list_is_complete() {
     u32 listed = 0;
     for (const i32 type : PUZZLE_LIST_ORDER)

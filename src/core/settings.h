@@ -11,6 +11,7 @@ inline constexpr u32 SETTINGS_COMPLETED = 0x8; // a completion dialog has been c
 
 inline u32 settings = 0;
 
+// Whether bubbles show; the screen below then leaves the mouse to them.
 inline bool settings_help_showing() {
     return (settings & SETTINGS_HELP) != 0;
 }

@@ -53,10 +53,12 @@ struct screen_access {
     screen_access &operator=(const screen_access &) = delete;
 };
 
+// The first pixel of row y.
 inline u8 *frame_row(const frame_buffer &buffer, i32 y) {
     return buffer.pixels + static_cast<std::ptrdiff_t>(y) * buffer.pitch;
 }
 
+// Whether no pixel lies in it.
 constexpr bool rect_is_empty(const rect &area) {
     return area.w < 1 || area.h < 1;
 }

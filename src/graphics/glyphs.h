@@ -22,6 +22,7 @@ inline constexpr i32 GLYPH_UNCOLOURED = -1;
 inline constexpr i32 GLYPH_SLOTS = 256;
 inline glyph glyphs[GLYPH_SLOTS];
 
+// Whether the character has a glyph.
 inline bool glyph_exists(const glyph &g) {
     return g.working != nullptr;
 }

@@ -28,6 +28,7 @@ inline constinit thread_local u32 locks_held = 0;
 // Set while the render thread's loop runs. While it is clear there is one thread, and nobody needs a lock.
 inline std::atomic<bool> render_running{false};
 
+// Whether the calling thread holds it.
 inline bool lock_is_held(const lock &which) {
     return (locks_held & which.bit) != 0;
 }
@@ -37,12 +38,14 @@ inline void lock_assert([[maybe_unused]] const lock &which) {
     assert(lock_is_held(which) || !render_running.load());
 }
 
+// Waits for the lock. A thread that holds one may not take another.
 inline void lock_take(const lock &which) {
     assert(locks_held == 0);
     SDL_mutexP(which.mutex);
     locks_held |= which.bit;
 }
 
+// By the thread that holds it.
 inline void lock_release(const lock &which) {
     assert(lock_is_held(which));
     locks_held &= ~which.bit;

@@ -12,6 +12,7 @@
 // and areas do not, and the number drawn shifts all that follow.
 inline constexpr u8 PICTURE_NOISE_LOWEST = 1, AREA_NOISE_LOWEST = 2;
 
+// A random number below the limit, or 0 without a draw where the limit is below the lowest.
 inline u8 noise_channel(u8 limit, u8 lowest) {
     return limit >= lowest ? static_cast<u8>(std::rand() % limit) : u8{0};
 }

@@ -14,6 +14,7 @@ struct best_times_table {
 };
 extern best_times_table best_times;
 
+// False before best_times_create and after best_times_destroy.
 inline bool best_times_exist() {
     return best_times.players != nullptr;
 }

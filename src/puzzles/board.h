@@ -144,19 +144,22 @@ i32 board_master_rank(const board *b);
 void board_show_help(const board *b); // the type's help bubbles; nothing while bubbles show
 
 i32 board_add_button(board *b, button *added); // takes ownership; 1, or -1 when out of memory (the button is freed)
-void board_set_key(board *b, button *pressed, i32 key); // binds a key code; the board keeps borrowing the button
-void board_start_clock(board *b);
+void board_set_key(board *b, button *pressed, i32 key);       // binds a key code; the board keeps borrowing the button
+void board_start_clock(board *b);                             // it runs from now on
 void board_add_effect(board *b, effect *added, i32 x, i32 y); // takes ownership; null is ignored
 
 // What the return button does in every run from now on; null (the start value) for nothing. The screens set it.
 void board_set_return_action(button_callback action);
 
+// Whether a puzzle type is loaded, with all its pictures.
 inline bool board_loaded(const board *b) {
     return b->type != BOARD_NO_TYPE;
 }
+// Whether any of these flags of the run is set.
 inline bool board_is(const board *b, u32 state_flags) {
     return (b->state & state_flags) != 0;
 }
+// Whether the loaded type has the feature.
 inline bool board_has(const board *b, u32 feature) {
     return (b->features & feature) != 0;
 }

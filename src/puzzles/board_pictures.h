@@ -24,9 +24,9 @@ struct picture_row {
     picture_slots (*slots)(board *b);
 };
 
-std::span<const picture_row> board_picture_rows();
+std::span<const picture_row> board_picture_rows(); // in the order in which they are loaded
 
-bool picture_row_applies(const picture_row &row, const board *b);
+bool picture_row_applies(const picture_row &row, const board *b); // whether the board's type has these pictures
 
 // The row's slots, with the block allocated where there is one; first is null when out of memory (logged).
 picture_slots picture_row_prepare(const picture_row &row, board *b);

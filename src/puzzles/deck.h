@@ -19,6 +19,6 @@ void board_deck_next(button *pressed, std::intptr_t board_address, std::intptr_t
 void board_take_top_card(board *b, i32 mx, i32 my);                                // a click on no piece and no button
 void board_lock_deck(board *b, i32 frames);                                        // hides the cards' faces
 
-void board_update_deck(board *b); // one frame of the turning, and of the top card's piece
-void board_draw_deck(const board *b);
+void board_update_deck(board *b);     // one frame of the turning, and of the top card's piece
+void board_draw_deck(const board *b); // stack, cards and what is on them
 void board_draw_card_text(const board *b, i32 x, i32 y, const char *text); // x, y: the card's corner

@@ -40,4 +40,4 @@ struct xpm {
 // Decodes the rows that follow into width x height pixels of the screen's format, rows without padding.
 [[nodiscard]] bool xpm_read_pixels(xpm *picture, void *pixels);
 
-void xpm_close(xpm *picture);
+void xpm_close(xpm *picture); // frees the palette

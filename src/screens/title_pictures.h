@@ -22,10 +22,11 @@ enum title_picture : i32 {
 };
 
 [[nodiscard]] i32 title_pictures_load(); // 1, or -1 when one cannot be loaded
-void title_pictures_free();
+void title_pictures_free();              // safe when none was loaded
 
 const image *title_image(i32 place); // any of the set; null before the set is loaded
 
+// One of the set by what it shows; a type is a puzzle type, a state a button_look.
 inline const image *title_image_background() {
     return title_image(TITLE_BACKGROUND);
 }

@@ -5,4 +5,4 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-void title_wipe_to_study();
+void title_wipe_to_study(); // returns when the last step has been shown

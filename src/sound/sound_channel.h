@@ -41,6 +41,7 @@ struct sound_channel {
     ptr_array<pcm_chunk> chunks; // oldest first; owned
 };
 
+// Whether it plays; a channel that does not is free.
 inline bool sound_channel_active(const sound_channel *channel) {
     return (channel->flags & CHANNEL_ACTIVE) != 0;
 }
