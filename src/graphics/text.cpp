@@ -9,10 +9,10 @@
 #include <algorithm>
 #include <cstring>
 
-static constexpr i32 GLYPH_GAP = 1;     // pixels between two glyphs
-static constexpr i32 BOX_MARGIN = 2;    // pixels from the text to the edge of its box
-static constexpr i32 FAR = 1 << 20;     // pixels, wider than any line; keeps sums of widths in their range
-static constexpr i32 ERASE_OVERLAP = 1; // rows that erasing reaches below the text or its box
+static constexpr i32 GLYPH_GAP = 1;        // pixels between two glyphs
+static constexpr i32 BOX_MARGIN = 2;       // pixels from the text to the edge of its box
+static constexpr i32 ERASE_OVERLAP = 1;    // rows that erasing reaches below the text or its box
+static constexpr i32 LINE_LIMIT = 1 << 20; // pixels, wider than any line; bounds what wrapping carries on
 static constexpr u32 TEXT_BOXED = TEXT_DARKEN | TEXT_DARKEN_TWICE | TEXT_BLACK_BOX;
 static constexpr u32 TEXT_MEASURED = TEXT_CENTER_X | TEXT_CENTER_Y | TEXT_BOXED | TEXT_TRANSIENT;
 
@@ -56,7 +56,7 @@ void text_wrap(char *text, i32 max_width) {
             line_at_space = line;
         }
         if (line > max_width) {
-            line = std::clamp(line - line_at_space, -FAR, FAR);
+            line = std::clamp(line - line_at_space, -LINE_LIMIT, LINE_LIMIT);
             if (space != nullptr)
                 *space = '\n';
             space = nullptr;
@@ -64,6 +64,7 @@ void text_wrap(char *text, i32 max_width) {
     }
 }
 
+// A black box begins at the text itself, without the margin that a darkened one has on its left.
 static void draw_box(const rect &box, i32 text_x, u32 flags) {
     if ((flags & (TEXT_DARKEN | TEXT_DARKEN_TWICE)) != 0)
         draw_darken(box);

@@ -152,8 +152,9 @@ void sound_update() {
     if (!enabled)
         return;
     const audio_lock guards_channels;
-    for (i32 i = 0; i < requests.count && start(requests.numbers[i]); ++i) {
-    }
+    for (i32 i = 0; i < requests.count; ++i)
+        if (!start(requests.numbers[i]))
+            break; // what was asked for later is dropped, too
     requests.count = 0;
     for (sound_channel &channel : mixer.channels)
         if (sound_channel_active(&channel))

@@ -48,7 +48,7 @@ struct sprite {
     i32 home_x, home_y;                                       // where sprite_send_home and the vanish timer take it
     i32 anchor_x, anchor_y;                                   // rest position of the deck logic
     i32 answer;                                               // number that answers the problem (keypad puzzles)
-    i32 col, row;                                             // a cell's place in the grid
+    i32 col, row;                                             // a cell's place in the grid, a free piece's where it lay
     i32 target_col, target_row;                               // a piece's cell
     i32 tab_top, sock_right, sock_bottom, tab_left;           // places of the edge features along their edges, pixels
     i32 ext_top, ext_right, ext_bottom, ext_left;             // depths of the edge features, pixels
