@@ -29,7 +29,8 @@ struct open_archive {
 static std::string text_of(const char *name) {
     char *text = nullptr;
     const i32 n = data_archive_read_text(&text, name);
-    const std::string result = n < 0 ? "(" + std::to_string(n) + ")" : std::string(text, static_cast<std::size_t>(n));
+    const std::string result =
+        n < 0 ? std::string("(").append(std::to_string(n)) + ")" : std::string(text, static_cast<std::size_t>(n));
     EXPECT_TRUE(n < 0 || text[n] == '\0');
     std::free(text);
     return result;

@@ -95,14 +95,14 @@ std::string recorded(const draw_block &list) {
     for (const u8 *at = list.bytes; at != list.bytes + list.length; at += 1 + DRAW_COMMANDS[*at].size) {
         i32 n[4];
         std::memcpy(n, at + 1, sizeof n);
-        const auto number = [&](i32 i) { return " " + std::to_string(n[i]); };
+        const auto number = [&](i32 i) { return std::string(" ").append(std::to_string(n[i])); };
         if (*at == DRAW_TEXT)
             text += std::string("T") + static_cast<char>(n[2]) + number(0) + number(1) + ";";
         else
-            text += (*at == DRAW_DARKEN ? "D"
-                     : *at == DRAW_FILL ? "F"
-                                        : "R") +
-                    number(0) + number(1) + number(2) + number(3) + ";";
+            text += std::string(*at == DRAW_DARKEN ? "D"
+                                : *at == DRAW_FILL ? "F"
+                                                   : "R")
+                        .append(number(0) + number(1) + number(2) + number(3) + ";");
     }
     return text;
 }
