@@ -73,7 +73,7 @@ void say_what_became_of_memory() {
     fake_mouse_move(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2);
     fake_time_start(1);
     if (depth != USUAL_DEPTH)
-        fake_video_refuse([](int bits, u32) { return bits == USUAL_DEPTH; });
+        fake_video.refuse = [](int bits, u32) { return bits == USUAL_DEPTH; };
     std::atexit(say_what_became_of_memory); // after the program's own handler, which comes later
     script_runs = true;
     std::thread(run_script, player).detach();
@@ -200,7 +200,7 @@ constexpr int SPLASH_GO_Y = 495;  // continue, quit
 constexpr int SPLASH_REVEAL = 40; // frames, more than the reveal takes
 constexpr int SLIDE = 20;         // frames, more than a picture slide takes
 constexpr int ENTRANCE = 40;      // frames, more than a dialog's entrance takes
-constexpr int TITLE_EXIT = 1, TITLE_STUDY = 6, STUDY_PLAY = 2;
+constexpr int TITLE_EXIT = 1, TITLE_CREDITS = 3, TITLE_STUDY = 6, STUDY_PLAY = 2;
 constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
 constexpr int HELP_DEAF = 12; // frames until bubbles take clicks
 
@@ -266,6 +266,16 @@ void select_puzzle(int list_position) {
     wait_frames(SLIDE);
 }
 
+void visit_credits() {
+    click_column(TITLE_CREDITS);
+    until_screen(SCREEN_CREDITS);
+    wait_frames(10);
+    press(SDLK_SPACE); // shows all at once
+    press(SDLK_SPACE);
+    until_screen(SCREEN_TITLE);
+    wait_frames(2);
+}
+
 void leave_run() {
     press(SDLK_ESCAPE);
     until_screen(SCREEN_DIALOG);
@@ -326,6 +336,20 @@ void place_piece(sprite *piece) {
     check(board_piece_at(the_board(), x, y) == piece, "the piece can be taken where it lies");
     mouse_down_at(x, y);
     carry_to_cell(piece);
+}
+
+void until_deck_rests() {
+    until("the deck rests", [] { return !board_is(the_board(), BOARD_DECK_MOVING); });
+}
+
+void press_keypad(int place) {
+    const button *key = the_board()->buttons->items[CONSOLE_BUTTONS + place];
+    click(key->x + key->width / 2, key->y + key->height / 2);
+}
+
+void type_on_keypad(int number) {
+    for (const char digit : std::to_string(number))
+        press_keypad(digit == '0' ? KEYPAD_DELETE + 1 : digit - '1');
 }
 
 void finish_dialog_and_score_log() {

@@ -61,6 +61,7 @@ void select_puzzle(int list_position); // on the title screen, until its picture
 void study_selected();                 // to the study screen
 void start_playing(const char *name);  // from the study screen through the name dialog; null keeps the name
 void close_help();                     // the bubbles one by one, each checked to stand whole on the screen
+void visit_credits();                  // from the title screen and back
 void leave_run();                      // by Escape and "yes", back to the title screen
 void finish_dialog_and_score_log();    // from the completion dialog to the title screen
 void leave_program();                  // from the title screen, through the exit dialog and the closing splash
@@ -68,6 +69,11 @@ void leave_program();                  // from the title screen, through the exi
 sprite *loose_piece(int skip = 0); // the first piece that is not fixed yet, after skipping some; null for none
 void place_piece(sprite *piece);   // by dragging it from where it lies into the cell that asks for it
 void carry_to_cell(sprite *piece); // moves the mouse, which holds the piece, to that cell and lets go
+
+inline constexpr int KEYPAD_DELETE = 9, KEYPAD_ENTER = 11; // places on the keypad
+void until_deck_rests();
+void press_keypad(int place);
+void type_on_keypad(int number);
 
 board *the_board();
 

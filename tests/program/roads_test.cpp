@@ -13,6 +13,7 @@
 #include "puzzles/board.h"
 #include "sprites/number_entry.h"
 #include "sprites/sprite.h"
+#include "support/fake_sdl.h"
 #include "support/recording.h"
 
 #include <SDL.h>
@@ -20,14 +21,12 @@
 
 #include <algorithm>
 #include <cstring>
+#include <ctime>
 
 namespace {
 
 constexpr int KEY_HELP = 3, KEY_CLEAR = 4, KEY_FILL = 5; // on the study screen
-constexpr int FIRST_KEY = 2;                             // the keypad's keys come after the two console buttons
-constexpr int ENTER_KEY = 11;                            // the last of the keys
-constexpr int DELETE_KEY = 9;
-constexpr int FREE_X = 40, FREE_Y = 300; // no board reaches so far left
+constexpr int FREE_X = 40, FREE_Y = 300;                 // no board reaches so far left
 
 int list_position(int type) {
     return static_cast<int>(std::find(PUZZLE_LIST_ORDER, PUZZLE_LIST_ORDER + PUZZLE_COUNT, type) - PUZZLE_LIST_ORDER);
@@ -90,6 +89,33 @@ void study_shows_hides_and_fills() {
     check(shown() == b->pieces->count && in_cell(), "fill shows all, one that was flying in too");
 }
 
+bool is_under_mouse(const sprite *piece) {
+    return inside({mouse_x, mouse_y, 1, 1}, {piece->x, piece->y, piece->w + 1, piece->h + 1});
+}
+
+// The mouse may be faster than the frames.
+void piece_that_the_mouse_has_left_is_not_taken() {
+    const sprite *piece = loose_piece();
+    const auto hover = [piece] { move_mouse(piece->x + piece->w / 2, piece->y + piece->h / 2); };
+    hover();
+    fake_mouse_move(1, 1);
+    mouse_down_at(1, 1);
+    check(!has_any(piece, SPRITE_HELD), "a press elsewhere does not take the piece");
+    mouse_up();
+    hover();
+    click(the_board()->button_x[0] + 5, the_board()->button_y[0] + 5); // the help button
+    check(settings_help_showing(), "the help shows");
+    hover();
+    fake_mouse_button(SDL_BUTTON_LEFT, true);
+    for (int i = 0; settings_help_showing(); ++i) {
+        check(i < 200, "the keys end the help");
+        press(SDLK_F1);
+        move_mouse(1, 1);
+    }
+    check(!has_any(piece, SPRITE_HELD), "nor does the end of the help, with the button still held");
+    mouse_up();
+}
+
 // Dropped beside its cell a piece stays; when another is taken it travels home.
 void wrong_drop_goes_home() {
     sprite *piece = loose_piece();
@@ -122,10 +148,6 @@ void leave_and_return() {
     check(the_board()->placed == 1 && !has_any(hovered, SPRITE_PULSE), "the same run goes on");
 }
 
-void until_deck_rests() {
-    until("the deck rests", [] { return !board_is(the_board(), BOARD_DECK_MOVING); });
-}
-
 // Holds the mouse on the top card until its piece has come off it.
 sprite *take_top_card() {
     const board *b = the_board();
@@ -133,7 +155,10 @@ sprite *take_top_card() {
     sprite *piece = b->slot[0];
     check(piece != nullptr, "a card lies on the deck");
     mouse_down_at(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
-    wait_frames(3);
+    for (const int way : {0, 100, 100}) { // in the second frame the piece is taken
+        move_mouse(mouse_x, mouse_y - way);
+        check(is_under_mouse(piece), "the piece is under the mouse");
+    }
     check(!has_any(piece, SPRITE_INERT | SPRITE_HIDDEN), "the piece comes off its card");
     return piece;
 }
@@ -162,16 +187,6 @@ void drop_the_last_piece_beside_its_cell(const sprite *piece) {
     mouse_down_at(FREE_X, FREE_Y);
 }
 
-void press_key(int index) {
-    const button *key = the_board()->buttons->items[FIRST_KEY + index];
-    click(key->x + key->width / 2, key->y + key->height / 2);
-}
-
-void type_number(int number) {
-    for (const char digit : std::to_string(number))
-        press_key(digit == '0' ? DELETE_KEY + 1 : digit - '1');
-}
-
 int asked_on(const sprite *card) {
     return std::atoi(card->label_text) * std::atoi(std::strchr(card->label_text, 'x') + 1);
 }
@@ -179,13 +194,13 @@ int asked_on(const sprite *card) {
 void answer_wrongly() {
     const board *b = the_board();
     const sprite *piece = b->slot[0];
-    type_number(asked_on(piece) == 1 ? 2 : 1);
-    press_key(ENTER_KEY);
+    type_on_keypad(asked_on(piece) == 1 ? 2 : 1);
+    press_keypad(KEYPAD_ENTER);
     press(SDLK_SPACE); // ignored while an answer is being judged
     until("the wrong digits are gone", [b] { return std::strlen(b->entry->text) == 0 && b->entry->flags == 0; });
     check(b->slot[0] == piece, "the same problem stays on the card");
-    type_number(987);
-    press_key(DELETE_KEY);
+    type_on_keypad(987);
+    press_keypad(KEYPAD_DELETE);
     check(number_entry_value(b->entry) == 98, "delete takes the last digit");
     press(SDLK_SPACE);
     until_deck_rests();
@@ -222,8 +237,8 @@ void play_keypad() {
         if (placed == 1)
             answer_wrongly();
         sprite *piece = b->slot[0];
-        type_number(asked_on(piece));
-        press_key(ENTER_KEY);
+        type_on_keypad(asked_on(piece));
+        press_keypad(KEYPAD_ENTER);
         until("the piece has grown out of its card",
               [piece] { return !has_any(piece, SPRITE_INERT | SPRITE_HIDDEN | SPRITE_GROW); });
         place_piece(piece);
@@ -231,6 +246,7 @@ void play_keypad() {
 }
 
 void play_loose_pieces() {
+    piece_that_the_mouse_has_left_is_not_taken();
     wrong_drop_goes_home();
     leave_and_return();
     for (sprite *piece = loose_piece(); piece != nullptr; piece = loose_piece())
@@ -267,6 +283,10 @@ void check_run(int type) {
     const puzzle_scores *scores = best_times_for_puzzle(type);
     check(scores->log->count == 1, "one run in the log");
     check(std::string(scores->log->items[0]->name) == "ann", "her name in the log");
+    char month[sizeof "2004-03"];
+    const std::time_t now = std::time(nullptr);
+    std::strftime(month, sizeof month, "%Y-%m", std::localtime(&now));
+    check(std::string(scores->log->items[0]->date).starts_with(month), "the month in the log");
 }
 
 // Pairs of unlike types, so that each meets what another one left behind.

@@ -15,17 +15,8 @@
 
 namespace {
 
-constexpr int BACK = 1, HELP = 2, CREDITS = 3, NAME = 4, SCORES = 5; // of the column, from the bottom
-constexpr int FACTORS = 8, FRACTIONS = 7;                            // the types at the end of the list
-
-void visit_credits() {
-    click_column(CREDITS);
-    until_screen(SCREEN_CREDITS);
-    wait_frames(10);
-    press(SDLK_SPACE); // shows all at once
-    press(SDLK_SPACE);
-    until_screen(SCREEN_TITLE);
-}
+constexpr int BACK = 1, HELP = 2, NAME = 4, SCORES = 5; // of the column, from the bottom
+constexpr int FACTORS = 8, FRACTIONS = 7;               // the types at the end of the list
 
 // What the player is called after these keys in the name dialog.
 std::string named_by(const std::function<void()> &keys) {

@@ -24,15 +24,6 @@ int __real_rand();
 void *__real_malloc(std::size_t size);
 void *__real_calloc(std::size_t count, std::size_t size);
 void *__real_realloc(void *block, std::size_t size);
-
-Uint8 *__wrap_SDL_GetKeyState(int *count);
-Uint8 __wrap_SDL_GetMouseState(int *x, int *y);
-Uint32 __wrap_SDL_GetTicks();
-void __wrap_SDL_Delay(Uint32 span);
-int __wrap_rand();
-void *__wrap_malloc(std::size_t size);
-void *__wrap_calloc(std::size_t count, std::size_t size);
-void *__wrap_realloc(void *block, std::size_t size);
 }
 
 namespace {
@@ -134,10 +125,6 @@ void fake_time_advance(u32 span) {
     virtual_clock.now += span;
 }
 
-u32 fake_time_now() {
-    return virtual_clock.now;
-}
-
 void fake_dice(std::initializer_list<int> values) {
     const std::scoped_lock hold(dice.lock);
     dice.values = values;
@@ -156,6 +143,8 @@ void fake_fail_allocation(int k, bool also_later) {
 int fake_allocations() {
     return failure.count;
 }
+
+extern "C" {
 
 Uint8 *__wrap_SDL_GetKeyState(int *count) {
     if (!input.on)
@@ -213,3 +202,5 @@ void *__wrap_calloc(std::size_t count, std::size_t size) {
 void *__wrap_realloc(void *block, std::size_t size) {
     return allocation_fails() ? nullptr : __real_realloc(block, size);
 }
+
+} // extern "C"

@@ -39,7 +39,6 @@ inline constexpr int FAKE_KEY_LIMIT = 1024;
 
 void fake_time_start(u32 now); // from now on only this thread's SDL_Delay and fake_time_advance move the clock
 void fake_time_advance(u32 span);
-u32 fake_time_now();
 
 // --- Dice ------------------------------------------------------------------------------------------------
 

@@ -92,8 +92,12 @@ inline std::string line_of(u8 id, const u8 *at, const picture_names &names) {
         return "restore saved" + text_of(operands_at<slot_operands>(at).slot);
     case DRAW_LINE:
         return "line" + text_of(operands_at<rect>(at)) + text_of(operands_at<line_operands>(at).dirty);
-    case DRAW_TEXT:
-        return "letter" + text_of(operands_at<text_operands>(at).slot, operands_at<text_operands>(at).red);
+    case DRAW_FILL:
+        return "fill" + text_of(operands_at<fill_operands>(at).area);
+    case DRAW_TEXT: {
+        const auto op = operands_at<text_operands>(at);
+        return std::string("letter ") + static_cast<char>(op.slot) + text_of(op.x, op.y, op.red);
+    }
     default:
         return "command " + std::to_string(id);
     }

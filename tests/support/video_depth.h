@@ -1,7 +1,7 @@
 // video_depth.h: choosing the screen's depth and pitch, failing surface locks, and seeing what is shown.
 //
 // The linker sends SDL_SetVideoMode, SDL_LockSurface, SDL_UnlockSurface and SDL_UpdateRects of everything linked
-// statically through here. Each passes through until a test switches it on.
+// statically through here. Each passes through until a test says otherwise.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -13,21 +13,24 @@
 
 #include <vector>
 
-void fake_video_reset(); // everything passes through; frees the surface of fake_video_pitch
-
-void fake_video_refuse(bool (*refuse)(int bits, u32 flags)); // modes that cannot be set; null for none
-
-// Modes give a surface whose rows are this many pixels longer than the window, and that must be locked.
-void fake_video_pitch(int extra_pixels);
-void fake_video_fail_lock(bool on); // of such a surface
-int fake_video_locks();             // locks now open on it
-
 struct video_mode {
     int bits;
     u32 flags;
     bool operator==(const video_mode &) const = default;
 };
-std::vector<video_mode> fake_video_modes(); // asked for since the reset
 
-void fake_video_watch_updates();                         // from now on SDL_UpdateRects is written down
-std::vector<std::vector<SDL_Rect>> fake_video_updates(); // the rectangles of each call
+struct fake_video_state {
+    // What a test sets.
+    bool (*refuse)(int bits, u32 flags) = nullptr; // modes that cannot be set
+    int extra_pixels = 0;   // modes give a surface whose rows are so much longer than the window, and must be locked
+    bool fail_lock = false; // of such a surface
+    bool watching = false;  // updates are written down; only without a render thread
+    // What it learns.
+    int locks = 0; // open on such a surface
+    std::vector<video_mode> modes;
+    std::vector<std::vector<SDL_Rect>> updates; // the rectangles of each call
+    SDL_Surface *surface = nullptr;             // owned; of the longer rows
+};
+inline fake_video_state fake_video;
+
+void fake_video_reset(); // everything passes through

@@ -60,10 +60,8 @@ void wrap_sound_play(i32 number) {
 
 namespace {
 
-constexpr int BACK_X = 720, BACK_Y = 579, CREDITS_Y = 507;
+constexpr int BACK_X = 720, BACK_Y = 579;
 constexpr int COIN_POSITION = 3, KEYPAD_POSITION = 4; // in the list of puzzles
-constexpr int FIRST_KEY = 2;                          // the keypad's keys come after the two console buttons
-constexpr int ZERO_KEY = 10, ENTER_KEY = 11;
 
 void study_every_puzzle() {
     for (int position = 0; position < PUZZLE_COUNT; ++position) {
@@ -80,26 +78,18 @@ void study_every_puzzle() {
     }
 }
 
-void answer(const std::string &digits) {
-    const auto push = [](int key) {
-        const button *typed = the_board()->buttons->items[FIRST_KEY + key];
-        click(typed->x + typed->width / 2, typed->y + typed->height / 2);
-    };
-    for (const char digit : digits)
-        push(digit == '0' ? ZERO_KEY : digit - '1');
-    push(ENTER_KEY);
-    wait_frames(100);
-}
-
 void answer_wrongly_then_rightly() {
     select_puzzle(KEYPAD_POSITION);
     study_selected();
     start_playing("ann");
     close_help();
     press(SDLK_SPACE);
-    until("the deck rests", [] { return !board_is(the_board(), BOARD_DECK_MOVING); });
-    answer("999");
-    answer(std::to_string(the_board()->slot[0]->answer));
+    until_deck_rests();
+    for (const bool rightly : {false, true}) {
+        type_on_keypad(rightly ? the_board()->slot[0]->answer : 999);
+        press_keypad(KEYPAD_ENTER);
+        wait_frames(100);
+    }
     leave_run();
 }
 
@@ -118,16 +108,6 @@ void sort_coins_to_the_end() {
     finish_dialog_and_score_log();
 }
 
-void look_at_the_credits() {
-    click(BACK_X, CREDITS_Y);
-    until_screen(SCREEN_CREDITS);
-    press(SDLK_SPACE); // up at once
-    wait_frames(2);
-    press(SDLK_SPACE); // and back
-    until_screen(SCREEN_TITLE);
-    wait_frames(2);
-}
-
 TEST(entries, are_what_the_program_asks_for) {
     const game_folder folder;
     const std::filesystem::path names = folder.file("names");
@@ -135,7 +115,7 @@ TEST(entries, are_what_the_program_asks_for) {
     const game_result result = play_game(folder, 16, [] {
         leave_splash();
         study_every_puzzle();
-        look_at_the_credits();
+        visit_credits();
         answer_wrongly_then_rightly();
         sort_coins_to_the_end();
         leave_program();

@@ -18,7 +18,9 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <random>
+#include <string_view>
 #include <vector>
 
 inline bool refuse_16_bits(int bits, u32) {
@@ -34,15 +36,15 @@ struct stage {
         log_set_mode(0);
         EXPECT_EQ(SDL_Init(SDL_INIT_VIDEO), 0);
         fake_video_reset();
-        fake_video_pitch(extra_pitch);
-        fake_video_refuse(bits == pixel16::BITS ? nullptr : refuse_16_bits);
+        fake_video.extra_pixels = extra_pitch;
+        fake_video.refuse = bits == pixel16::BITS ? nullptr : refuse_16_bits;
         EXPECT_TRUE(video_init() == 1 && prim_init() == 1 && blit_init() == 1 && video_format.depth == bits);
         screen_fill(WHOLE_SCREEN, BLACK); // a new mode may show anything
         render_pass();
     }
     ~stage() {
         video_shutdown();
-        EXPECT_EQ(fake_video_locks(), 0);
+        EXPECT_EQ(fake_video.locks, 0);
         fake_video_reset();
         SDL_Quit();
         log_set_mode(LOG_STDERR);
@@ -69,7 +71,7 @@ template <class Pixel> std::vector<typename Pixel::value> pixels_of(const frame_
     return copy;
 }
 
-// What SDL shows, asked from SDL, so that rows of a wrong length are seen.
+// As SDL itself sees it, so that rows of a wrong length are noticed.
 inline frame_buffer surface_buffer() {
     const SDL_Surface *surface = frames.surface;
     return {static_cast<u8 *>(surface->pixels), surface->pitch, surface->w, surface->h};
@@ -113,4 +115,61 @@ template <class Pixel> void scatter(std::mt19937 &dice) {
     for (const frame_buffer &buffer : {surface_buffer(), frames.background})
         for (i32 i = 0; i < buffer.width * buffer.height; ++i)
             pixels_at<Pixel>(buffer, i / buffer.width)[i % buffer.width] = dice() & Pixel::RGB_MASK;
+}
+
+// Of the screen, the background, the slots and the dice.
+inline std::size_t hash_of_all() {
+    auto hash = static_cast<std::size_t>(fake_dice_drawn());
+    const auto add = [&](const u8 *bytes, i32 pixels) {
+        const auto size = static_cast<std::size_t>(pixels * video_format.bytes_per_pixel);
+        hash = hash * 31 + std::hash<std::string_view>{}({reinterpret_cast<const char *>(bytes), size});
+    };
+    for (const frame_buffer &buffer : {surface_buffer(), frames.background})
+        for (i32 y = 0; y < buffer.height; ++y)
+            add(frame_row(buffer, y), SCREEN_WIDTH);
+    for (const save_slot &slot : frames.slots)
+        if (slot.area.x != SLOT_EMPTY)
+            add(slot.pixels, slot.area.w * slot.area.h);
+    return hash;
+}
+
+// Records one random command near the window's corner, if not told otherwise of those that change only the screen.
+inline void record_any(std::mt19937 &dice, const image *picture, bool reaches_further) {
+    const rect area = {pick(dice, -9, 60), pick(dice, -9, 40), pick(dice, 1, 50), pick(dice, 1, 50)};
+    const i32 x = pick(dice, -20, 60), y = pick(dice, -20, 40), slot = pick(dice, 0, 1);
+    const rgb colour = pick_colour(dice);
+    switch (pick(dice, 0, reaches_further ? 15 : 10)) {
+    case 0:
+        return draw_image(picture, x, y, slot == 0);
+    case 1:
+        return draw_restore(area);
+    case 2:
+        return draw_restore_next(area);
+    case 3:
+        return draw_fill(area, colour, slot == 0);
+    case 4:
+        return draw_image_ex(picture, x, y, slot == 0 ? BLIT_HALF : BLIT_TINT | BLIT_NO_DIRTY, colour);
+    case 5:
+        return draw_darken(area);
+    case 6:
+        return draw_save(area, slot);
+    case 7:
+        return draw_restore_saved(slot);
+    case 8:
+        return draw_line(x, y, y, x, colour, true);
+    case 9:
+        return draw_image_clipped(picture, x, y, area);
+    case 10:
+        return draw_frame(area, colour, true);
+    case 11:
+        return draw_store_bg(area);
+    case 12:
+        return draw_image_bg(picture, x, y);
+    case 13:
+        return draw_darken_bg(area);
+    case 14:
+        return draw_record<DRAW_NOISE_BG>({area, WHITE, 0});
+    default:
+        return draw_image_ex(picture, x, y, BLIT_NOISE, colour);
+    }
 }

@@ -1,0 +1,296 @@
+// persist_test.cpp: Master places, logs and players, the two files that keep them and the name, and what becomes of
+// damaged files and failed saves.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/app_state.h"
+#include "core/puzzle_info.h"
+#include "core/settings.h"
+#include "persist/best_times.h"
+#include "persist/prefs.h"
+#include "support/fake_sdl.h"
+#include "support/stored_files.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <cstdlib>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string masters(i32 puzzle) {
+    std::string text;
+    const puzzle_scores *scores = best_times_for_puzzle(puzzle);
+    for (i32 k = 0; k < MASTER_PLACES; ++k)
+        text += std::string(scores->master_name[k] != nullptr ? scores->master_name[k] : "-") + " " +
+                std::to_string(scores->master_time[k]) + ";";
+    return text;
+}
+
+// Everything in the table but the players, whom only player_find shows.
+std::string whole_table() {
+    std::string text;
+    for (i32 puzzle = 0; puzzle < PUZZLE_COUNT; ++puzzle) {
+        text += masters(puzzle) + "|";
+        for (const score_entry *run : each(best_times_for_puzzle(puzzle)->log))
+            text += std::string(run->date) + " " + run->name + " " + std::to_string(run->seconds) + ";";
+    }
+    return text;
+}
+
+file_bytes first_of(const file_bytes &bytes, std::size_t size) {
+    return {bytes.data(), bytes.data() + size};
+}
+
+// Lets no file grow beyond so many bytes.
+struct full_disk {
+    rlimit usual{};
+    explicit full_disk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &usual);
+        const rlimit small = {bytes, usual.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~full_disk() { setrlimit(RLIMIT_FSIZE, &usual); }
+};
+
+struct persist_test : testing::Test {
+    const fake_scope fakes;
+    const temp_game game;
+    app_state state = {};
+
+    persist_test() {
+        app = &state;
+        EXPECT_EQ(best_times_create(), 1);
+        game.log_to_file();
+    }
+    ~persist_test() override {
+        best_times_destroy();
+        std::free(state.player_name);
+        app = nullptr;
+        settings = 0;
+    }
+    file_bytes stored(const char *name) const { return read_file(game.data(name)); }
+
+    // Loads these bytes into a new table, with nothing kept of an older file.
+    void load_scores(const file_bytes &bytes) {
+        fs::remove(game.data("scores.bad"));
+        write_file(game.data("scores"), bytes);
+        best_times_destroy();
+        ASSERT_EQ(best_times_create(), 1);
+        EXPECT_EQ(best_times_load(), 1);
+    }
+    // Forgets everything, reads the file, and says what came of it: result, name (or -), completion flag.
+    std::string load_prefs() {
+        std::free(state.player_name);
+        state.player_name = nullptr;
+        state.flags = 0;
+        settings = SETTINGS_HELP;
+        const std::string result = std::to_string(prefs_load());
+        const std::string name = app_has(APP_NAME_SET) ? state.player_name : "-";
+        return result + " " + name + (settings == (SETTINGS_COMPLETED | SETTINGS_HELP) ? " 1" : " 0");
+    }
+};
+
+TEST_F(persist_test, runs_take_master_places_and_the_twenty_newest_are_logged) {
+    EXPECT_EQ(best_times_load(), -1) << "there is no file: the defaults";
+    EXPECT_EQ(masters(8), "The Master 420;Master 2 585;Master 3 750;");
+    for (const auto &[seconds, after] : {std::pair{150, "The Master 150;New 150;Master 2 240;"}, // a tie comes after
+                                         {149, "New 149;The Master 150;New 150;"},
+                                         {151, "New 149;The Master 150;New 150;"}}) {
+        best_times_record(0, "New", seconds);
+        EXPECT_EQ(masters(0), after) << seconds;
+    }
+    best_times_for_puzzle(1)->master_time[1] = 0; // a free place takes any time
+    best_times_record(1, "New", 5000);
+    EXPECT_EQ(masters(1), "The Master 165;New 5000;Master 2 0;");
+    best_times_record(-1, "New", 1);
+    best_times_record(PUZZLE_COUNT, "New", 1);
+    for (i32 seconds = 1000; seconds < 1025; ++seconds)
+        best_times_record(3, "Ann", seconds);
+    const ptr_array<score_entry> *log = best_times_for_puzzle(3)->log;
+    ASSERT_EQ(log->count, LOG_LENGTH);
+    for (i32 i = 0; i < LOG_LENGTH; ++i)
+        EXPECT_EQ(log->items[i]->seconds, 1024 - i);
+}
+
+TEST_F(persist_test, players_match_without_spaces_and_case) {
+    best_times_record(10, "Ann Lee", 360); // exactly the fourth time
+    best_times_record(9, "annlee ", 391);  // one second more than it
+    const player_record *ann = player_find(" ANN l e e", false);
+    ASSERT_NE(ann, nullptr);
+    EXPECT_STREQ(ann->name, "Ann Lee");
+    EXPECT_EQ(player_mastered("ann lee"), 1U << 10);
+    EXPECT_EQ(ann->seen, 1U << 10 | 1U << 9);
+    for (const char *other : {"Ann Le", "Ann Leee", "Ann-Lee", " "})
+        EXPECT_EQ(player_find(other, false), nullptr) << other;
+    const player_record *nobody = player_find("  ", true);
+    EXPECT_EQ(player_find(nullptr, false), nobody);
+}
+
+TEST_F(persist_test, scores_come_back_from_the_file_byte_for_byte) {
+    best_times_reset();
+    best_times_record(4, "old", 1000);
+    file_bytes file = stored_scores("B\x80\xE4", 2);
+    write_file(game.data("scores"), file);
+    EXPECT_EQ(best_times_load(), 1);
+    EXPECT_EQ(masters(0), "B\x80\xE4 100;B\x80\xE4 101;B\x80\xE4 102;");
+    EXPECT_NE(whole_table().find("|2004-03-07 14:05 B\x80\xE4 100;2004-03-07 14:05 B\x80\xE4 101;"), std::string::npos);
+    EXPECT_EQ(player_mastered("b\x80\xE4"), 0x7FFU);
+    EXPECT_EQ(player_find("old", false), nullptr);
+    file.resize(file.size() + 50, 'x');
+    load_scores(file);
+    write_file(game.data("scores"), file_bytes(file.size(), 'x'));
+    EXPECT_EQ(best_times_save(), 1);
+    EXPECT_EQ(stored("scores"), file) << "the same bytes again, and stale ones behind";
+    EXPECT_FALSE(fs::exists(game.data("scores.bad"))) << "which are no damage";
+    best_times_reset();
+    write_file(game.data("scores"), stored_scores("", 0));
+    EXPECT_EQ(best_times_load(), 1);
+    EXPECT_EQ(masters(0), "The Master 100;Master 2 101;Master 3 102;") << "an empty name leaves the old one";
+}
+
+TEST_F(persist_test, a_cut_file_keeps_what_was_read_of_it) {
+    const file_bytes whole = stored_scores("Ann", 1);
+    for (std::size_t size = 0; size <= whole.size(); ++size) {
+        SCOPED_TRACE(size);
+        const file_bytes cut = first_of(whole, size);
+        load_scores(cut);
+        EXPECT_EQ(masters(0).substr(0, 7), size < 4 ? "- 0;- 0" : size < 11 ? "- 100;-" : "Ann 100");
+        const std::string before = whole_table();
+        EXPECT_EQ(best_times_save(), 1);
+        EXPECT_EQ(stored("scores.bad"), size < whole.size() ? cut : file_bytes());
+        load_scores(stored("scores"));
+        EXPECT_EQ(whole_table(), before) << "saved and loaded again";
+    }
+}
+
+TEST_F(persist_test, impossible_numbers_end_the_load) {
+    const file_bytes whole = stored_scores("Ann", 1);
+    const std::ptrdiff_t size = std::ssize(whole), name = 4, count = 3 * 11, players = size - 19;
+    const struct {
+        std::ptrdiff_t at; // of a big-endian number
+        int number;
+        bool damaged;
+    } ROWS[] = {{name, -1, true},  {name, 0x7FFFFFFF, true},  {name, static_cast<int>(size), true},
+                {count, -1, true}, {count, 0x7FFFFFFF, true}, {players, 2, true}, // where one fits
+                {0, -7, false}};                                                  // any time will do
+    for (const auto &[at, number, damaged] : ROWS) {
+        file_bytes bytes = whole, written;
+        append_i32(&written, number);
+        std::copy(written.begin(), written.end(), bytes.begin() + at);
+        load_scores(bytes);
+        EXPECT_EQ(player_find("Ann", false) == nullptr, damaged) << "nothing behind the damage is read: " << at;
+        EXPECT_EQ(best_times_save(), 1);
+        EXPECT_EQ(stored("scores.bad"), damaged ? bytes : file_bytes()) << at << ", " << number;
+    }
+}
+
+// Whatever could not be read for want of memory is still on the disk afterwards.
+TEST_F(persist_test, short_memory_loses_nothing) {
+    const file_bytes whole = stored_scores("Ann", 1), prefs = stored_prefs("Ann");
+    write_file(game.data("prefs"), prefs);
+    load_prefs();
+    const int failed = fake_fail_each_allocation([&] {
+        write_file(game.data("scores"), whole);
+        fs::remove(game.data("scores.bad"));
+        best_times_destroy();
+        bool all = best_times_create() == 1 && best_times_load() == 1;
+        best_times_record(4, "Bob", 1);
+        all = all && player_find("Bob", false) != nullptr && best_times_for_puzzle(4)->log->count == 2 &&
+              masters(4).substr(0, 6) == "Bob 1;" && player_mastered("Ann") != 0;
+        all = best_times_save() == 1 && all;
+        EXPECT_TRUE(player_mastered("Ann") != 0 || stored("scores") == whole || stored("scores.bad") == whole);
+        all = prefs_save() == 1 && all;
+        EXPECT_EQ(stored("prefs"), prefs);
+        return all;
+    });
+    EXPECT_GE(failed, 60);
+}
+
+TEST_F(persist_test, prefs_come_back_from_the_file) {
+    EXPECT_EQ(load_prefs(), "-1 - 0");
+    EXPECT_EQ(prefs_save(), 1);
+    EXPECT_EQ(stored("prefs"), (file_bytes{0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0}));
+    settings |= SETTINGS_COMPLETED;
+    EXPECT_EQ(prefs_load(), 1);
+    EXPECT_EQ(settings, SETTINGS_HELP) << "a stored zero clears the flag";
+    settings |= SETTINGS_COMPLETED;
+    app_state_set_name(app, "A\xE4 \x80x"); // the byte that would be stored as a zero ends the name
+    EXPECT_EQ(prefs_save(), 1);
+    EXPECT_EQ(load_prefs(), "1 A\xE4  1");
+    EXPECT_EQ(game.log_text(), "");
+}
+
+TEST_F(persist_test, damaged_prefs_are_kept_before_they_are_written_over) {
+    const file_bytes ann = stored_prefs("Ann");
+    std::vector<std::tuple<file_bytes, const char *, bool>> rows = {
+        {{0, 0, 0, 1, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "1 - 0", true}, // a negative length
+        {{0, 0, 0, 1, 0x7F, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "1 - 0", true}, // the largest one
+        {{0, 0, 0, 1, 0, 0, 0, 5, 0, 0, 0, 1}, "1 - 0", true},             // one byte too long
+        {{9, 9, 9, 9, 0, 0, 0, 1, 0xC1, 0, 0, 2, 0}, "1 A 1", false},      // any version, any flag
+        {{}, "1 - 0", false},
+    };
+    for (std::size_t size = 1; size < ann.size(); ++size)
+        rows.push_back({first_of(ann, size), size < 11 ? "1 - 0" : "1 Ann 0", true});
+    for (const auto &[bytes, loads, damaged] : rows) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
+        write_file(game.data("prefs"), bytes);
+        EXPECT_EQ(load_prefs(), loads);
+        EXPECT_EQ(prefs_save(), 1);
+        EXPECT_EQ(stored("prefs.bad"), damaged ? bytes : file_bytes());
+        EXPECT_EQ(load_prefs(), loads) << "what was read is kept";
+        fs::remove(game.data("prefs.bad"));
+        EXPECT_EQ(prefs_save(), 1);
+        EXPECT_FALSE(fs::exists(game.data("prefs.bad"))) << "sound again";
+    }
+}
+
+TEST_F(persist_test, failed_saves_are_logged_and_spare_what_is_there) {
+    const auto says = [this](const char *text) {
+        EXPECT_NE(game.log_text().find(text), std::string::npos) << game.log_text();
+    };
+    fs::create_directory(game.data("prefs.bad")); // no copy can be made
+    const file_bytes damaged = {1, 2, 3}, ann = stored_prefs("Ann");
+    write_file(game.data("prefs"), damaged);
+    load_prefs();
+    EXPECT_EQ(prefs_save(), -1);
+    EXPECT_EQ(stored("prefs"), damaged);
+    fs::remove(game.data("prefs.bad"));
+    EXPECT_EQ(prefs_save(), 1) << "next time it works";
+    fs::remove(game.data("prefs"));
+    fs::create_directory(game.data("prefs"));
+    EXPECT_EQ(prefs_save(), -1);
+    says(" open - Is a directory\nCould not open file ..\\data\\prefs for writing\n");
+
+    fs::remove(game.data("prefs"));
+    fs::create_symlink("prefs", game.data("prefs")); // leads to itself: there, but not to be opened
+    EXPECT_EQ(load_prefs(), "-1 - 0");
+    fs::remove(game.data("prefs"));
+    write_file(game.data("prefs"), ann); // readable again before the program ends
+    EXPECT_EQ(prefs_save(), 1);
+    EXPECT_EQ(stored("prefs.bad"), ann);
+
+    const file_bytes whole = stored_scores("Ann", 20);
+    load_scores(whole);
+    constexpr auto PRIVATE = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(game.data("scores"), PRIVATE);
+    EXPECT_EQ(best_times_save(), 1);
+    EXPECT_EQ(fs::status(game.data("scores")).permissions(), PRIVATE);
+    best_times_record(0, "Bob", 1);
+    {
+        const full_disk at(4096);
+        EXPECT_EQ(best_times_save(), -1);
+    }
+    EXPECT_EQ(stored("scores"), whole);
+    says("Could not write file");
+    EXPECT_FALSE(fs::exists(game.data("scores.new")));
+    fs::create_directory(game.data("scores.new"));
+    EXPECT_EQ(best_times_save(), 1) << "in place";
+    EXPECT_NE(stored("scores"), whole);
+}
+
+} // namespace

@@ -1,0 +1,499 @@
+// puzzles_test.cpp: loading and starting a run, its clock, dropping pieces, the cards and the keypad.
+//
+// With the real archive's pictures, but no video and no sound device: sounds that are asked for are written down, keys
+// are scripted, a frame takes 20 ms.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/help.h"
+#include "core/settings.h"
+#include "graphics/blit.h"
+#include "input/input.h"
+#include "puzzles/background.h"
+#include "puzzles/board_pictures.h"
+#include "puzzles/cells.h"
+#include "puzzles/debug_actions.h"
+#include "puzzles/deck.h"
+#include "puzzles/placement.h"
+#include "puzzles/puzzle_type.h"
+#include "puzzles/random_list.h"
+#include "resources/archive.h"
+#include "resources/pixel.h"
+#include "sound/sound.h"
+#include "sprites/effect.h"
+#include "sprites/number_entry.h"
+#include "sprites/sprite.h"
+#include "support/fake_sdl.h"
+#include "support/recording.h"
+#include "support/temp_folder.h"
+
+#include <SDL_keysym.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+// In place of the sound module's, which this program then does without.
+void sound_play(i32 number) {
+    sounds_played.push_back(number);
+}
+
+namespace {
+
+constexpr i32 KEY_ANSWER = 11; // value of the keypad's key
+
+bool has(const sprite *s, u32 flags) {
+    return (s->flags & flags) == flags;
+}
+bool has_any(const sprite *s, u32 flags) {
+    return (s->flags & flags) != 0;
+}
+
+// A board that was loaded and started.
+struct puzzle_table {
+    fake_scope fakes;
+    temp_game game;
+    app_state state{};
+    board *b = board_create();
+
+    explicit puzzle_table(i32 type) {
+        game.log_to_file();
+        std::filesystem::create_symlink(TAVIMO_DATA_FILE, game.data("data.dar"));
+        fake_keys_up();
+        fake_time_start(1000);
+        video_format = {pixel32::BITS, sizeof(pixel32::value), pixel32::SHIFT};
+        board_reset_background();
+        app = &state;
+        state.board = b;
+        state.puzzle = type;
+        EXPECT_TRUE(data_archive_open() == 1 && blit_init() == 1 && input_init() == 1 && help_init() == 1 &&
+                    effects_init() == 1 && board_prepare(&state) == 1 && board_start(b) == 1);
+        sounds_played.clear();
+    }
+    ~puzzle_table() {
+        board_destroy(b);
+        board_free_background();
+        effects_shutdown();
+        help_shutdown();
+        input_shutdown();
+        draw_queue_free();
+        data_archive_close();
+        app = nullptr;
+        settings = 0;
+        video_format = {};
+    }
+    void frame(int count = 1) const {
+        for (; count > 0; --count) {
+            fake_time_advance(20);
+            input_poll();
+            board_update(b);
+        }
+    }
+    int frames_while(u32 state_flag) const {
+        int count = 0;
+        for (; board_is(b, state_flag) && count < 1000; ++count)
+            frame();
+        return count;
+    }
+    void press_key(i32 key) const {
+        fake_key(key, true);
+        frame();
+        fake_key(key, false);
+    }
+    // On the keypad.
+    void type_keys(const std::vector<i32> &values) const {
+        for (const i32 value : values)
+            for (button *key : each(b->buttons))
+                if (key->label == b->key_symbols[value]) {
+                    button_press(key);
+                    button_release(key);
+                }
+    }
+    sprite *piece(i32 label) const {
+        for (sprite *candidate : each(b->pieces))
+            if (candidate->label_index == label)
+                return candidate;
+        return nullptr;
+    }
+    // So far from the place in which it is fixed.
+    void put_on_cell(sprite *s, i32 dx = 0, i32 dy = 0) const {
+        const puzzle_layout &l = PUZZLE_LAYOUTS[b->type];
+        s->x = b->x + l.grid_x + s->target_col * (l.cell_w + 1) + 1 + dx;
+        s->y = b->y + l.grid_y + s->target_row * (l.cell_h + l.row_gap) + 1 + dy;
+    }
+};
+
+bool is_empty(board *b) {
+    int count = b->pieces->count + b->cells->count + b->buttons->count;
+    for (const picture_row &row : board_picture_rows()) {
+        const picture_slots slots = row.slots(b);
+        for (i32 i = 0; slots.first != nullptr && i < slots.count; ++i)
+            count += slots.first[i] != nullptr ? 1 : 0;
+    }
+    return !board_loaded(b) && count == 0;
+}
+
+// Types 0, 1 and 6 have between them every kind of picture.
+TEST(board, runs_with_all_that_it_needs_or_not_at_all) {
+    for (const i32 type : {0, 1, 6}) {
+        const puzzle_table t(type);
+        const auto run = [&] { return board_load(t.b, type) > 0 && board_start(t.b) > 0; };
+        fake_fail_allocation(0);
+        ASSERT_TRUE(run());
+        const int allocations = fake_allocations();
+        for (int k = 1; k <= allocations; k += k < 5 || k > allocations - 9 ? 1 : allocations / 25) {
+            fake_fail_allocation(k);
+            const bool ready = run();
+            fake_fail_allocation(0);
+            EXPECT_TRUE(ready ? t.b->pieces->count == t.b->label_count : is_empty(t.b)) << k;
+            t.frame();
+            board_draw(t.b);
+            board_draw_background(t.b);
+            EXPECT_EQ(take_recording().now.empty(), !ready);
+        }
+    }
+}
+
+TEST(board, keys_press_buttons_for_four_frames_and_not_under_help) {
+    puzzle_table t(4);
+    const button *next = t.b->buttons->items[2];
+    button_press(t.b->buttons->items[0]);
+    EXPECT_TRUE(settings_help_showing());
+    t.press_key(SDLK_SPACE);
+    EXPECT_FALSE(board_is(t.b, BOARD_DECK_MOVING));
+    settings = 0;
+    t.frame();
+    t.press_key(SDLK_SPACE);
+    EXPECT_TRUE(board_is(t.b, BOARD_DECK_MOVING | BOARD_CLOCK));
+    t.frame(3);
+    EXPECT_TRUE((next->flags & BUTTON_PRESSED) != 0);
+    t.frame();
+    EXPECT_TRUE((next->flags & BUTTON_PRESSED) == 0);
+}
+
+TEST(board, clock_waits_for_the_first_piece_and_stops_at_the_limit) {
+    puzzle_table t(0);
+    t.frame(200);
+    t.piece(0)->flags |= SPRITE_HELD;
+    t.frame(); // now is 0:00
+    const struct {
+        u32 advance; // ms beyond the frame's 20
+        i32 seconds;
+        const char *text;
+    } ROWS[] = {{959, 0, "0:00"},     {0, 0, "0:00"},          {0, 1, "0:01"},
+                {64'000, 65, "1:05"}, {535'000, 600, "10:00"}, {5'398'921, 5999, "99:59"},
+                {1, 5999, "99:59"}};
+    for (const auto &[advance, seconds, text] : ROWS) {
+        fake_time_advance(advance);
+        t.frame();
+        EXPECT_EQ(t.b->seconds, seconds) << text;
+        EXPECT_STREQ(t.b->clock_text, text);
+    }
+    for (const auto &[seconds, rank] : {std::pair{0, 0}, {150, 0}, {151, 1}, {330, 2}, {360, 3}, {361, -1}}) {
+        t.b->seconds = seconds;
+        EXPECT_EQ(board_master_rank(t.b), rank) << seconds;
+    }
+}
+
+TEST(board, exchanges_effects_at_the_end_of_a_frame) {
+    puzzle_table t(0);
+    effect *made[4];
+    for (effect *&e : made)
+        board_add_effect(t.b, e = effect_create(EFFECT_FLARE), 5, 6);
+    t.frame();
+    EXPECT_EQ(made[0]->timer, 2) << "an effect's first step is in the frame after";
+    made[0]->flags |= EFFECT_FINISHED;
+    made[2]->flags |= EFFECT_FINISHED;
+    t.frame();
+    ASSERT_EQ(t.b->effects->count, 2);
+    EXPECT_TRUE(t.b->effects->items[0] == made[3] && t.b->effects->items[1] == made[1]);
+}
+
+TEST(cells, share_their_edge_places_with_neighbours_and_pieces) {
+    const puzzle_table t(6);
+    for (const sprite *cell : each(t.b->cells)) {
+        const sprite *right = board_find_cell(t.b, cell->col + 1, cell->row);
+        const sprite *below = board_find_cell(t.b, cell->col, cell->row + 1);
+        EXPECT_TRUE(right == nullptr || right->tab_left == cell->sock_right);
+        EXPECT_TRUE(below == nullptr || below->tab_top == cell->sock_bottom);
+        EXPECT_TRUE(cell->tab_left >= 10 && cell->tab_left <= 20 && cell->tab_top >= 10 && cell->tab_top <= 30);
+        const sprite *piece = t.piece(cell->row * t.b->cols + cell->col);
+        EXPECT_TRUE(piece->tab_top == cell->tab_top && piece->tab_left == cell->tab_left &&
+                    piece->sock_right == cell->sock_right && piece->sock_bottom == cell->sock_bottom);
+    }
+}
+
+TEST(placement, snaps_within_five_pixels_of_the_centre) {
+    const struct {
+        i32 dx, dy;
+        bool placed;
+    } ROWS[] = {{0, 0, true},  {3, 4, true},   {-4, -3, true},  {5, 0, true},  {0, -5, true},
+                {4, 4, false}, {-6, 0, false}, {-3, -5, false}, {61, 0, false}};
+    const puzzle_table t(4); // cells 46 x 36, pieces 44 x 34
+    i32 label = 0;
+    for (const auto &[dx, dy, placed] : ROWS) {
+        sprite *piece = t.piece(label++);
+        t.put_on_cell(piece);
+        const i32 x = piece->x, y = piece->y, placed_before = t.b->placed;
+        t.put_on_cell(piece, dx, dy);
+        sounds_played.clear();
+        fake_dice({label});
+        board_drop_piece(t.b, piece);
+        fake_dice({});
+        EXPECT_EQ(has(piece, SPRITE_FIXED | SPRITE_INERT | SPRITE_BLINK_OUT), placed) << dx << ", " << dy;
+        EXPECT_EQ(t.b->placed - placed_before, placed ? 1 : 0);
+        EXPECT_EQ(piece->img_left, placed ? t.b->piece_tab_in[EDGE_LEFT] : t.b->piece_tab_out[EDGE_LEFT]);
+        EXPECT_TRUE(piece->x == (placed ? x : x + dx) && piece->y == (placed ? y : y + dy));
+        EXPECT_EQ(sounds_played, placed ? sounds{SOUND_PIECE_PLACE_1 + label % 6} : sounds{});
+    }
+}
+
+// --- The deck ------------------------------------------------------------------------------------
+
+void press_next(board *b) {
+    board_deck_next(nullptr, reinterpret_cast<std::intptr_t>(b), 0);
+}
+
+// Types 4, 6 and 7 have plain cards, types 1 and 3 text cards.
+struct open_deck : puzzle_table {
+    explicit open_deck(i32 type) : puzzle_table(type) {
+        frame();
+        press_next(b);
+        frames_while(BOARD_DECK_MOVING);
+        sounds_played.clear();
+    }
+    // Only these pieces are left, on these cards; '-' is an empty card, a letter the piece with its number.
+    void leave_only(const std::string &cards, const std::string &answered) const {
+        for (sprite *piece : each(b->pieces)) {
+            piece->flags |= SPRITE_ANSWERED | SPRITE_INERT;
+            piece->flags &= ~SPRITE_AVAILABLE;
+        }
+        for (std::size_t i = 0; i < DECK_CARDS; ++i) {
+            b->slot[i] = cards[i] == '-' ? nullptr : piece(cards[i] - 'a');
+            if (b->slot[i] != nullptr && answered.find(cards[i]) == answered.npos)
+                b->slot[i]->flags &= ~SPRITE_ANSWERED;
+        }
+    }
+    static char name_of(const sprite *piece) {
+        return piece == nullptr ? '-' : static_cast<char>('a' + piece->label_index);
+    }
+    std::string cards() const { return {name_of(b->slot[0]), name_of(b->slot[1]), name_of(b->slot[2])}; }
+};
+
+TEST(deck, deals_what_is_available_and_takes_the_top_card_back) {
+    for (const i32 type : {4, 3}) {
+        const open_deck t(type);
+        sprite *before[] = {t.b->slot[0], t.b->slot[1], t.b->slot[2]};
+        board_deal(t.b);
+        EXPECT_TRUE(t.b->leaving == before[0] && t.b->slot[0] == before[1] && t.b->slot[1] == before[2]);
+        EXPECT_TRUE(has(before[0], SPRITE_AVAILABLE) && !has_any(t.b->slot[2], SPRITE_AVAILABLE));
+        EXPECT_EQ(has(before[1], SPRITE_AVAILABLE), type == 3) << "text cards come back later";
+    }
+}
+
+TEST(deck, used_up_cards_take_turns_and_answered_ones_go) {
+    const struct {
+        const char *cards, *answered;
+        i32 remaining;
+        const char *then;
+        char leaving;
+    } ROWS[] = {
+        {"abc", "", 3, "bca", 'a'},  {"ab-", "", 2, "ba-", 'a'},   {"abc", "a", 2, "bc-", 'a'},
+        {"abc", "b", 2, "ac-", 'a'}, {"abc", "ac", 1, "b--", '-'}, {"ab-", "a", 1, "b--", '-'},
+        {"a--", "", 1, "a--", '-'},  {"a--", "a", 0, "---", 'a'},  {"---", "", 5, "---", '-'},
+    };
+    for (const i32 type : {4, 1}) {
+        const open_deck t(type);
+        for (const auto &[cards, answered, remaining, then, leaving] : ROWS) {
+            t.leave_only(cards, answered);
+            t.b->remaining = remaining;
+            board_deal(t.b);
+            EXPECT_EQ(t.cards(), then) << cards << " answered " << answered;
+            EXPECT_EQ(open_deck::name_of(t.b->leaving), leaving) << cards << " answered " << answered;
+        }
+        t.leave_only("abc", "");
+        t.b->remaining = 3;
+        for (const char *then : {"bca", "cab", "abc", "bca"}) {
+            board_deal(t.b);
+            EXPECT_EQ(t.cards(), then) << "no problem lies on two cards";
+        }
+    }
+}
+
+TEST(deck, turns_in_104_frames_and_ends_where_it_began) {
+    const struct {
+        const char *cards;
+        int frames;
+        i32 farthest, end; // of the turned card, from the deck
+        i32 shown;         // places that must be as before
+    } ROWS[] = {{"abc", 104, 50, -2, 3}, {"ab-", 104, 50, -2, 2}, {"a--", 1, 0, 0, 1}};
+    for (const auto &[cards, frames, farthest, end, shown] : ROWS) {
+        const open_deck t(4);
+        t.leave_only(cards, "");
+        t.frame();
+        press_next(t.b);
+        int count = 0;
+        i32 far = 0;
+        for (; board_is(t.b, BOARD_DECK_MOVING) && count < 200; ++count) {
+            t.frame();
+            far = std::max(far, t.b->leaving_x - t.b->deck_x);
+        }
+        EXPECT_TRUE(count == frames && far == farthest) << cards << ": " << count << ", " << far;
+        EXPECT_TRUE(t.b->leaving_x == t.b->deck_x + end && t.b->leaving_y == t.b->deck_y - end) << cards;
+        for (i32 i = 0; i < shown; ++i)
+            EXPECT_TRUE(t.b->slot_x[i] == t.b->deck_x - 2 * i && t.b->slot_y[i] == t.b->deck_y + 2 * i) << cards << i;
+    }
+}
+
+TEST(deck, gives_its_top_card_only_when_nothing_is_loose) {
+    const open_deck t(4);
+    const i32 w = t.b->card_picture->width, h = t.b->card_picture->height;
+    using spoil = void (*)(board * b);
+    const spoil nothing = [](board *) {};
+    const struct {
+        const char *what;
+        spoil first;
+        i32 dx, dy; // of the click, from the card's corner
+        bool taken;
+    } ROWS[] = {
+        {"first pixel", nothing, 0, 0, true},
+        {"last pixel", nothing, w - 1, h - 1, true},
+        {"beside it", nothing, w, 20, false},
+        {"below it", nothing, 20, h, false},
+        {"left of it", nothing, -1, 20, false},
+        {"loose piece", [](board *b) { b->pieces->items[7]->flags &= ~SPRITE_INERT; }, 20, 20, false},
+        {"moving", [](board *b) { b->state |= BOARD_DECK_MOVING; }, 20, 20, false},
+        {"closed", [](board *b) { b->state |= BOARD_DECK_CLOSED; }, 20, 20, false},
+        {"no card", [](board *b) { b->slot[0] = nullptr; }, 20, 20, false},
+    };
+    for (const auto &[what, first, dx, dy, taken] : ROWS) {
+        t.leave_only("abc", "");
+        sprite *top = t.b->slot[0];
+        top->flags = SPRITE_INERT;
+        t.b->state = 0;
+        first(t.b);
+        board_take_top_card(t.b, t.b->deck_x + dx, t.b->deck_y + dy);
+        EXPECT_EQ(has(top, SPRITE_ANSWERED | SPRITE_UNFOLD | SPRITE_FOLLOW | SPRITE_RAISE), taken) << what;
+        EXPECT_EQ(take_sounds(), taken ? sounds{SOUND_PIECE_EMERGE} : sounds{}) << what;
+    }
+}
+
+TEST(deck, a_piece_that_it_takes_back_is_not_placed) {
+    const open_deck t(4);
+    sprite *taken = t.b->slot[0];
+    board_take_top_card(t.b, t.b->deck_x + 20, t.b->deck_y + 20);
+    t.frame();
+    t.press_key(SDLK_SPACE);
+    EXPECT_TRUE(has(taken, SPRITE_VANISH) && !has_any(taken, SPRITE_ANSWERED));
+    t.put_on_cell(taken);
+    board_drop_piece(t.b, taken);
+    board_debug_place_one(t.b);
+    t.frame(12);
+    EXPECT_TRUE(t.b->placed == 0 && !has_any(taken, SPRITE_FIXED) && has(taken, SPRITE_AVAILABLE | SPRITE_HIDDEN));
+}
+
+TEST(deck, deals_and_burns_when_its_piece_is_placed) {
+    const open_deck t(6);
+    sprite *top = t.b->slot[0];
+    const sprite *second = t.b->slot[1];
+    const image *card = t.b->card_picture;
+    t.put_on_cell(top);
+    board_drop_piece(t.b, top);
+    EXPECT_EQ(t.b->slot[0], second);
+    ASSERT_EQ(t.b->new_effects->count, 1);
+    const effect *burn = t.b->new_effects->items[0];
+    EXPECT_EQ(burn->kind, EFFECT_BURN);
+    EXPECT_EQ(burn->x + burn->w / 2, t.b->deck_x + card->width / 2);
+    EXPECT_EQ(burn->y + burn->h / 2, t.b->deck_y + card->height / 2);
+}
+
+TEST(deck, draws_cards_in_the_order_in_which_they_lie) {
+    const open_deck t(7);
+    const struct {
+        u32 state;
+        i32 remaining, phase;
+        u32 top_flags;
+        const char *expected; // C: a card, E: the empty deck, a to c: faces; from below
+    } ROWS[] = {
+        {0, 9, 0, SPRITE_INERT, "CcCbCa"},
+        {0, 1, 0, SPRITE_INERT, "CbCa"},
+        {0, 9, 0, 0, "CcCbCaC"}, // its piece lies on the board
+        {BOARD_DECK_CLOSED, 9, 0, SPRITE_INERT, "CCC"},
+        {BOARD_DECK_LOCK, 9, 0, SPRITE_INERT, "CCC"},
+        {BOARD_DECK_MOVING, 0, 0, 0, "E"},
+        {BOARD_DECK_MOVING, 9, 1, SPRITE_INERT, "CcCbCaCa"},
+        {BOARD_DECK_MOVING, 9, 2, SPRITE_INERT, "CaCcCbCa"},
+        {BOARD_DECK_MOVING | BOARD_DECK_OPENING, 9, 1, SPRITE_INERT, "CcCbCaC"},
+    };
+    t.leave_only("abc", "");
+    t.b->leaving = t.b->slot[0];
+    const picture_names names = {{t.b->card_picture, "C"},
+                                 {t.b->empty_deck_picture, "E"},
+                                 {t.b->labels[0], "a"},
+                                 {t.b->labels[1], "b"},
+                                 {t.b->labels[2], "c"}};
+    for (const auto &[state, remaining, phase, top_flags, expected] : ROWS) {
+        t.b->state = state;
+        t.b->remaining = remaining;
+        t.b->deck_phase = phase;
+        t.b->slot[0]->flags = top_flags;
+        board_draw_deck(t.b);
+        std::string drawn;
+        for (const std::string &line : take_recording(names).now)
+            drawn += line[line.find(' ') + 1];
+        EXPECT_EQ(drawn, expected) << "state " << state << ", phase " << phase;
+    }
+}
+
+TEST(deck, the_debug_mode_places_most_pieces_and_loses_none_of_the_others) {
+    for (unsigned seed = 1; seed <= 20; ++seed) {
+        const open_deck t(4);
+        std::srand(seed);
+        board_take_top_card(t.b, t.b->deck_x + 20, t.b->deck_y + 20);
+        t.frame();
+        board_debug_place_most(t.b);
+        for (sprite *piece : each(t.b->pieces)) {
+            const bool on_card = std::find(t.b->slot, t.b->slot + DECK_CARDS, piece) != t.b->slot + DECK_CARDS;
+            EXPECT_TRUE(on_card || !has_any(piece, SPRITE_HIDDEN) || has_any(piece, SPRITE_FIXED | SPRITE_AVAILABLE))
+                << "seed " << seed << ", piece " << piece->label_index;
+        }
+    }
+}
+
+TEST(random_list, hands_out_every_item_once_a_cycle_in_a_new_order) {
+    const fake_scope fakes;
+    sprite items[4] = {};
+    random_list *list = random_list_create();
+    const auto pick = [&](int count) {
+        std::string names;
+        while (count-- > 0)
+            names += static_cast<char>('a' + (random_list_pick(list) - items));
+        return names;
+    };
+    EXPECT_EQ(random_list_pick(list), nullptr);
+    fake_dice({0, 0, 5, 2, 0, 1, 2, 3});
+    for (sprite &item : items) // places 0, 0, 2, 2: a, then ba, then bac, then badc
+        EXPECT_GT(random_list_add(list, &item), 0);
+    EXPECT_EQ(pick(8), "badcabcd");
+    EXPECT_EQ(fake_dice_drawn(), 8);
+    random_list_free(list);
+}
+
+// --- The keypad ----------------------------------------------------------------------------------
+
+TEST(keypad, next_answer_waits_for_the_piece_that_grows) {
+    const open_deck t(3);
+    sprite *first = t.b->slot[0], *second = t.b->slot[1];
+    for (int i = 0; i < 2; ++i)
+        board_debug_reveal(t.b);
+    EXPECT_TRUE(t.b->slot[0] == second) << "one at a time";
+    first->grow_w = first->grow_h = -40; // it takes long to grow
+    for (const char digit : std::to_string(second->answer))
+        t.type_keys({digit - '0'});
+    t.type_keys({KEY_ANSWER});
+    t.frame(30);
+    EXPECT_FALSE(has_any(second, SPRITE_ANSWERED));
+    t.frame(20);
+    EXPECT_TRUE(has(second, SPRITE_ANSWERED));
+}
+
+} // namespace
