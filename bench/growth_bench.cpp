@@ -11,6 +11,7 @@
 #include "graphics/render.h"
 #include "pairs.h"
 #include "pictures.h"
+#include "timing.h"
 
 #include <memory>
 

@@ -4,30 +4,17 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "pairs.h"
 
+#include "timing.h"
+
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <ctime>
 #include <deque>
 
 static constexpr double BATCH_SECONDS = 60e-6; // long enough for the clock, short enough to be left alone mostly
 static constexpr int MAX_BATCH = 4096;
-static constexpr double NANOSECOND = 1e-9; // seconds
 
 static std::deque<table_row> rows; // keeps the places of its elements
-
-// Of this thread, so that what other programs take does not count.
-static double cpu_seconds() {
-    timespec now = {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * NANOSECOND;
-}
-
-double seconds_of(const way &run) {
-    const double start = cpu_seconds();
-    run();
-    return cpu_seconds() - start;
-}
 
 static double batch_seconds(const way &run, int count) {
     return seconds_of([&] {

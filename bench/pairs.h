@@ -31,6 +31,4 @@ void compare(const std::string &figure, way setup, way ours, std::vector<rival> 
 void measure(const std::string &figure, const std::string &unit, way setup, way ours,
              const std::function<double(double)> &value, aim wanted, int measurements);
 
-double seconds_of(const way &run); // of one run
-
 void pairs_print();

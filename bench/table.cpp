@@ -5,6 +5,7 @@
 #include "table.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 
@@ -23,8 +24,12 @@ double median(std::vector<double> values) {
 
 void print_row(const table_row &row) {
     const double middle = quantile(row.measured, MIDDLE);
+    std::printf("%s\t%s\t%.3g\t%.3g .. %.3g\t", row.figure.c_str(), row.other.c_str(), middle,
+                quantile(row.measured, LOWER_QUARTILE), quantile(row.measured, UPPER_QUARTILE));
+    if (std::isinf(row.wanted.limit)) {
+        std::printf("-\t-\n");
+        return;
+    }
     const bool met = row.wanted.at_least ? middle >= row.wanted.limit : middle <= row.wanted.limit;
-    std::printf("%s\t%s\t%.3g\t%.3g .. %.3g\t%s %.3g\t%s\n", row.figure.c_str(), row.other.c_str(), middle,
-                quantile(row.measured, LOWER_QUARTILE), quantile(row.measured, UPPER_QUARTILE),
-                row.wanted.at_least ? ">=" : "<=", row.wanted.limit, met ? "met" : "MISSED");
+    std::printf("%s %.3g\t%s\n", row.wanted.at_least ? ">=" : "<=", row.wanted.limit, met ? "met" : "MISSED");
 }

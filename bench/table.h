@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@ struct aim {
     bool at_least; // else at most
     double limit;
 };
+inline constexpr aim NO_AIM = {true, -std::numeric_limits<double>::infinity()}; // of a figure that explains others
 
 struct table_row {
     std::string figure;
@@ -21,5 +23,5 @@ struct table_row {
 
 double median(std::vector<double> values);
 
-// One line, separated by tabs: figure, other, median, lower and upper quartile, aim, met or MISSED.
+// One line, separated by tabs: figure, other, median, lower and upper quartile, aim, met or MISSED; - without an aim.
 void print_row(const table_row &row);

@@ -1,0 +1,144 @@
+// frames.cpp: plays the program to its heaviest screens and prints what their frames cost.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "core/screen.h"
+#include "frame_meter.h"
+#include "program/player.h"
+#include "puzzles/board.h"
+#include "puzzles/puzzle_info.h"
+#include "screens/dialog.h"
+#include "sprites/effect.h"
+#include "table.h"
+
+#include <SDL.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+namespace {
+
+constexpr double MILLISECONDS = 1e3, FRAME_LIMIT = 2, KILOBYTE = 1e3;
+constexpr int DEPTHS[] = {16, 32};
+constexpr int WARM_UP = 60; // frames
+constexpr int FACTORS = 8;  // the puzzle type
+constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
+constexpr int SLIDES = 40, SLIDE_FRAMES = 10;
+constexpr int CARD_LEAVES = 3;                     // frames that the mouse is held on a card
+constexpr int DECK_FRAMES = 400, EFFECT_EVERY = 4; // frames
+constexpr int CONFETTI = 40, CONFETTI_FRAMES = 200, CONFETTI_LIMIT = 3000;
+
+void row(const std::string &figure, const std::string &other, const std::vector<frame_cost> &of, aim wanted,
+         double (*value)(const frame_cost &)) {
+    table_row printed = {figure, other, {}, wanted};
+    for (const frame_cost &frame : of)
+        printed.measured.push_back(value(frame));
+    print_row(printed);
+}
+
+double whole_ms(const frame_cost &f) {
+    return (f.recording + f.playing) * MILLISECONDS;
+}
+
+void report(const std::string &screen, int depth) {
+    const std::vector<frame_cost> frames = frame_meter_end();
+    const std::string figure = "frame, " + screen + ", " + std::to_string(depth) + " bits";
+    const aim at_most_limit = {false, FRAME_LIMIT}, none = {false, 0}, not_slower = {true, 1};
+    row(figure, "ms, record and play", frames, at_most_limit, whole_ms);
+    row(figure, "ms, record", frames, at_most_limit, [](const frame_cost &f) { return f.recording * MILLISECONDS; });
+    const auto longest = std::ranges::max_element(frames, {}, whole_ms);
+    row(figure, "ms, longest of " + std::to_string(frames.size()), {*longest}, at_most_limit, whole_ms);
+    row(figure, "allocations", frames, none, [](const frame_cost &f) { return static_cast<double>(f.allocations); });
+    row(figure, "pictures", frames, NO_AIM, [](const frame_cost &f) { return static_cast<double>(f.pictures); });
+    row(figure, "kB written", frames, NO_AIM,
+        [](const frame_cost &f) { return static_cast<double>(f.bytes) / KILOBYTE; });
+    row(figure, "SDL's blits for the same list", frames, not_slower,
+        [](const frame_cost &f) { return f.same_blits / f.playing; });
+    row(figure, "SDL's blits, all anew", frames, not_slower,
+        [](const frame_cost &f) { return f.whole_blits / f.playing; });
+    std::fflush(stdout);
+}
+
+// --- The screens ---------------------------------------------------------------------------------
+
+void slide_titles(int depth) {
+    leave_splash();
+    wait_frames(WARM_UP);
+    frame_meter_begin();
+    for (int i = 0; i < SLIDES; ++i) {
+        click(LIST_X, LIST_Y + LIST_PITCH * (i % PUZZLE_COUNT));
+        wait_frames(SLIDE_FRAMES);
+    }
+    report("title sliding", depth);
+}
+
+// Something of every kind at once: the deck turns, flares and burns play, the mouse goes over the pieces.
+void stir(int i) {
+    board *b = the_board();
+    move_mouse(b->x + i * 13 % b->width, b->y + i * 7 % b->height);
+    if (i % EFFECT_EVERY == 0) {
+        effect *made = effect_create(i / EFFECT_EVERY % 2 == 0 ? EFFECT_FLARE : EFFECT_BURN);
+        board_add_effect(b, made, b->x + i * 31 % b->width, b->y + i * 17 % b->height);
+    }
+    if (!board_is(b, BOARD_DECK_MOVING))
+        press(SDLK_SPACE);
+}
+
+void place_top_card() {
+    const board *b = the_board();
+    until("the deck rests", [b] { return !board_is(b, BOARD_DECK_MOVING | BOARD_DECK_LOCK); });
+    sprite *piece = b->slot[0];
+    mouse_down_at(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
+    wait_frames(CARD_LEAVES);
+    carry_to_cell(piece);
+}
+
+void play_factors(int depth) {
+    const auto *place = std::ranges::find(PUZZLE_LIST_ORDER, FACTORS);
+    select_puzzle(static_cast<int>(place - PUZZLE_LIST_ORDER));
+    study_selected();
+    close_help();
+    start_playing("Ann");
+    close_help();
+    press(SDLK_SPACE);
+    for (int i = the_board()->pieces->count / 2; i > 0; --i)
+        place_top_card();
+    for (int i = 0; i < DECK_FRAMES + WARM_UP; ++i) {
+        if (i == WARM_UP)
+            frame_meter_begin();
+        stir(i);
+    }
+    report("Factors half filled", depth);
+}
+
+void celebrate(int depth) {
+    dialog_completed(0, "You have completed the Factors puzzle.");
+    screen_request(SCREEN_DIALOG);
+    until_screen(SCREEN_DIALOG);
+    until(
+        "the confetti falls", [] { return frame_meter_last().pictures >= CONFETTI; }, CONFETTI_LIMIT);
+    frame_meter_begin();
+    wait_frames(CONFETTI_FRAMES);
+    report("dialog with confetti", depth);
+}
+
+} // namespace
+
+int main() {
+    for (const int depth : DEPTHS) {
+        const game_folder folder;
+        const game_result result = play_game(folder, depth, [depth] {
+            slide_titles(depth);
+            play_factors(depth);
+            celebrate(depth);
+            _exit(EXIT_SUCCESS);
+        });
+        if (result.exit_code != EXIT_SUCCESS) {
+            std::fprintf(stderr, "benchmark: %s\n", result.said.c_str());
+            return EXIT_FAILURE;
+        }
+    }
+    return EXIT_SUCCESS;
+}
