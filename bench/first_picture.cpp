@@ -21,7 +21,7 @@ using steady = std::chrono::steady_clock;
 static constexpr int STEP = 8;                 // pixels between the points
 static constexpr unsigned long LIT = 0x404040; // bits of which a lit point has some
 static constexpr int LIT_PART = 50;            // one point in so many
-static constexpr auto PATIENCE = 8s;
+static constexpr auto PATIENCE = 60s;          // some set up their files when they start for the first time
 static constexpr auto PAUSE = 1ms;
 
 static bool picture_stands(Display *display) {

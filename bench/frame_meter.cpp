@@ -21,7 +21,7 @@
 namespace {
 
 std::vector<frame_cost> measured;
-std::atomic<bool> measuring = false;
+std::atomic<bool> measuring = false, beside_sdl = false;
 frame_cost frame = {}, last_frame = {};
 
 // Adds what a step takes and allocates to the frame.
@@ -37,12 +37,14 @@ std::vector<u8> recorded_list() {
     return draw_queue.pending ? std::vector<u8>(list.bytes, list.bytes + list.length) : std::vector<u8>();
 }
 
-void play_frame() {
-    const std::vector<u8> list = recorded_list();
+void play_frame(std::span<const u8> list) {
     frame.bytes = list_bytes(list);
     frame.pictures = list_pictures(list);
-    rival_prepare(list);
     meter(&frame.playing, render_pass);
+}
+
+void draw_with_sdl(std::span<const u8> list) {
+    rival_prepare(list);
     frame.same_blits = seconds_of([&] { rival_draw(list); });
     frame.whole_blits = seconds_of([&] {
         rival_draw_screen();
@@ -52,7 +54,8 @@ void play_frame() {
 
 } // namespace
 
-void frame_meter_begin() {
+void frame_meter_begin(bool with_sdl) {
+    beside_sdl = with_sdl;
     measured.clear();
     measuring = true;
 }
@@ -84,10 +87,14 @@ void __wrap__Z11screen_drawv() {
 }
 void __wrap__Z16screen_end_framev() {
     meter(&frame.recording, __real__Z16screen_end_framev);
-    play_frame();
+    const std::vector<u8> list = recorded_list();
+    play_frame(list);
     last_frame = frame;
-    if (measuring)
-        measured.push_back(frame);
+    if (!measuring)
+        return;
+    if (beside_sdl)
+        draw_with_sdl(list);
+    measured.push_back(frame);
 }
 
 // Without a render thread whoever waits for it plays what it waits for.

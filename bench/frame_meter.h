@@ -19,7 +19,7 @@ struct frame_cost {
     i64 bytes;                      // that the list writes
 };
 
-// Empties the list of frames and measures from now on.
-void frame_meter_begin();
+// Empties the list of frames and measures from now on, if wanted beside SDL's blits.
+void frame_meter_begin(bool with_sdl);
 std::vector<frame_cost> frame_meter_end();
 frame_cost frame_meter_last();

@@ -9,6 +9,7 @@
 #include "puzzles/puzzle_info.h"
 #include "screens/dialog.h"
 #include "sprites/effect.h"
+#include "sprites/sprite.h"
 #include "table.h"
 
 #include <SDL.h>
@@ -16,18 +17,20 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 namespace {
 
 constexpr double MILLISECONDS = 1e3, FRAME_LIMIT = 2, KILOBYTE = 1e3;
+constexpr double SLACK = 1.15; // of noise
 constexpr int DEPTHS[] = {16, 32};
 constexpr int WARM_UP = 60; // frames
 constexpr int FACTORS = 8;  // the puzzle type
 constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
 constexpr int SLIDES = 40, SLIDE_FRAMES = 10;
 constexpr int CARD_LEAVES = 3;                     // frames that the mouse is held on a card
-constexpr int DECK_FRAMES = 400, EFFECT_EVERY = 4; // frames
+constexpr int DECK_FRAMES = 250, EFFECT_EVERY = 4; // frames
 constexpr int CONFETTI = 40, CONFETTI_FRAMES = 200, CONFETTI_LIMIT = 3000;
 
 void row(const std::string &figure, const std::string &other, const std::vector<frame_cost> &of, aim wanted,
@@ -42,8 +45,7 @@ double whole_ms(const frame_cost &f) {
     return (f.recording + f.playing) * MILLISECONDS;
 }
 
-void report(const std::string &screen, int depth) {
-    const std::vector<frame_cost> frames = frame_meter_end();
+void report(const std::string &screen, int depth, const std::vector<frame_cost> &frames) {
     const std::string figure = "frame, " + screen + ", " + std::to_string(depth) + " bits";
     const aim at_most_limit = {false, FRAME_LIMIT}, none = {false, 0}, not_slower = {true, 1};
     row(figure, "ms, record and play", frames, at_most_limit, whole_ms);
@@ -66,12 +68,12 @@ void report(const std::string &screen, int depth) {
 void slide_titles(int depth) {
     leave_splash();
     wait_frames(WARM_UP);
-    frame_meter_begin();
+    frame_meter_begin(true);
     for (int i = 0; i < SLIDES; ++i) {
         click(LIST_X, LIST_Y + LIST_PITCH * (i % PUZZLE_COUNT));
         wait_frames(SLIDE_FRAMES);
     }
-    report("title sliding", depth);
+    report("title sliding", depth, frame_meter_end());
 }
 
 // Something of every kind at once: the deck turns, flares and burns play, the mouse goes over the pieces.
@@ -84,6 +86,15 @@ void stir(int i) {
     }
     if (!board_is(b, BOARD_DECK_MOVING))
         press(SDLK_SPACE);
+}
+
+std::vector<frame_cost> stirred_frames(bool with_sdl) {
+    for (int i = 0; i < DECK_FRAMES + WARM_UP; ++i) {
+        if (i == WARM_UP)
+            frame_meter_begin(with_sdl);
+        stir(i);
+    }
+    return frame_meter_end();
 }
 
 void place_top_card() {
@@ -105,12 +116,45 @@ void play_factors(int depth) {
     press(SDLK_SPACE);
     for (int i = the_board()->pieces->count / 2; i > 0; --i)
         place_top_card();
-    for (int i = 0; i < DECK_FRAMES + WARM_UP; ++i) {
-        if (i == WARM_UP)
-            frame_meter_begin();
-        stir(i);
+    report("Factors half filled", depth, stirred_frames(true));
+}
+
+// Lays copies of all pieces onto the table, so that there are so many times as many.
+void multiply_pieces(int times) {
+    board *b = the_board();
+    for (sprite *piece : each(b->pieces))
+        piece->flags &= ~SPRITE_HIDDEN;
+    for (const i32 count = b->pieces->count; b->pieces->count < count * times;) {
+        auto *copy = static_cast<sprite *>(std::malloc(sizeof(sprite)));
+        const i32 n = b->pieces->count;
+        *copy = *b->pieces->items[n % count];
+        copy->x = n * 29 % (SCREEN_WIDTH - copy->w);
+        copy->y = n * 17 % (SCREEN_HEIGHT - copy->h);
+        check(ptr_array_append(b->pieces, copy) >= 0, "room for more pieces");
     }
-    report("Factors half filled", depth);
+}
+
+void grow_pieces(int depth) {
+    double once = 0;
+    int factor = 1;
+    for (const int times : {1, 2, 2}) { // each time of what lies there
+        factor *= times;
+        multiply_pieces(times);
+        std::vector<double> taken;
+        for (const frame_cost &frame : stirred_frames(false))
+            taken.push_back(whole_ms(frame));
+        if (factor == 1) {
+            once = median(taken);
+            continue;
+        }
+        for (double &ms : taken)
+            ms = ms / once / factor;
+        print_row(
+            {"growth: frame with " + std::to_string(factor) + " times the pieces, " + std::to_string(depth) + " bits",
+             "of proportional",
+             taken,
+             {false, SLACK}});
+    }
 }
 
 void celebrate(int depth) {
@@ -119,9 +163,9 @@ void celebrate(int depth) {
     until_screen(SCREEN_DIALOG);
     until(
         "the confetti falls", [] { return frame_meter_last().pictures >= CONFETTI; }, CONFETTI_LIMIT);
-    frame_meter_begin();
+    frame_meter_begin(true);
     wait_frames(CONFETTI_FRAMES);
-    report("dialog with confetti", depth);
+    report("dialog with confetti", depth, frame_meter_end());
 }
 
 } // namespace
@@ -132,6 +176,8 @@ int main() {
         const game_result result = play_game(folder, depth, [depth] {
             slide_titles(depth);
             play_factors(depth);
+            if (depth == DEPTHS[0])
+                grow_pieces(depth);
             celebrate(depth);
             _exit(EXIT_SUCCESS);
         });
