@@ -89,17 +89,6 @@ char char_upper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-static u32 hex_digit(char c) {
-    if (c >= '0' && c <= '9')
-        return static_cast<u32>(c - '0');
-    const char letter = char_upper(c);
-    return letter >= 'A' && letter <= 'F' ? static_cast<u32>(letter - 'A') + 10 : 0;
-}
-
-u8 hex_byte(const char *text) {
-    return static_cast<u8>(hex_digit(text[0]) << 4 | hex_digit(text[1]));
-}
-
 const char *month_abbrev(i32 month) {
     static constexpr const char *NAMES[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                             "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};

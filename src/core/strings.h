@@ -9,6 +9,9 @@
 
 #include "core/types.h"
 
+#include <array>
+#include <string_view>
+
 // Makes *target an owned copy of source ("" for null). The length with terminator, or -1 (target untouched).
 i32 string_set(char **target, const char *source);
 
@@ -19,7 +22,21 @@ i32 string_printf(char **target, const char *format, ...) __attribute__((format(
 void string_shift(char *text, i32 k);
 
 char char_upper(char c);             // 'a'..'z' to 'A'..'Z', all else unchanged
-u8 hex_byte(const char *text);       // the first two characters as hexadecimal digits; others count as 0
 const char *month_abbrev(i32 month); // "Jan" .. "Dec" for 0..11, else null
 void log_timestamp(char **target);   // local time such as 07/Mar/2004 14:05:09 +0000
 void date_stamp(char **target);      // local time such as 2004-03-07 14:05
+
+// Hexadecimal digits by character; others count as 0.
+inline constexpr auto HEX_DIGITS = [] {
+    constexpr std::string_view lower = "0123456789abcdef", upper = "0123456789ABCDEF";
+    std::array<u8, 256> digits = {};
+    for (const std::string_view of : {lower, upper})
+        for (std::size_t i = 0; i < of.size(); ++i)
+            digits[static_cast<u8>(of[i])] = static_cast<u8>(i);
+    return digits;
+}();
+
+// The first two characters as hexadecimal digits.
+constexpr u8 hex_byte(const char *text) {
+    return static_cast<u8>(HEX_DIGITS[static_cast<u8>(text[0])] << 4 | HEX_DIGITS[static_cast<u8>(text[1])]);
+}

@@ -9,14 +9,16 @@
 #include "resources/archive.h"
 #include "resources/file_reader.h"
 #include "resources/pixel.h"
-#include "resources/wide.h"
 #include "resources/xpm.h"
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 static constexpr i32 RUN_STEP = 1024; // entries the run table grows by
 
@@ -74,33 +76,48 @@ static bool reserve_runs(run_table *table, i32 more) {
     return true;
 }
 
-// The first pixel from x on that is transparent, or is not; width when there is none. Through the bits that carry
-// colour, several pixels at a time where none of them ends the run.
-template <class P> static i32 end_of_run(const typename P::value *row, i32 x, i32 width, bool transparent, u32 key) {
-    constexpr i32 LANES = sizeof(wide) / sizeof(typename P::value);
-    const wide keys = wide_of<P>(static_cast<typename P::value>(key));
-    for (; x + LANES <= width; x += LANES) {
-        wide pixels;
-        std::memcpy(&pixels, row + x, sizeof pixels);
-        const wide differs = wide_keep_rgb<P>(pixels ^ keys);
-        if (transparent ? differs != 0 : wide_has_zero<P>(differs))
-            break;
+// Which of up to 64 pixels are transparent, one bit a pixel, the first the lowest. Through the bits that carry colour.
+template <class P> static u64 transparent_pixels(const typename P::value *row, i32 count, u32 key) {
+    u64 bits = 0;
+    i32 x = 0;
+#ifdef __SSE2__
+    constexpr i32 LANES = sizeof(__m128i) / sizeof(typename P::value);
+    const bool narrow = P::BITS == pixel16::BITS;
+    const __m128i keys = narrow ? _mm_set1_epi16(static_cast<i16>(key)) : _mm_set1_epi32(static_cast<i32>(key));
+    const __m128i rgb_bits = _mm_set1_epi32(static_cast<i32>(P::RGB_MASK));
+    for (; x + LANES <= count; x += LANES) {
+        const __m128i pixels = _mm_loadu_si128(reinterpret_cast<const __m128i *>(row + x));
+        if (narrow) {
+            const __m128i equal = _mm_cmpeq_epi16(pixels, keys);
+            bits |= static_cast<u64>(_mm_movemask_epi8(_mm_packs_epi16(equal, _mm_setzero_si128()))) << x;
+        } else {
+            const __m128i equal = _mm_cmpeq_epi32(_mm_and_si128(pixels, rgb_bits), keys);
+            bits |= static_cast<u64>(_mm_movemask_ps(_mm_castsi128_ps(equal))) << x;
+        }
     }
-    while (x < width && (((row[x] ^ key) & P::RGB_MASK) == 0) == transparent)
-        ++x;
-    return x;
+#endif
+    for (; x < count; ++x)
+        bits |= static_cast<u64>(((row[x] ^ key) & P::RGB_MASK) == 0) << x;
+    return bits;
 }
 
 // Appends a row's runs, beginning with a transparent one. There must be room for width + 2 entries.
 template <class P> static void add_row(run_table *table, const typename P::value *row, i32 width, u32 key) {
-    bool transparent = true;
-    i32 x = 0;
-    do {
-        const i32 end = end_of_run<P>(row, x, width, transparent, key);
-        table->entries[table->count++] = (end - x) << P::SHIFT;
-        x = end;
-        transparent = !transparent;
-    } while (x < width);
+    constexpr i32 AT_ONCE = 64;
+    u64 last = 1; // the pixel before: transparent
+    i32 start = 0;
+    for (i32 x = 0; x < width; x += AT_ONCE) {
+        const i32 count = std::min(width - x, AT_ONCE);
+        const u64 transparent = transparent_pixels<P>(row + x, count, key);
+        u64 ends = (transparent ^ (transparent << 1 | last)) & (~u64{0} >> (AT_ONCE - count));
+        for (; ends != 0; ends &= ends - 1) {
+            const i32 end = x + std::countr_zero(ends);
+            table->entries[table->count++] = (end - start) << P::SHIFT;
+            start = end;
+        }
+        last = transparent >> (AT_ONCE - 1);
+    }
+    table->entries[table->count++] = (width - start) << P::SHIFT;
     table->entries[table->count++] = RUN_END_ROW;
 }
 

@@ -31,13 +31,6 @@ template <class Pixel> constexpr wide wide_blend_half(wide a, wide b) {
     return wide_keep_rgb<Pixel>(wide_halve<Pixel>(a) + wide_halve<Pixel>(b));
 }
 
-// Whether any lane is 0.
-template <class Pixel> constexpr bool wide_has_zero(wide pixels) {
-    using value = typename Pixel::value;
-    constexpr value TOP_BIT = value{1} << (sizeof(value) * 8 - 1);
-    return ((pixels - wide_of<Pixel>(1)) & ~pixels & wide_of<Pixel>(TOP_BIT)) != 0;
-}
-
 // to[i] = op(to[i], from[i]); op takes and gives wide values and must treat every lane alike. A single pixel at
 // the end goes through the lowest lane.
 template <class Pixel, class Op>

@@ -7,6 +7,7 @@
 #include "core/strings.h"
 #include "resources/pixel.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
@@ -33,6 +34,19 @@ static constexpr auto RANKS = [] {
     for (std::size_t i = 0; i < ALPHABET.size(); ++i)
         ranks[static_cast<u8>(ALPHABET[i])] = static_cast<u8>(i);
     return ranks;
+}();
+
+// The flat table of short symbols.
+static constexpr i32 ROW_LENGTH = 256;
+static constexpr std::size_t ROW_BYTES = ROW_LENGTH * sizeof(u32);
+static constexpr u32 SYMBOL_UNKNOWN = u32{1} << 31;
+static_assert((pixel32::from_rgb({0xFF, 0xFF, 0xFF}) & SYMBOL_UNKNOWN) == 0, "no pixel looks like it");
+
+static constexpr auto UNDEFINED_ROW = [] {
+    std::array<u32, ROW_LENGTH> row = {};
+    for (std::size_t c = 0; c < row.size(); ++c)
+        row[c] = RANKS[c] == NO_RANK ? SYMBOL_UNKNOWN : 0;
+    return row;
 }();
 
 static u8 rank_of(char c) {
@@ -73,7 +87,16 @@ static std::span<const char> take_until(xpm *picture, char c, bool *found) {
     return text.first(n);
 }
 
+// Mostly it stands right at the beginning.
 static bool skip_past(xpm *picture, char c) {
+    constexpr std::size_t NEAR = 4;
+    const std::span<const char> text = picture->text;
+    for (std::size_t i = 0; i < std::min(NEAR, text.size()); ++i) {
+        if (text[i] == c) {
+            picture->text = text.subspan(i + 1);
+            return true;
+        }
+    }
     bool found = true;
     take_until(picture, c, &found);
     return found;
@@ -102,18 +125,60 @@ static i32 to_number(std::span<const char> token) {
 
 // --- palette -------------------------------------------------------------------------------------
 
+static void warn_of_memory() {
+    std::fprintf(stderr, "Warning: could not allocate memory for palette node\n");
+}
+
+static u32 *row_at(const xpm_palette *palette, i32 row) {
+    return palette->flat + row * ROW_LENGTH;
+}
+
+// The index of a new row of the flat table, all black where the alphabet has a character; -1 when memory is short.
+static i32 add_flat_row(xpm_palette *palette) {
+    if (palette->rows == palette->rows_limit) {
+        const i32 limit = palette->rows_limit * 2;
+        void *grown = std::realloc(palette->flat, static_cast<std::size_t>(limit) * ROW_BYTES);
+        if (grown == nullptr) {
+            warn_of_memory();
+            return -1;
+        }
+        palette->flat = static_cast<u32 *>(grown);
+        palette->rows_limit = limit;
+    }
+    std::memcpy(row_at(palette, palette->rows), UNDEFINED_ROW.data(), ROW_BYTES);
+    return palette->rows++;
+}
+
+// The first row is that of characters outside the alphabet, the second that of undefined first characters, and of all
+// symbols of one character.
+static bool create_flat(xpm_palette *palette, i32 color_count, i32 symbol_length) {
+    constexpr i32 FIXED_ROWS = 2;
+    const i32 first_characters = symbol_length == 1 ? 0 : color_count / static_cast<i32>(ALPHABET.size()) + 1;
+    palette->rows_limit = FIXED_ROWS + first_characters; // as symbols are usually given out
+    palette->flat = static_cast<u32 *>(std::malloc(static_cast<std::size_t>(palette->rows_limit) * ROW_BYTES));
+    if (palette->flat == nullptr)
+        return false;
+    std::fill_n(palette->flat, ROW_LENGTH, SYMBOL_UNKNOWN);
+    palette->rows = 1;
+    add_flat_row(palette);
+    for (i32 c = 0; c < ROW_LENGTH; ++c)
+        palette->row_of[c] = UNDEFINED_ROW[static_cast<std::size_t>(c)] == SYMBOL_UNKNOWN ? 0 : ROW_LENGTH;
+    return true;
+}
+
 static bool palette_create(xpm_palette *palette, i32 color_count, i32 symbol_length) {
+    bool created = false;
     if (symbol_length <= MAX_FLAT_LENGTH) {
-        palette->flat = static_cast<u32 *>(std::calloc(std::size_t{1} << (RANK_BITS * symbol_length), sizeof(u32)));
+        created = create_flat(palette, color_count, symbol_length);
     } else {
         const std::size_t slots = std::bit_ceil(static_cast<std::size_t>(color_count) * 2); // half of them stay free
         palette->slots = static_cast<xpm_palette::slot *>(std::calloc(slots, sizeof(xpm_palette::slot)));
         palette->mask = static_cast<u32>(slots - 1);
+        created = palette->slots != nullptr;
     }
-    if (palette->flat != nullptr || palette->slots != nullptr)
-        return true;
-    std::fprintf(stderr, "Warning: could not allocate memory for palette node\n");
-    return false;
+    if (!created)
+        warn_of_memory();
+    return created;
 }
 
 // The slot that holds this key, or the free one where it belongs.
@@ -126,25 +191,60 @@ static xpm_palette::slot *find_slot(const xpm_palette *palette, u64 key) {
     return &palette->slots[at];
 }
 
-static void palette_set(xpm_palette *palette, u64 key, u32 pixel) {
+static bool flat_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
+    const auto last = static_cast<u8>(symbol.back());
+    u32 *row = row_at(palette, 1);
+    if (symbol.size() > 1) {
+        u32 &index = palette->row_of[static_cast<u8>(symbol[0])];
+        if (index == ROW_LENGTH) {
+            const i32 added = add_flat_row(palette);
+            if (added < 0)
+                return false;
+            index = static_cast<u32>(added * ROW_LENGTH);
+        }
+        row = palette->flat + index;
+    }
+    row[last] = pixel;
+    return true;
+}
+
+static bool palette_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
     if (palette->flat != nullptr)
-        palette->flat[key] = pixel;
-    else
-        *find_slot(palette, key) = {key + 1, pixel};
+        return flat_set(palette, symbol, pixel);
+    const u64 key = symbol_key(symbol.data(), static_cast<i32>(symbol.size()));
+    *find_slot(palette, key) = {key + 1, pixel};
+    return true;
 }
 
 static u32 to_pixel(rgb color) {
     return video_format.depth == pixel16::BITS ? pixel16::from_rgb(color) : pixel32::from_rgb(color);
 }
 
-// Reads a colour: "#" and six digits; anything else is black. Null when the text ends.
+static rgb hex_color(const char *digits) {
+    return {hex_byte(digits), hex_byte(digits + 2), hex_byte(digits + 4)};
+}
+
+// Reads a colour: "#" and six digits; anything else is black. False when the text ends.
 static bool read_color(xpm *picture, rgb *color) {
     const char *mark = take(picture, 1);
     const char *digits = mark != nullptr && *mark == '#' ? take(picture, COLOR_DIGITS) : "000000";
     if (mark == nullptr || digits == nullptr)
         return false;
-    *color = {hex_byte(digits), hex_byte(digits + 2), hex_byte(digits + 4)};
+    *color = hex_color(digits);
     return true;
+}
+
+// What follows a symbol, to the end of the string. Nearly every line has the first form, which is told at a glance.
+static bool read_definition(xpm *picture, rgb *color) {
+    constexpr std::string_view BEFORE = " c #";
+    constexpr std::size_t QUOTE = BEFORE.size() + COLOR_DIGITS;
+    const std::string_view text(picture->text.data(), picture->text.size());
+    if (text.size() > QUOTE && text.starts_with(BEFORE) && text[QUOTE] == '"') {
+        *color = hex_color(text.data() + BEFORE.size());
+        picture->text = picture->text.subspan(QUOTE + 1);
+        return true;
+    }
+    return skip_past(picture, 'c') && skip_past(picture, ' ') && read_color(picture, color) && skip_past(picture, '"');
 }
 
 static bool read_palette_line(xpm *picture) {
@@ -153,11 +253,9 @@ static bool read_palette_line(xpm *picture) {
     const auto length = static_cast<std::size_t>(picture->symbol_length);
     const char *symbol = take(picture, length);
     rgb color = {};
-    if (symbol == nullptr || !skip_past(picture, 'c') || !skip_past(picture, ' ') || !read_color(picture, &color) ||
-        !skip_past(picture, '"') || !symbols_known({symbol, length}))
+    if (symbol == nullptr || !read_definition(picture, &color) || !symbols_known({symbol, length}))
         return false;
-    palette_set(&picture->palette, symbol_key(symbol, picture->symbol_length), to_pixel(color));
-    return true;
+    return palette_set(&picture->palette, {symbol, length}, to_pixel(color));
 }
 
 // --- values --------------------------------------------------------------------------------------
@@ -209,29 +307,29 @@ void xpm_close(xpm *picture) {
 
 // --- rows ----------------------------------------------------------------------------------------
 
-// One and two characters a pixel: the key indexes the flat table. The ranks are gathered and judged once a
-// row, so the loop has no branches; NO_RANK is masked away and cannot lead outside the table.
-template <class Pixel, i32 LENGTH> static bool decode_flat(const u32 *flat, const char *row, Pixel *out, i32 width) {
-    constexpr u32 rank_mask = NO_RANK - 1;
+// One and two characters a pixel. What the entries say of unknown characters is gathered and judged once a row, so the
+// loop has no branches.
+template <class Pixel, i32 LENGTH>
+static bool decode_flat(const xpm_palette &palette, const char *row, Pixel *out, i32 width) {
+    const u32 *flat = palette.flat + (LENGTH == 1 ? ROW_LENGTH : 0);
     u32 seen = 0;
-    for (i32 x = 0; x < width; ++x) {
-        u32 key = 0;
-        for (i32 i = 0; i < LENGTH; ++i) {
-            const u32 rank = rank_of(*row++);
-            seen |= rank;
-            key = key << RANK_BITS | (rank & rank_mask);
-        }
-        out[x] = static_cast<Pixel>(flat[key]);
+    for (i32 x = 0; x < width; ++x, row += LENGTH) {
+        u32 entry = static_cast<u8>(row[0]);
+        if (LENGTH > 1)
+            entry = palette.row_of[entry] + static_cast<u8>(row[LENGTH - 1]);
+        entry = flat[entry];
+        seen |= entry;
+        out[x] = static_cast<Pixel>(entry);
     }
-    return (seen & NO_RANK) == 0;
+    return (seen & SYMBOL_UNKNOWN) == 0;
 }
 
 template <class Pixel> static bool decode_row(const xpm *picture, const char *row, Pixel *out) {
     const i32 length = picture->symbol_length;
     if (length == 1)
-        return decode_flat<Pixel, 1>(picture->palette.flat, row, out, picture->width);
+        return decode_flat<Pixel, 1>(picture->palette, row, out, picture->width);
     if (length == 2)
-        return decode_flat<Pixel, 2>(picture->palette.flat, row, out, picture->width);
+        return decode_flat<Pixel, 2>(picture->palette, row, out, picture->width);
     for (i32 x = 0; x < picture->width; ++x, row += length)
         out[x] = static_cast<Pixel>(find_slot(&picture->palette, symbol_key(row, length))->pixel);
     return true;

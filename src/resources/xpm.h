@@ -14,16 +14,19 @@
 
 inline constexpr i32 XPM_MAX_SIDE = 8192; // pixels in a direction
 
-// Symbols to pixels. Symbols of one and two characters index a flat table by their key; longer ones are
-// searched for in an open-addressed one. A symbol that was never defined is black.
+// Symbols to pixels. Symbols of one and two characters index a flat table by their last character, in rows of 256, one
+// for each first character that occurs; longer ones are searched for in an open-addressed table. A symbol that was
+// never defined is black.
 struct xpm_palette {
     struct slot {
         u64 key; // the symbol's, plus one; 0 while free
         u32 pixel;
     };
-    u32 *flat;   // owned, or null
-    slot *slots; // owned, or null
-    u32 mask;    // number of slots less one
+    u32 *flat;            // owned, or null; a pixel, or SYMBOL_UNKNOWN at characters outside the alphabet
+    u32 row_of[256];      // first character to the index of its row in flat
+    i32 rows, rows_limit; // used, and that there is room for
+    slot *slots;          // owned, or null
+    u32 mask;             // number of slots less one
 };
 
 struct xpm {
