@@ -1,7 +1,8 @@
 // span_walk.h: the walk over a picture's run table that every picture routine shares.
 //
-// The walk finds the visible part of each opaque run and hands it to a pixel rule; transparent runs and all that
-// lies outside the box are stepped over without looking at a pixel.
+// A picture that shows whole is drawn from the list of its opaque runs. Else the walk finds the visible part of each
+// opaque run and hands it to a pixel rule; transparent runs and all that lies outside the box are stepped over without
+// looking at a pixel.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -11,6 +12,7 @@
 #include "resources/image.h"
 
 #include <algorithm>
+#include <span>
 
 // The visible part of one opaque run.
 template <class Pixel> struct pixel_span {
@@ -63,12 +65,27 @@ void walk_rows(const frame_buffer &to, const image &picture, i32 x, i32 y, const
     }
 }
 
+// The walk of a picture that shows whole: one loop over its opaque runs.
+template <class Pixel, class Rule>
+void walk_list(const frame_buffer &to, const image &picture, i32 x, i32 y, Rule rule) {
+    using value = typename Pixel::value;
+    u8 *corner = frame_row(to, y) + (static_cast<std::ptrdiff_t>(x) << Pixel::SHIFT);
+    const auto *pixels = reinterpret_cast<const value *>(picture.pixels);
+    for (const image_span &span : std::span(picture.spans, static_cast<std::size_t>(picture.span_count))) {
+        auto *row = reinterpret_cast<value *>(corner + static_cast<std::ptrdiff_t>(span.y) * to.pitch);
+        rule(pixel_span<Pixel>{row + span.x, pixels + span.y * picture.width + span.x, span.count, true, true});
+    }
+}
+
 // Calls rule(pixel_span<Pixel>) for what shows of a picture at (x, y) inside the box, which must lie in the buffer.
 template <class Pixel, class Rule>
 void walk_spans(const frame_buffer &to, const image &picture, i32 x, i32 y, const rect &box, Rule rule) {
     if (rect_is_empty(box) || picture.runs == nullptr)
         return;
-    if (x >= box.x && x + picture.width <= box.x + box.w)
+    const bool inside = x >= box.x && x + picture.width <= box.x + box.w;
+    if (inside && y >= box.y && y + picture.height <= box.y + box.h && picture.spans != nullptr)
+        walk_list<Pixel>(to, picture, x, y, rule);
+    else if (inside)
         walk_rows<Pixel, true>(to, picture, x, y, box, rule);
     else
         walk_rows<Pixel, false>(to, picture, x, y, box, rule);

@@ -41,7 +41,10 @@ image *image_create(i32 width, i32 height) {
         std::free(pixels);
         return nullptr;
     }
-    *picture = {.pixels = pixels, .size = size, .width = width, .height = height, .runs = nullptr, .run_count = 0};
+    picture->pixels = pixels;
+    picture->size = size;
+    picture->width = width;
+    picture->height = height;
     return picture;
 }
 
@@ -61,6 +64,7 @@ struct run_table {
     i32 *entries; // owned
     i32 count;
     i32 capacity;
+    i32 spans; // opaque runs among the entries
 };
 
 // Makes room for this many more entries; false when memory is short.
@@ -104,6 +108,7 @@ template <class P> static u64 transparent_pixels(const typename P::value *row, i
 // Appends a row's runs, beginning with a transparent one. There must be room for width + 2 entries.
 template <class P> static void add_row(run_table *table, const typename P::value *row, i32 width, u32 key) {
     constexpr i32 AT_ONCE = 64;
+    const i32 first = table->count;
     u64 last = 1; // the pixel before: transparent
     i32 start = 0;
     for (i32 x = 0; x < width; x += AT_ONCE) {
@@ -118,6 +123,7 @@ template <class P> static void add_row(run_table *table, const typename P::value
         last = transparent >> (AT_ONCE - 1);
     }
     table->entries[table->count++] = (width - start) << P::SHIFT;
+    table->spans += (table->count - first) / 2;
     table->entries[table->count++] = RUN_END_ROW;
 }
 
@@ -136,11 +142,30 @@ template <class P> static bool build_table(run_table *table, const image *pictur
     return true;
 }
 
+// Writes the opaque runs down one after the other, for drawing a picture that shows whole.
+static void list_spans(image *picture, image_span *spans) {
+    const i32 shift = video_format.shift;
+    i32 count = 0;
+    const i32 *entry = picture->runs;
+    for (u16 y = 0; *entry != RUN_END_PICTURE; ++y, ++entry) {
+        for (i32 x = 0, opaque = 0; *entry >= 0; ++entry, opaque ^= 1) {
+            const i32 length = *entry >> shift;
+            if (opaque != 0)
+                spans[count++] = {static_cast<u16>(x), y, length};
+            x += length;
+        }
+    }
+    picture->spans = spans;
+    picture->span_count = count;
+}
+
 bool image_build_runs(image *picture) {
     ++changes;
     std::free(picture->runs);
     picture->runs = nullptr;
     picture->run_count = 0;
+    picture->spans = nullptr;
+    picture->span_count = 0;
     run_table table = {};
     const bool narrow = video_format.depth == pixel16::BITS;
     if (!(narrow ? build_table<pixel16>(&table, picture) : build_table<pixel32>(&table, picture))) {
@@ -148,9 +173,15 @@ bool image_build_runs(image *picture) {
         std::free(table.entries);
         return false;
     }
-    void *exact = std::realloc(table.entries, static_cast<std::size_t>(table.count) * sizeof(i32));
-    picture->runs = exact != nullptr ? static_cast<i32 *>(exact) : table.entries;
+    picture->runs = table.entries;
     picture->run_count = table.count;
+    const auto runs_bytes = static_cast<std::size_t>(table.count) * sizeof(i32);
+    const auto spans_bytes = static_cast<std::size_t>(table.spans) * sizeof(image_span);
+    void *exact = std::realloc(table.entries, runs_bytes + spans_bytes);
+    if (exact == nullptr)
+        return true;
+    picture->runs = static_cast<i32 *>(exact);
+    list_spans(picture, reinterpret_cast<image_span *>(picture->runs + table.count));
     return true;
 }
 

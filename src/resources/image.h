@@ -9,6 +9,12 @@
 
 #include "core/types.h"
 
+// One opaque run, in pixels of the picture.
+struct image_span {
+    u16 x, y; // its first pixel
+    i32 count;
+};
+
 struct image {
     u8 *pixels;    // owned; width x height pixels, rows without padding
     i32 size;      // bytes
@@ -16,6 +22,9 @@ struct image {
     i32 height;    // pixels
     i32 *runs;     // owned; see image_build_runs; null for a blank image until built
     i32 run_count; // entries
+    const image_span
+        *spans; // the run table's opaque runs, behind it in its block; null when there was no room for them
+    i32 span_count;
 };
 
 inline constexpr i32 RUN_END_ROW = -1;
