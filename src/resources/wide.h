@@ -9,6 +9,9 @@
 #include "core/types.h"
 
 #include <cstring>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 using wide = std::uint64_t;
 
@@ -57,7 +60,21 @@ template <class Pixel, class Op> void wide_change(typename Pixel::value *to, i32
 // Copies a span. Most are a few pixels, for which calling memcpy takes longer than copying: pieces of a fixed size are
 // moved in registers, the last one laid over the end of the one before.
 template <std::size_t PIECE> void copy_pieces(u8 *to, const u8 *from, std::size_t bytes) {
-    for (std::size_t at = 0; at + PIECE < bytes; at += PIECE)
+    std::size_t at = 0;
+#ifdef __SSE2__
+    constexpr std::size_t LANE = sizeof(__m128i), FOUR = 4 * LANE;
+    for (; PIECE == LANE && at + FOUR <= bytes; at += FOUR) { // four loads before four stores
+        const auto *lanes = reinterpret_cast<const __m128i *>(from + at);
+        auto *out = reinterpret_cast<__m128i *>(to + at);
+        const __m128i a = _mm_loadu_si128(lanes), b = _mm_loadu_si128(lanes + 1);
+        const __m128i c = _mm_loadu_si128(lanes + 2), d = _mm_loadu_si128(lanes + 3);
+        _mm_storeu_si128(out, a);
+        _mm_storeu_si128(out + 1, b);
+        _mm_storeu_si128(out + 2, c);
+        _mm_storeu_si128(out + 3, d);
+    }
+#endif
+    for (; at + PIECE < bytes; at += PIECE)
         std::memcpy(to + at, from + at, PIECE);
     std::memcpy(to + bytes - PIECE, from + bytes - PIECE, PIECE);
 }
