@@ -2,11 +2,11 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "core/puzzle_info.h"
 #include "core/screen.h"
 #include "frame_meter.h"
 #include "program/player.h"
 #include "puzzles/board.h"
-#include "puzzles/puzzle_info.h"
 #include "screens/dialog.h"
 #include "sprites/effect.h"
 #include "sprites/sprite.h"
