@@ -3,8 +3,8 @@
 //     tavimo-saves [number of random kills]
 //
 // The program runs until it saves; there it is copied (fork), again and again, each time into a folder of its own.
-// Each copy goes on to save and exit, and is killed: after a random time, before or after one of its system calls, or
-// within a write, at a page, where the system cuts one.
+// Each copy goes on to save and exit, and is killed: after a random time, or before or after one of its system calls.
+// A copy writes page by page, so that it is also killed within what it writes.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -13,7 +13,6 @@
 #include "monkey/monkey.h"
 #include "persist/best_times.h"
 #include "persist/prefs.h"
-#include "support/temp_folder.h"
 
 #include <SDL.h>
 #include <sys/ptrace.h>
@@ -32,16 +31,16 @@ using moment = std::chrono::steady_clock;
 namespace {
 
 constexpr const char *FILES[] = {"prefs", "scores"};
-constexpr int PAGE = 4096, WRITES = 4, STOP_LIMIT = 1000;
+constexpr std::size_t PAGE = 4096; // bytes; where the system cuts a write
+constexpr int STOP_LIMIT = 1000;
 constexpr long FRAMES_BEFORE = 20;
 
-// How a copy dies; the fields that are not used are 0. With none it ends by itself.
+// How a copy dies; with neither it ends by itself.
 struct death {
-    int delay = 0;           // microseconds
-    int stop = 0;            // the n-th of the stops before and after system calls
-    int write = 0, page = 0; // the n-th write, after so many pages
+    int delay = 0; // microseconds
+    int stop = 0;  // the n-th of the stops before and after system calls
 };
-death mine;
+bool is_copy = false;
 int kills = 500, folders = 0, copies_ended = 0;
 double longest = 1e9; // microseconds that an unharmed copy takes, at best
 fs::path game_root;
@@ -50,7 +49,7 @@ fs::path game_root;
 enum before : int { NOTHING, SAME_LENGTH, LONGER, BEFORE_KINDS };
 file_bytes old_files[BEFORE_KINDS][2], new_files[BEFORE_KINDS][2];
 
-fs::path make_folder(before kind) {
+fs::path make_folder(int kind) {
     const fs::path root = game_root / std::to_string(++folders);
     fs::create_directories(root / "bin");
     fs::create_directories(root / "data");
@@ -62,13 +61,12 @@ fs::path make_folder(before kind) {
 void kill_copy(pid_t pid, const death &how) {
     const auto start = moment::now();
     int status = 0;
-    if (how.delay > 0) {
-        while (moment::now() < start + std::chrono::microseconds(how.delay))
-            continue;
+    while (moment::now() < start + std::chrono::microseconds(how.delay))
+        continue;
+    if (how.delay > 0)
         kill(pid, SIGKILL);
-    }
     waitpid(pid, &status, 0);
-    if (how.delay == 0 && how.stop == 0 && how.write == 0)
+    if (how.delay == 0 && how.stop == 0)
         longest = std::min(longest, std::chrono::duration<double, std::micro>(moment::now() - start).count());
     for (int i = 0; i < how.stop && WIFSTOPPED(status); ++i) {
         ptrace(PTRACE_SYSCALL, pid, nullptr, nullptr);
@@ -83,27 +81,23 @@ void kill_copy(pid_t pid, const death &how) {
 
 // The next start in that folder, and its exit.
 bool start_again(const fs::path &root) {
-    const pid_t pid = fork();
-    if (pid == 0) {
-        fs::current_path(root / "bin");
-        prefs_load();
-        best_times_load();
-        _exit(prefs_save() == 1 && best_times_save() == 1 ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(pid, &status, 0);
-    return status == 0;
+    return run_in_child([&] {
+               fs::current_path(root / "bin");
+               prefs_load();
+               best_times_load();
+               _exit(prefs_save() == 1 && best_times_save() == 1 ? 0 : 1);
+           }) == 0;
 }
 
 // True in the copy, which goes on to save and exit. Otherwise it is dead, and what it left is the old or the new file,
 // or one that the next start knows to be damaged and keeps.
-bool copy_and_kill(before kind, const death &how) {
+bool copy_and_kill(int kind, const death &how) {
     const fs::path root = make_folder(kind);
     std::fflush(nullptr);
     const pid_t pid = fork();
     if (pid == 0) {
         fs::current_path(root / "bin");
-        mine = how;
+        is_copy = true;
         if (how.stop > 0) {
             ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
             raise(SIGSTOP);
@@ -122,8 +116,7 @@ bool copy_and_kill(before kind, const death &how) {
         const bool kept = read_file(root / "data" / (FILES[i] + std::string(".bad"))) == found[i];
         if (!saves_again || (!whole && !kept))
             monkey_fail(std::string(FILES[i]) + " is lost or mixed; killed after " + std::to_string(how.delay) +
-                        " us, at stop " + std::to_string(how.stop) + ", in write " + std::to_string(how.write) +
-                        " after page " + std::to_string(how.page));
+                        " us, at stop " + std::to_string(how.stop) + ", before it case " + std::to_string(kind));
     }
     fs::remove_all(root);
     return false;
@@ -131,26 +124,22 @@ bool copy_and_kill(before kind, const death &how) {
 
 // Called where the program begins to save. Returns in its copies.
 void kill_copies() {
-    for (int k = 0; k < BEFORE_KINDS; ++k) {
-        if (copy_and_kill(static_cast<before>(k), {}))
+    for (int kind = 0; kind < BEFORE_KINDS; ++kind) {
+        if (copy_and_kill(kind, {}))
             return;
-        if (new_files[k][1].size() < 2 * PAGE || copies_ended != k + 1)
+        if (new_files[kind][1].size() < 2 * PAGE || copies_ended != kind + 1)
             monkey_fail("the program does not save by itself");
     }
     for (int i = 1; i <= kills; ++i)
-        if (copy_and_kill(static_cast<before>(i % BEFORE_KINDS), {.delay = 1 + static_cast<int>(longest * i / kills)}))
+        if (copy_and_kill(i % BEFORE_KINDS, {.delay = 1 + static_cast<int>(longest * i / kills)}))
             return;
     std::printf("%d killed after 0 .. %.0f us, %d of them too late\n", kills, longest, copies_ended - BEFORE_KINDS);
     int stops = 0;
-    for (int k = 0; k < BEFORE_KINDS; ++k) {
+    for (int kind = 0; kind < BEFORE_KINDS; ++kind)
         for (int n = 1, ended = copies_ended; ended == copies_ended && n < STOP_LIMIT; ++n, ++stops)
-            if (copy_and_kill(static_cast<before>(k), {.stop = n}))
+            if (copy_and_kill(kind, {.stop = n}))
                 return;
-        for (int i = 0; i < WRITES * 3; ++i)
-            if (copy_and_kill(static_cast<before>(k), {.write = 1 + i / 3, .page = 1 + i % 3}))
-                return;
-    }
-    std::printf("%d killed at system calls, %d within a write\n", stops, BEFORE_KINDS * WRITES * 3);
+    std::printf("%d killed at system calls\n", stops);
     std::fflush(nullptr);
     _exit(0);
 }
@@ -158,9 +147,8 @@ void kill_copies() {
 // Puts other names and times of the same length into every table.
 void fill_tables(const char *name, int seconds) {
     app_state_set_name(app, name);
-    for (i32 type = 0; type < PUZZLE_COUNT; ++type)
-        for (i32 i = 0; i < LOG_LENGTH; ++i)
-            best_times_record(type, name, seconds + i);
+    for (i32 i = 0; i < PUZZLE_COUNT * LOG_LENGTH; ++i)
+        best_times_record(i % PUZZLE_COUNT, name, seconds + i);
 }
 
 void prepare_files() {
@@ -177,50 +165,45 @@ void prepare_files() {
     app_request_quit();
 }
 
+// --- Ways out ------------------------------------------------------------------------------------
+
 // Through the dialog, one press every other frame.
 void leave_by_dialog() {
-    const bool down = report->run_frames % 2 == 0;
-    devices.x = 720;
-    devices.y = 495;
-    devices.buttons = down && screen_current() == SCREEN_SPLASH ? SDL_BUTTON(SDL_BUTTON_LEFT) : 0;
-    devices.keys[SDLK_ESCAPE] = down && screen_current() == SCREEN_TITLE;
-    devices.keys[SDLK_y] = down && screen_current() == SCREEN_DIALOG;
+    if (!hands_rest())
+        return;
+    if (screen_current() == SCREEN_SPLASH)
+        click(COLUMN_X, SPLASH_GO_Y);
+    else
+        press(screen_current() == SCREEN_TITLE ? SDLK_ESCAPE : SDLK_y);
 }
 
-struct way_out {
+constexpr struct way_out {
     const char *name;
     void (*leave)();
-    int exit_code;
-};
-
-constexpr way_out WAYS[] = {
-    {"SIGTERM", [] { raise(SIGTERM); }, 0},
-    {"SIGINT", [] { raise(SIGINT); }, 0},
-    {"the close button", [] { monkey_push_event(SDL_QUIT); }, 0},
-    {"the exit dialog", leave_by_dialog, 0},
-    {"all at once", [] { raise(SIGTERM), raise(SIGINT), monkey_push_event(SDL_QUIT), leave_by_dialog(); }, 0},
-    {"a library's exit", [] { std::exit(1); }, 0}, // as when the display goes away
+} WAYS[] = {
+    {"SIGTERM", [] { raise(SIGTERM); }},
+    {"SIGINT", [] { raise(SIGINT); }},
+    {"the close button", [] { push_event(SDL_QUIT); }},
+    {"the exit dialog", leave_by_dialog},
+    {"all at once", [] { raise(SIGTERM), raise(SIGINT), push_event(SDL_QUIT), leave_by_dialog(); }},
+    {"a library's exit", [] { std::exit(1); }}, // as when the display goes away
 };
 const way_out *way = nullptr;
 
 void leave() {
     if (report->run_frames >= FRAMES_BEFORE)
         way->leave();
+    hands_move();
 }
 
-int run_program(void (*move)()) {
-    return monkey_run_program(
-        {.seed = 1, .frames = 10000, .depth = 16, .render_thread = false, .soak = false, .move = move});
-}
-
-bool leave_each_way() {
+bool leaves_each_way() {
     for (const way_out &row : WAYS) {
         way = &row;
-        report->counts[PREFS_SAVES] = report->counts[SCORES_SAVES] = 0;
-        const int exit_code = run_program(leave);
-        const long prefs = report->counts[PREFS_SAVES], scores = report->counts[SCORES_SAVES];
-        std::printf("%s: exit code %d, %ld and %ld saves\n", row.name, exit_code, prefs, scores);
-        if (exit_code != row.exit_code || prefs != 1 || scores != 1)
+        report->prefs_saves = report->scores_saves = 0;
+        const int exit_code = monkey_run({.move = leave});
+        std::printf("%s: exit code %d, %ld and %ld saves\n", row.name, exit_code, report->prefs_saves,
+                    report->scores_saves);
+        if (exit_code != 0 || report->prefs_saves != 1 || report->scores_saves != 1)
             return false;
     }
     return true;
@@ -230,30 +213,22 @@ bool leave_each_way() {
 
 extern "C" {
 // No audio thread, which a copy of the process would wait for.
-int __wrap_SDL_OpenAudio(SDL_AudioSpec *, SDL_AudioSpec *);
 int __wrap_SDL_OpenAudio(SDL_AudioSpec *, SDL_AudioSpec *) {
     return -1;
 }
 
 ssize_t __real_write(int fd, const void *bytes, std::size_t count);
-ssize_t __wrap_write(int fd, const void *bytes, std::size_t count);
 ssize_t __wrap_write(int fd, const void *bytes, std::size_t count) {
-    if (mine.write == 0 || --mine.write > 0)
-        return __real_write(fd, bytes, count);
-    __real_write(fd, bytes, std::min(count, static_cast<std::size_t>(mine.page * PAGE)));
-    kill(getpid(), SIGKILL);
-    return -1;
+    return __real_write(fd, bytes, is_copy ? std::min(count, PAGE) : count);
 }
 }
 
 int main(int count, char **arguments) {
     if (count > 1)
         kills = std::atoi(arguments[1]);
-    report = monkey_start(false);
-    temp_game game;
+    const whole_game game;
     game_root = game.root;
-    fs::create_symlink(TAVIMO_DATA_FILE, game.data("data.dar"));
-    const bool well = leave_each_way() && run_program(prepare_files) == 0;
+    const bool well = leaves_each_way() && monkey_run({.move = prepare_files}) == 0;
     std::printf("%s\n", well ? "No fault found" : "A fault found");
     return well ? 0 : 1;
 }

@@ -11,33 +11,30 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <fstream>
 
-namespace {
-
-constexpr int LEARNING_ROUNDS = 3;   // until all sounds are loaded and all glyphs have been coloured
-constexpr long HEAP_SLACK = 8 << 10; // bytes
-constexpr long RSS_SLACK = 4 << 20;
-constexpr int SOUND_TAIL = 70; // times 10 ms, until no sound is playing
+static constexpr long LEARNING_ROUNDS = 3;  // until all sounds are loaded and all glyphs have been coloured
+static constexpr long HEAP_SLACK = 8 << 10; // bytes
+static constexpr long RSS_SLACK = 4 << 20;
+static constexpr int SOUND_TAIL = 70; // times 10 ms, until no sound is playing
 
 // Full logs, so that a recorded run takes the place of another one.
-void fill_logs() {
-    for (i32 type = 0; type < PUZZLE_COUNT; ++type)
-        for (i32 i = 0; i < LOG_LENGTH; ++i)
-            best_times_record(type, "Anonymous", 1);
+static void fill_logs() {
+    for (i32 i = 0; i < PUZZLE_COUNT * LOG_LENGTH; ++i)
+        best_times_record(i % PUZZLE_COUNT, "Anonymous", 1);
+    std::ranges::fill(report->recorded, 0);
 }
 
-long resident_bytes() {
+static long resident_bytes() {
     long pages = 0, resident = 0;
-    FILE *file = std::fopen("/proc/self/statm", "r");
-    if (file == nullptr || std::fscanf(file, "%ld %ld", &pages, &resident) != 2)
-        monkey_fail("/proc/self/statm cannot be read");
-    std::fclose(file);
+    std::ifstream("/proc/self/statm") >> pages >> resident;
     return resident * sysconf(_SC_PAGESIZE);
 }
 
 // The blocks that grow to the longest list or rectangle of all frames and are used again stay out.
-long heap_bytes() {
+static long heap_bytes() {
     const struct mallinfo2 info = mallinfo2();
     long used = static_cast<long>(info.uordblks + info.hblkhd);
     for (const draw_block &list : draw_queue.lists)
@@ -46,8 +43,6 @@ long heap_bytes() {
         used -= slot.capacity;
     return used;
 }
-
-} // namespace
 
 void soak_measure() {
     static long runs_begun = 0, first_heap = 0, first_rss = 0;
@@ -59,14 +54,14 @@ void soak_measure() {
         usleep(10'000);
         sound_update();
     }
-    const long heap = heap_bytes(), rss = resident_bytes(), round = report->rounds++;
+    const long heap = heap_bytes(), rss = resident_bytes(), round = runs_begun / PUZZLE_COUNT;
     std::printf("round %ld: frame %ld, %ld bytes of heap, %ld KiB resident\n", round, report->run_frames, heap,
                 rss >> 10);
     std::fflush(stdout);
     if (round <= LEARNING_ROUNDS) {
         first_heap = heap;
         first_rss = rss;
-    } else if (heap > first_heap + HEAP_SLACK || rss > first_rss + RSS_SLACK) {
+    } else if (heap > first_heap + HEAP_SLACK || rss > first_rss + RSS_SLACK || rss == 0) {
         monkey_fail("memory grows");
     }
 }

@@ -8,6 +8,7 @@
 #include "core/app.h"
 #include "resources/archive_format.h"
 #include "support/stored_files.h"
+#include "support/whole_program/whole_program.h"
 #include "sweep/sweep.h"
 
 #include <execinfo.h>
@@ -18,9 +19,7 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <map>
-#include <random>
 #include <set>
 #include <string_view>
 
@@ -31,6 +30,7 @@ namespace {
 constexpr unsigned HANGS_AFTER = 240; // seconds, on a busy machine
 constexpr rlim_t MOST_CPU = 15;       // seconds
 constexpr int CUTS = 256, FLIPS = 2000;
+constexpr int FRAMES_A_LIST = 4; // drawing takes most of the time, and nobody looks
 
 fs::path game;
 failing cause = {};
@@ -204,16 +204,17 @@ int main(int count, char **arguments) {
         first = ARCHIVE_CUT, last = ARCHIVE_FLIPPED;
     else
         return std::fprintf(stderr, "usage: %s allocations|calls|archive [--short|--long [N]]\n", arguments[0]), 2;
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
-    std::string name = (fs::temp_directory_path() / "tavimo-sweep-XXXXXX").string();
-    game = mkdtemp(name.data());
-    fs::create_directories(game / "bin");
-    fs::create_directories(game / "data");
-    fs::create_symlink(TAVIMO_DATA_FILE, game / "data/data.dar");
+    const whole_game folder; // finish removes it, in this process only
+    game = folder.root;
     write_file(game / "data/prefs", stored_prefs(KEEPER));
     write_file(game / "data/scores", stored_scores(KEEPER, 1));
     choose_places();
-    fs::current_path(game / "bin");
+    harness.frame = scenario_step;
+    harness.thread_fails = [] { return strikes(THREAD_FAILS); };
+    harness.render_turn = [](bool needed) {
+        static int frame = 0;
+        return needed || frame++ % FRAMES_A_LIST == 0;
+    };
     std::atexit(finish);
     ready = true;
     app_run();

@@ -10,96 +10,94 @@
 #include "screens/dialog.h"
 #include "screens/play.h"
 #include "sprites/sprite.h"
+#include "support/whole_program/hands.h"
 #include "sweep/sweep.h"
-
-#include <SDL.h>
-
-#include <functional>
-#include <vector>
 
 namespace {
 
-struct step {
-    int frames; // to wait before it
-    std::function<void()> act;
-};
+constexpr int SHORTLY = 3, BUBBLE = 14, LATER = 30, ENTRANCE = 42; // frames
+constexpr int FRAMES_AFTER_FAILURE = 60, EXIT_BUTTON = 1;
 
-constexpr int SHORTLY = 3, ENTRANCE = 42; // frames
-constexpr int COLUMN_X = 720, SPLASH_GO_Y = 495, EXIT_Y = 579, NOWHERE_Y = 300;
-constexpr int FRAMES_AFTER_FAILURE = 60;
+void show(screen_id id) {
+    then([id] { screen_request(id); });
+    wait_frames(SHORTLY);
+}
 
-step click(int frames, int x, int y) {
-    return {frames, [=] { device_click(x, y); }};
+void select_puzzle(int type) {
+    then([type] { app_state_select_puzzle(app, type); });
 }
-step press(int frames, int key) {
-    return {frames, [=] { device_key(key); }};
+
+void press_after(int frames, int key) {
+    wait_frames(frames);
+    press(key);
 }
-step show(int frames, screen_id id) {
-    return {frames, [=] { screen_request(id); }};
-}
-step with_board(int frames, void (*act)(board *)) {
-    return {frames, [=] {
-                if (screen_current() == SCREEN_PLAY && app->board->type != BOARD_NO_TYPE)
-                    act(app->board);
-            }};
+
+void do_after(int frames, void (*act)(board *)) {
+    wait_frames(frames);
+    then([act] {
+        if (screen_current() == SCREEN_PLAY && app->board->type != BOARD_NO_TYPE)
+            act(app->board);
+    });
 }
 
 void take_a_piece(board *b) {
     for (const sprite *piece : each(b->pieces))
         if ((piece->flags & (SPRITE_INERT | SPRITE_HIDDEN)) == 0)
-            device_click(piece->x + piece->w / 2, piece->y + piece->h / 2);
+            devices = {.x = piece->x + piece->w / 2, .y = piece->y + piece->h / 2, .buttons = 1, .keys = {}};
 }
 
-void play_selected() {
-    play_request_new_run();
-    dialog_enter_name(true);
-    screen_request(SCREEN_DIALOG);
+void play(int type) {
+    select_puzzle(type);
+    then([] {
+        play_request_new_run();
+        dialog_enter_name(true);
+        screen_request(SCREEN_DIALOG);
+    });
+    press_after(ENTRANCE, 'a');
+    press_after(SHORTLY, SDLK_RETURN);
+    for (int bubbles = 3; bubbles > 0; --bubbles) {
+        wait_frames(BUBBLE);
+        click(COLUMN_X, NOWHERE_Y);
+    }
+    do_after(SHORTLY, take_a_piece);
+    hold(false);
+    press_after(SHORTLY, SDLK_SPACE);
+    press_after(LATER, '7');
+    press_after(SHORTLY, SDLK_RETURN);
+    do_after(LATER, board_debug_reveal);
+    do_after(LATER, board_debug_place_most);
+    do_after(LATER, board_debug_finish);
+    press_after(ENTRANCE, SDLK_RETURN);
+    wait_frames(LATER);
+    show(SCREEN_TITLE);
 }
 
-std::vector<step> all_steps() {
-    std::vector<step> steps = {click(ENTRANCE, COLUMN_X, SPLASH_GO_Y), show(SHORTLY, SCREEN_CREDITS)};
-    const auto add = [&](std::initializer_list<step> more) { steps.insert(steps.end(), more); };
-    const auto select = [](int type) { return step{SHORTLY, [type] { app_state_select_puzzle(app, type); }}; };
-    for (int type = 0; type < PUZZLE_COUNT; ++type)
-        add({select(type), show(0, SCREEN_STUDY), show(SHORTLY, SCREEN_TITLE)});
-    const step close_help = click(14, COLUMN_X, NOWHERE_Y);
+bool plan() {
+    wait_frames(ENTRANCE);
+    click(COLUMN_X, SPLASH_GO_Y);
+    wait_frames(SHORTLY);
+    show(SCREEN_CREDITS);
+    for (int type = 0; type < PUZZLE_COUNT; ++type) {
+        select_puzzle(type);
+        show(SCREEN_STUDY);
+        show(SCREEN_TITLE);
+    }
     for (const int type : {0, 3, 9})
-        add({select(type),
-             {0, play_selected},
-             press(ENTRANCE, 'a'),
-             press(SHORTLY, SDLK_RETURN),
-             close_help,
-             close_help,
-             close_help,
-             with_board(SHORTLY, take_a_piece),
-             press(SHORTLY, SDLK_SPACE),
-             press(30, '7'),
-             press(SHORTLY, SDLK_RETURN),
-             with_board(30, board_debug_reveal),
-             with_board(20, board_debug_place_most),
-             with_board(10, board_debug_finish),
-             press(ENTRANCE, SDLK_RETURN),
-             show(20, SCREEN_TITLE)});
-    add({click(SHORTLY, COLUMN_X, EXIT_Y),
-         press(ENTRANCE, SDLK_y),
-         click(ENTRANCE, COLUMN_X, SPLASH_GO_Y),
-         {SHORTLY, app_request_quit}});
-    return steps;
+        play(type);
+    click_column(EXIT_BUTTON);
+    press_after(ENTRANCE, SDLK_y);
+    wait_frames(ENTRANCE);
+    click(COLUMN_X, SPLASH_GO_Y);
+    then(app_request_quit);
+    return true;
 }
 
 } // namespace
 
 void scenario_step() {
-    static const std::vector<step> steps = all_steps();
-    static std::size_t at = 0;
-    static int waited = 0, after_failure = 0;
-    device_release();
-    if (app == nullptr)
-        return; // start-up polls once
+    [[maybe_unused]] static const bool planned = plan();
+    static int after_failure = 0;
     if (struck().what != NO_FAILURE && ++after_failure == FRAMES_AFTER_FAILURE)
         app_request_quit();
-    if (at < steps.size() && ++waited > steps[at].frames) {
-        waited = 0;
-        steps[at++].act();
-    }
+    hands_move();
 }

@@ -2,40 +2,30 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "graphics/locks.h"
-#include "graphics/render.h"
 #include "sweep/sweep.h"
 
 #include <SDL.h>
-#include <SDL_thread.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vorbis/vorbisfile.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
 
-// A seam is declared twice: as the real function, and as what stands in its place.
+// A seam declares the real function and begins what stands in its place.
 #define SEAM(result, name, ...)                                                                                        \
     extern "C" result __real_##name(__VA_ARGS__);                                                                      \
-    extern "C" result __wrap_##name(__VA_ARGS__);                                                                      \
-    result __wrap_##name(__VA_ARGS__)
+    extern "C" result __wrap_##name(__VA_ARGS__)
 
 namespace {
 
-std::array<Uint8, 323> keys;
-int mouse_at_x, mouse_at_y;
-bool button_down;
-Uint32 now;
 int archive = -1; // the descriptor whose bytes may be damaged
 
 constexpr u32 AUDIO_BYTES = 16384;
-constexpr int FRAMES_A_PASS = 4; // drawing takes most of the time, and nobody looks
 
 int failed(int reason) {
     errno = reason;
@@ -59,21 +49,6 @@ ssize_t damaged_read(i64 offset, u8 *bytes, ssize_t count) {
 
 } // namespace
 
-void device_click(int x, int y) {
-    mouse_at_x = x;
-    mouse_at_y = y;
-    button_down = true;
-}
-
-void device_key(int key) {
-    keys.at(static_cast<std::size_t>(key)) = 1;
-}
-
-void device_release() {
-    button_down = false;
-    keys.fill(0);
-}
-
 // --- Memory --------------------------------------------------------------------------------------
 
 SEAM(void *, malloc, std::size_t size) {
@@ -89,8 +64,7 @@ SEAM(void *, realloc, void *block, std::size_t size) {
 // --- Files ---------------------------------------------------------------------------------------
 
 extern "C" int __real_open(const char *path, int flags, ...);
-extern "C" int __wrap_open(const char *path, int flags, ...);
-int __wrap_open(const char *path, int flags, ...) {
+extern "C" int __wrap_open(const char *path, int flags, ...) {
     if (strikes(OPEN_FAILS))
         return failed((flags & O_WRONLY) != 0 ? EROFS : EACCES);
     std::va_list rest;
@@ -196,38 +170,10 @@ SEAM(int, SDL_mutexP, SDL_mutex *) { // a child could not release what was taken
 SEAM(int, SDL_mutexV, SDL_mutex *) {
     return 0;
 }
-SEAM(SDL_Thread *, SDL_CreateThread, int (*)(void *), void *) {
-    static int stand_in;
-    render_running.store(false); // frames are played in the main thread
-    return strikes(THREAD_FAILS) ? sdl_failed<SDL_Thread *>(nullptr) : reinterpret_cast<SDL_Thread *>(&stand_in);
-}
-SEAM(void, SDL_WaitThread, SDL_Thread *, int *) {}
 SEAM(int, SDL_OpenAudio, SDL_AudioSpec *wanted, SDL_AudioSpec *) {
     wanted->size = AUDIO_BYTES;
     return strikes(AUDIO_FAILS) ? sdl_failed(-1) : 0;
 }
 SEAM(long, ov_read, OggVorbis_File *file, char *to, int length, int endian, int word, int is_signed, int *link) {
     return strikes(DECODER_FAILS) ? OV_EREAD : __real_ov_read(file, to, length, endian, word, is_signed, link);
-}
-SEAM(Uint8 *, SDL_GetKeyState, int *count) {
-    if (count != nullptr)
-        *count = static_cast<int>(keys.size());
-    return keys.data();
-}
-SEAM(Uint8, SDL_GetMouseState, int *x, int *y) {
-    *x = mouse_at_x;
-    *y = mouse_at_y;
-    return button_down ? SDL_BUTTON(SDL_BUTTON_LEFT) : 0;
-}
-SEAM(void, SDL_PumpEvents) {
-    scenario_step();
-}
-SEAM(Uint32, SDL_GetTicks) {
-    return now;
-}
-SEAM(void, SDL_Delay, Uint32 span) {
-    static int frame = 0;
-    now += span;
-    if (frame++ % FRAMES_A_PASS == 0)
-        render_pass();
 }

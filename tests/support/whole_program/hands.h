@@ -1,0 +1,23 @@
+// hands.h: a player's hands: what they are to do is queued, and each frame makes one move.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "support/whole_program/whole_program.h"
+
+// Inside the buttons of the right-hand column, of the splash and of the title's list.
+inline constexpr int COLUMN_X = 720, SPLASH_GO_Y = 495, NOWHERE_Y = 300;
+
+bool hands_rest(); // nothing is queued
+void hands_move();
+
+void then(std::function<void()> move);
+void wait_frames(int count);
+void point(int x, int y);
+void hold(bool down); // the left button
+void set_key(int key, bool down);
+void press(int key);
+void click();
+void click(int x, int y);
+void click_column(int n); // the nth button from below on the title and the study screen
