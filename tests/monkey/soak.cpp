@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/draw_queue.h"
 #include "graphics/frame_buffers.h"
+#include "graphics/repeat.h"
 #include "monkey/monkey.h"
 #include "persist/best_times.h"
 #include "sound/sound.h"
@@ -35,6 +36,7 @@ static long resident_bytes() {
 
 // The blocks that grow to the longest list or rectangle of all frames and are used again stay out.
 static long heap_bytes() {
+    repeat_free();
     const struct mallinfo2 info = mallinfo2();
     long used = static_cast<long>(info.uordblks + info.hblkhd);
     for (const draw_block &list : draw_queue.lists)

@@ -64,6 +64,31 @@ TEST(start, without_a_usable_archive_says_why_and_stops) {
     }
 }
 
+TEST(start, with_a_folder_in_a_file_s_place_says_which) {
+    const struct {
+        const char *folder;
+        int exit_code;
+        const char *message;
+    } ROWS[] = {
+        {"data/data.dar", EXIT_NO_START, "data.dar is cut short"},
+        {"bin/errorlog.log", 0, "Could not open error log file errorlog.log"},
+        {"data/prefs", 0, "prefs for writing"},
+        {"data/scores", 0, "scores for writing"},
+    };
+    for (const auto &row : ROWS) {
+        SCOPED_TRACE(row.folder);
+        const game_folder folder;
+        fs::remove(folder.file(row.folder));
+        fs::create_directories(folder.file(row.folder) / "within");
+        if (row.folder == std::string("bin/errorlog.log")) // so that there is something to be said
+            folder.write("data/data.dar", without_entry(folder.text("data/data.dar"), "ogg/click.ogg"));
+        const game_result result = play_game(folder, 16, walk_in_and_out);
+        EXPECT_EQ(result.exit_code, row.exit_code) << result.said;
+        EXPECT_NE((result.log + result.said).find(row.message), std::string::npos) << result.log << result.said;
+        EXPECT_TRUE(fs::is_directory(folder.file(row.folder)));
+    }
+}
+
 TEST(start, goes_on_without_a_sound_and_without_a_device) {
     const game_folder folder;
     folder.write("data/data.dar", without_entry(folder.text("data/data.dar"), "ogg/click.ogg"));

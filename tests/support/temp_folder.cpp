@@ -55,6 +55,8 @@ std::string masked_digits(std::string text) {
 }
 
 file_bytes read_file(const fs::path &path) {
+    if (!fs::is_regular_file(path))
+        return {};
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }

@@ -30,7 +30,7 @@ private:
     std::filesystem::path before; // the working directory to return to
 };
 
-file_bytes read_file(const std::filesystem::path &path); // empty when there is none
+file_bytes read_file(const std::filesystem::path &path); // empty when there is no such file
 void write_file(const std::filesystem::path &path, const file_bytes &bytes);
 file_bytes to_bytes(const std::string &text);
 std::string masked_digits(std::string text); // every digit as 0: the form of a date
