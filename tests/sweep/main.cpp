@@ -45,7 +45,7 @@ int tried = 0, broken = 0, only = 0;
 // Whether this way to the failing call has not been gone yet. The long form goes every way every time.
 bool is_new_way(failure what) {
     static std::map<std::pair<failure, std::size_t>, int> gone;
-    constexpr int SKIPPED = 2, DEPTH = 6;
+    constexpr int SKIPPED = 2, DEPTH = 10;
     void *callers[DEPTH];
     const int depth = backtrace(callers, DEPTH);
     std::size_t way = 0;
@@ -187,8 +187,6 @@ bool strikes(failure what, i64 place) {
     if (!is_tried(what, place))
         return false;
     const bool can_last = what != READ_INTERRUPTED && what != WRITE_INTERRUPTED && what < ARCHIVE_CUT;
-    if (short_form)
-        return in_child({what, can_last && tried % 2 != 0, place});
     return in_child({what, false, place}) || (can_last && in_child({what, true, place}));
 }
 

@@ -32,6 +32,11 @@ int failed(int reason) {
     return -1;
 }
 
+template <class T> T *null_after(int reason) {
+    errno = reason;
+    return nullptr;
+}
+
 template <class Result> Result sdl_failed(Result result) {
     SDL_SetError("made to fail");
     return result;
@@ -49,17 +54,25 @@ ssize_t damaged_read(i64 offset, u8 *bytes, ssize_t count) {
 
 } // namespace
 
-// --- Memory --------------------------------------------------------------------------------------
+// A seam that gives `instead` when it fails and is the real function otherwise.
+#define FAILS(result, name, parameters, arguments, what, instead)                                                      \
+    extern "C" result __real_##name parameters;                                                                        \
+    extern "C" result __wrap_##name parameters {                                                                       \
+        return strikes(what) ? (instead) : __real_##name arguments;                                                    \
+    }
 
-SEAM(void *, malloc, std::size_t size) {
-    return strikes(ALLOCATION) ? nullptr : __real_malloc(size);
-}
-SEAM(void *, calloc, std::size_t count, std::size_t size) {
-    return strikes(ALLOCATION) ? nullptr : __real_calloc(count, size);
-}
-SEAM(void *, realloc, void *block, std::size_t size) {
-    return strikes(ALLOCATION) ? nullptr : __real_realloc(block, size);
-}
+// clang-format off
+FAILS(void *, malloc, (std::size_t size), (size), ALLOCATION, nullptr)
+FAILS(void *, calloc, (std::size_t count, std::size_t size), (count, size), ALLOCATION, nullptr)
+FAILS(void *, realloc, (void *block, std::size_t size), (block, size), ALLOCATION, nullptr)
+FAILS(off_t, lseek, (int fd, off_t to, int whence), (fd, to, whence), SEEK_FAILS, failed(EIO))
+FAILS(int, fsync, (int fd), (fd), SYNC_FAILS, failed(EIO))
+FAILS(char *, realpath, (const char *path, char *to), (path, to), REPLACE_FAILS, null_after<char>(EACCES))
+FAILS(std::FILE *, fopen, (const char *path, const char *mode), (path, mode), LOG_FAILS, null_after<std::FILE>(EACCES))
+FAILS(SDL_Surface *, SDL_SetVideoMode, (int w, int h, int bits, Uint32 flags), (w, h, bits, flags), MODE_FAILS, sdl_failed<SDL_Surface *>(nullptr))
+FAILS(SDL_mutex *, SDL_CreateMutex, (), (), MUTEX_FAILS, sdl_failed<SDL_mutex *>(nullptr))
+FAILS(long, ov_read, (OggVorbis_File *file, char *to, int length, int endian, int word, int is_signed, int *link), (file, to, length, endian, word, is_signed, link), DECODER_FAILS, OV_EREAD)
+// clang-format on
 
 // --- Files ---------------------------------------------------------------------------------------
 
@@ -75,9 +88,6 @@ extern "C" int __wrap_open(const char *path, int flags, ...) {
     if (std::strstr(path, "data.dar") != nullptr)
         archive = descriptor;
     return descriptor;
-}
-SEAM(off_t, lseek, int descriptor, off_t offset, int whence) {
-    return strikes(SEEK_FAILS) ? failed(EIO) : __real_lseek(descriptor, offset, whence);
 }
 SEAM(ssize_t, read, int descriptor, void *bytes, std::size_t count) {
     if (strikes(READ_FAILS))
@@ -135,34 +145,12 @@ SEAM(int, rename, const char *from, const char *to) {
 SEAM(int, unlink, const char *path) {
     return __real_unlink(struck().what == NO_FAILURE ? path : own_path(path).c_str());
 }
-SEAM(char *, realpath, const char *path, char *to) {
-    if (!strikes(REPLACE_FAILS))
-        return __real_realpath(path, to);
-    failed(EACCES);
-    return nullptr;
-}
-SEAM(int, fsync, int descriptor) {
-    return strikes(SYNC_FAILS) ? failed(EIO) : __real_fsync(descriptor);
-}
-SEAM(std::FILE *, fopen, const char *path, const char *mode) {
-    if (!strikes(LOG_FAILS))
-        return __real_fopen(path, mode);
-    failed(EACCES);
-    return nullptr;
-}
 
 // --- SDL -----------------------------------------------------------------------------------------
 
 // Without its timer and audio, which have threads of their own.
 SEAM(int, SDL_Init, Uint32) {
     return strikes(SDL_START_FAILS) ? sdl_failed(-1) : __real_SDL_Init(SDL_INIT_VIDEO | SDL_INIT_NOPARACHUTE);
-}
-SEAM(SDL_Surface *, SDL_SetVideoMode, int width, int height, int bits, Uint32 flags) {
-    return strikes(MODE_FAILS) ? sdl_failed<SDL_Surface *>(nullptr)
-                               : __real_SDL_SetVideoMode(width, height, bits, flags);
-}
-SEAM(SDL_mutex *, SDL_CreateMutex) {
-    return strikes(MUTEX_FAILS) ? sdl_failed<SDL_mutex *>(nullptr) : __real_SDL_CreateMutex();
 }
 SEAM(int, SDL_mutexP, SDL_mutex *) { // a child could not release what was taken before the fork
     return 0;
@@ -173,7 +161,4 @@ SEAM(int, SDL_mutexV, SDL_mutex *) {
 SEAM(int, SDL_OpenAudio, SDL_AudioSpec *wanted, SDL_AudioSpec *) {
     wanted->size = AUDIO_BYTES;
     return strikes(AUDIO_FAILS) ? sdl_failed(-1) : 0;
-}
-SEAM(long, ov_read, OggVorbis_File *file, char *to, int length, int endian, int word, int is_signed, int *link) {
-    return strikes(DECODER_FAILS) ? OV_EREAD : __real_ov_read(file, to, length, endian, word, is_signed, link);
 }
