@@ -72,8 +72,8 @@ TEST(start, with_a_folder_in_a_file_s_place_says_which) {
     } ROWS[] = {
         {"data/data.dar", EXIT_NO_START, "data.dar is cut short"},
         {"bin/errorlog.log", 0, "Could not open error log file errorlog.log"},
-        {"data/prefs", 0, "prefs for writing"},
-        {"data/scores", 0, "scores for writing"},
+        {"data/prefs", 0, "Could not keep damaged file ..\\data\\prefs"},
+        {"data/scores", 0, "Could not keep damaged file ..\\data\\scores"},
     };
     for (const auto &row : ROWS) {
         SCOPED_TRACE(row.folder);
