@@ -69,7 +69,8 @@ void mix_ours(mixing *with, i32 count) {
         sound_channel_mix(&with->channels[static_cast<std::size_t>(i)], with->mix, EFFECT_VOLUME);
     }
     std::ranges::fill(with->stream, i16{0}); // SDL clears the stream before it asks
-    sound_add(with->stream.data(), with->mix.data(), SAMPLES);
+    SDL_MixAudio(reinterpret_cast<u8 *>(with->stream.data()), reinterpret_cast<u8 *>(with->mix.data()), BYTES,
+                 SDL_MIX_MAXVOLUME);
 }
 
 void mix_audio(mixing *with, i32 count) {

@@ -176,7 +176,8 @@ void sound_mix_callback(void *, u8 *stream, int length) {
                 longest = std::max(longest, sound_channel_mix(&channel, mix, volume));
         if (longest == 0)
             return;
-        sound_add(reinterpret_cast<i16 *>(stream), mixer.mix, longest);
+        SDL_MixAudio(stream, reinterpret_cast<const u8 *>(mixer.mix), static_cast<u32>(longest) * sizeof(i16),
+                     SDL_MIX_MAXVOLUME);
         stream += bytes;
         length -= bytes;
     }

@@ -202,10 +202,6 @@ void drop_oldest(ptr_array<pcm_chunk> *chunks) {
 
 } // namespace
 
-void sound_add(i16 *stream, const i16 *mix, i32 count) {
-    add_saturated(stream, mix, count, VOLUME_MAX);
-}
-
 i32 sound_channel_mix(sound_channel *channel, std::span<i16> mix, i32 volume) {
     const auto room = static_cast<i32>(mix.size());
     i32 mixed = 0;

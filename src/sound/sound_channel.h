@@ -56,7 +56,4 @@ inline bool sound_channel_active(const sound_channel *channel) {
 // Adds the channel's next samples, as many as there are, to the mix. The number of samples added.
 i32 sound_channel_mix(sound_channel *channel, std::span<i16> mix, i32 volume);
 
-// Adds a mix to the stream at full volume, as SDL_MixAudio does one sample at a time.
-void sound_add(i16 *stream, const i16 *mix, i32 count);
-
 void sound_channel_stop(sound_channel *channel); // nothing on a free channel
