@@ -60,7 +60,7 @@ void board_debug_place_most(board *b) {
         if (cell == nullptr)
             continue;
         move_to_cell(b, piece, cell);
-        piece->flags &= ~(SPRITE_INERT | SPRITE_HIDDEN | SPRITE_AVAILABLE);
+        piece->flags &= ~(SPRITE_INERT | SPRITE_HIDDEN | SPRITE_AVAILABLE | SPRITE_TRAVEL);
         piece->flags |= SPRITE_ANSWERED;
         board_count_remaining(b); // the next frame would, but dropping may deal
         board_drop_piece(b, piece);

@@ -16,15 +16,14 @@ struct image_span {
 };
 
 struct image {
-    u8 *pixels;    // owned; width x height pixels, rows without padding
-    i32 size;      // bytes
-    i32 width;     // pixels
-    i32 height;    // pixels
-    i32 *runs;     // owned; see image_build_runs; null for a blank image until built
-    i32 run_count; // entries
-    const image_span
-        *spans; // the run table's opaque runs, behind it in its block; null when there was no room for them
-    i32 span_count;
+    u8 *pixels;                        // owned; width x height pixels, rows without padding
+    i32 size;                          // bytes
+    i32 width;                         // pixels
+    i32 height;                        // pixels
+    i32 *runs;                         // owned; see image_build_runs; null for a blank image until built
+    i32 run_count;                     // entries
+    const image_span *spans = nullptr; // opaque runs, in the block of `runs`; null when there was no room for them
+    i32 span_count = 0;
 };
 
 inline constexpr i32 RUN_END_ROW = -1;

@@ -93,9 +93,7 @@ void sprite_raise(sprite *s) {
     s->flags |= SPRITE_RAISE;
 }
 
-// A shortcut may place a piece that is on its way home.
 void sprite_fix(sprite *s) {
-    s->flags &= ~SPRITE_TRAVEL;
     s->flags |= SPRITE_FIXED | SPRITE_INERT;
 }
 

@@ -450,8 +450,11 @@ TEST(deck, the_debug_mode_places_most_pieces_and_loses_none_of_the_others) {
         std::srand(seed);
         board_take_top_card(t.b, t.b->deck_x + 20, t.b->deck_y + 20);
         t.frame();
+        for (sprite *piece : each(t.b->pieces))
+            sprite_send_home(piece, 4);
         board_debug_place_most(t.b);
         for (sprite *piece : each(t.b->pieces)) {
+            EXPECT_FALSE(has_any(piece, SPRITE_FIXED) && has_any(piece, SPRITE_TRAVEL)) << "would leave its cell";
             const bool on_card = std::find(t.b->slot, t.b->slot + DECK_CARDS, piece) != t.b->slot + DECK_CARDS;
             EXPECT_TRUE(on_card || !has_any(piece, SPRITE_HIDDEN) || has_any(piece, SPRITE_FIXED | SPRITE_AVAILABLE))
                 << "seed " << seed << ", piece " << piece->label_index;
