@@ -25,6 +25,7 @@ constexpr int MOVE_EVERY = 4;                       // frames; about as fast as 
 constexpr double PERCENT = 100;
 
 std::mt19937 dice;
+monkey_report counts;
 u32 end_time = 0, last_frame = 0;
 long frames = 0, dropped = 0, late = 0;
 long dropped_on[SCREEN_COUNT] = {};
@@ -39,13 +40,14 @@ void print_count() {
 
 } // namespace
 
+monkey_report *const report = &counts;
+
 // --- What the player needs -----------------------------------------------------------------------
 
-int monkey_roll(int n) {
+int roll(int n) {
     return static_cast<int>(dice() % static_cast<unsigned>(n));
 }
-void monkey_wait(u32) {}
-void monkey_push_event(u8) {}
+void push_event(u8) {}
 void soak_measure() {}
 void monkey_fail(const std::string &why) {
     std::fprintf(stderr, "real time: %s\n", why.c_str());
@@ -97,8 +99,6 @@ int main(int count, char **arguments) {
         return EXIT_FAILURE;
     }
     end_time = static_cast<u32>(std::atoi(arguments[1]) * MS_PER_MINUTE);
-    static monkey_report counts;
-    report = &counts;
     plan.soak = true;
     static const temp_game folder; // the player's own records stay out of it
     std::filesystem::create_symlink(TAVIMO_DATA_FILE, folder.data("data.dar"));
