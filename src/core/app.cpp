@@ -226,7 +226,7 @@ void app_run() {
     two_threads = true;
     main_loop();
     save();
-    SDL_WaitThread(renderer, nullptr);
+    render_stop(renderer);
     two_threads = false;
     open_web_page = app->flags & APP_OPEN_WEB_PAGE;
     std::exit(EXIT_SUCCESS);

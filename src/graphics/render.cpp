@@ -55,6 +55,8 @@ void render_pass() {
     set_idle();
 }
 
+// A pass that finds nothing recorded changes nothing, so it is put off until there is something: each time the thread
+// is woken costs more than such a pass.
 static int render_thread(void *) {
     set_idle();
     for (;;) {
@@ -64,6 +66,7 @@ static int render_thread(void *) {
             render_running.store(false);
             return 1;
         }
+        draw_queue.pending.wait(false);
         const i32 wait = PASS_PERIOD_MS - static_cast<i32>(SDL_GetTicks() - start);
         if (wait > 0)
             SDL_Delay(static_cast<u32>(wait));
@@ -77,12 +80,16 @@ bool render_begin_frame() {
 
 void render_end_frame() {
     lock_release(render_lock);
+    draw_queue.pending.notify_one();
 }
 
 // Makes the render thread take a list even when nothing was recorded.
 static void force_take() {
-    const lock_scope guard(render_lock);
-    draw_queue.pending.store(true);
+    {
+        const lock_scope guard(render_lock);
+        draw_queue.pending.store(true);
+    }
+    draw_queue.pending.notify_one();
 }
 
 // Ends with the surface lock held and no list pending. A render thread that has ended takes no more lists, so
@@ -103,6 +110,11 @@ SDL_Thread *render_start() {
     if (thread == nullptr)
         render_running.store(false);
     return thread;
+}
+
+void render_stop(SDL_Thread *thread) {
+    force_take();
+    SDL_WaitThread(thread, nullptr);
 }
 
 void render_pause(i32 n) {

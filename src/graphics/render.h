@@ -12,8 +12,9 @@
 
 #include <SDL_thread.h>
 
-// Starts the render thread, which ends when APP_QUIT is set, with status 1. Null on failure (SDL_GetError).
+// Starts the render thread. Null on failure (SDL_GetError).
 [[nodiscard]] SDL_Thread *render_start();
+void render_stop(SDL_Thread *thread); // waits for its end, once APP_QUIT is set; everything recorded has been played
 
 // One pass of it: takes what was recorded, plays it, shows what changed, and is then ready for a new list. It can
 // stand in for the thread, so that frames are played one by one; frames can be recorded after its first call.

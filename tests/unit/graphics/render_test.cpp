@@ -187,7 +187,7 @@ struct running_thread {
     }
     ~running_thread() {
         state.flags |= APP_QUIT;
-        SDL_WaitThread(thread, nullptr);
+        render_stop(thread);
         app = nullptr;
     }
 };
