@@ -23,7 +23,7 @@ namespace art {
 
 namespace {
 
-// The sRGB transfer function (IEC 61966-2-1) and its inverse.
+// The sRGB transfer function and its inverse.
 double linear_from_srgb(double v) {
     return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
 }
@@ -31,10 +31,6 @@ double linear_from_srgb(double v) {
 double srgb_from_linear(double v) {
     const double encoded = v <= 0.0031308 ? v * 12.92 : 1.055 * std::pow(v, 1 / 2.4) - 0.055;
     return std::clamp(encoded, 0.0, 1.0);
-}
-
-double luminance(rgb c) {
-    return 0.2126 * linear_from_srgb(c.r) + 0.7152 * linear_from_srgb(c.g) + 0.0722 * linear_from_srgb(c.b);
 }
 
 } // namespace
@@ -70,11 +66,6 @@ rgb lighten(rgb colour, double delta_l) {
     lch c = to_lch(colour);
     c.l = std::clamp(c.l + delta_l, 0.0, 1.0);
     return to_rgb(c);
-}
-
-double contrast(rgb a, rgb b) {
-    const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
-    return (light + 0.05) / (dark + 0.05);
 }
 
 // --- Canvas --------------------------------------------------------------------------------------

@@ -35,8 +35,7 @@ constexpr rgb hex(std::uint32_t value) {
     return {((value >> 16) & 0xFF) / 255.0, ((value >> 8) & 0xFF) / 255.0, (value & 0xFF) / 255.0};
 }
 
-// A colour in OKLCH (Ottosson, "A perceptual color space for image processing", 2020):
-// lightness 0..1, chroma 0..about 0.37, hue in degrees.
+// A colour in OKLCH, the perceptual colour space: lightness 0..1, chroma 0..about 0.37, hue in degrees.
 struct lch {
     double l = 0, c = 0, h = 0;
 };
@@ -45,7 +44,6 @@ lch to_lch(rgb colour);
 rgb to_rgb(lch colour);                  // out-of-gamut channels are clamped
 rgb mix(rgb a, rgb b, double t);         // a at t = 0, b at t = 1, in sRGB
 rgb lighten(rgb colour, double delta_l); // moves L by delta_l (negative darkens), keeps hue and chroma
-double contrast(rgb a, rgb b);           // WCAG 2.1 contrast ratio, 1..21
 
 // --- Canvas --------------------------------------------------------------------------------------
 

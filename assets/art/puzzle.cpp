@@ -135,16 +135,17 @@ namespace {
 constexpr button_style CONSOLE = {.width = 65, .height = 27, .cap_height = 10};
 constexpr double STRIP_CAP = 9;
 constexpr int STRIP_MARGIN = 18;
+constexpr int BEGIN_BOTTOM = 595, MONEY_BOARD_BOTTOM = 462; // rows of the window
 
-// A strip of paper with one line of text.
-canvas draw_strip(int height, std::string_view words, const puzzle_colours &colours) {
+// A strip of paper with one line of text, and so much nothing below it.
+canvas draw_strip(int height, std::string_view words, const puzzle_colours &colours, int below = 0) {
     const int width = static_cast<int>(std::ceil(text_width(face::dosis_bold, STRIP_CAP, words))) + 2 * STRIP_MARGIN;
-    canvas strip(width, height);
+    canvas strip(width, height + below);
     rounded_rect(strip, 0, 0, width, height, height / 2.0);
     fill(strip, lighten(colours.name, 0.05));
     rounded_rect(strip, 1, 1, width - 2, height - 2, height / 2.0 - 1);
     fill(strip, CREAM_LIGHT);
-    print(strip, STRIP_CAP, width / 2.0, height / 2.0, words, PRINT);
+    print(strip, STRIP_CAP, width / 2.0, (height - 1) / 2.0, words, PRINT); // higher, as letters reach below the line
     return strip;
 }
 
@@ -163,10 +164,14 @@ const char *begin_words(puzzle_kind kind) {
 }
 
 void make_strips(int type, const puzzle_colours &colours) {
-    // The lowest loose pieces of the money puzzle leave only a little room.
+    constexpr int begin_height = 24, study_height = 18;
+    // The game shows how to begin at the window's bottom. There lie loose pieces of the money puzzle: its strip hangs
+    // from the board, just above them.
+    constexpr int money_height = 14, below_money = BEGIN_BOTTOM - MONEY_BOARD_BOTTOM - money_height;
     const puzzle_kind kind = layout_of(type).kind;
-    const int begin_height = kind == money ? 15 : 24, study_height = 18;
-    save(draw_strip(begin_height, begin_words(kind), colours), folder_of(type) + "/begin");
+    save(kind == money ? draw_strip(money_height, begin_words(kind), colours, below_money)
+                       : draw_strip(begin_height, begin_words(kind), colours),
+         folder_of(type) + "/begin");
     save(draw_strip(study_height, "Click a space to take its piece out or to put it back.", colours),
          folder_of(type) + "/study_help");
 }
