@@ -157,7 +157,7 @@ const char *begin_words(puzzle_kind kind) {
     case money:
         return "Drag each total to its place between the coins.";
     case multiplication:
-        return "Press the card button or the space bar, then type the answer.";
+        return "Press the card button or the space bar, then use the keypad.";
     default:
         return "Press the card button or the space bar to turn the first card.";
     }
