@@ -23,7 +23,7 @@ namespace art {
 
 namespace {
 
-// The sRGB transfer function and its inverse.
+// The sRGB transfer function (IEC 61966-2-1) and its inverse.
 double linear_from_srgb(double v) {
     return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
 }

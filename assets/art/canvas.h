@@ -35,7 +35,8 @@ constexpr rgb hex(std::uint32_t value) {
     return {((value >> 16) & 0xFF) / 255.0, ((value >> 8) & 0xFF) / 255.0, (value & 0xFF) / 255.0};
 }
 
-// A colour in OKLCH, the perceptual colour space: lightness 0..1, chroma 0..about 0.37, hue in degrees.
+// A colour in OKLCH (Ottosson, "A perceptual color space for image processing", 2020):
+// lightness 0..1, chroma 0..about 0.37, hue in degrees.
 struct lch {
     double l = 0, c = 0, h = 0;
 };

@@ -93,7 +93,7 @@ struct biquad {
     }
 };
 
-// The first half of the ear's weighting: the head lifts high frequencies by 4 dB.
+// The first half of the ear's weighting: the head lifts high frequencies by 4 dB (ITU-R BS.1770).
 biquad head_shelf() {
     constexpr double HZ = 1681.974450955533;
     constexpr double GAIN_DB = 3.999843853973347;
