@@ -13,6 +13,7 @@
 
 static constexpr double BATCH_SECONDS = 60e-6; // long enough for the clock, short enough to be left alone mostly
 static constexpr int MAX_BATCH = 4096;
+static constexpr int TRIES = 7; // of each of several ways, before the fastest is measured
 
 static std::deque<table_row> rows; // keeps the places of its elements
 
@@ -32,11 +33,16 @@ static int batch_for(const way &run) {
     return count;
 }
 
-static double fastest(const rival &other, int count) {
-    double least = batch_seconds(other.ways[0], count);
-    for (std::size_t i = 1; i < other.ways.size(); ++i)
-        least = std::min(least, batch_seconds(other.ways[i], count));
-    return least;
+// The way that takes least in most of a few tries.
+static way fastest(const rival &other, int count) {
+    std::vector<double> middles;
+    for (const way &run : other.ways) {
+        std::vector<double> taken;
+        for (int i = 0; i < TRIES; ++i)
+            taken.push_back(batch_seconds(run, count));
+        middles.push_back(median(taken));
+    }
+    return other.ways[static_cast<std::size_t>(std::ranges::min_element(middles) - middles.begin())];
 }
 
 void compare(const std::string &figure, way setup, way ours, std::vector<rival> rivals, int measurements) {
@@ -46,13 +52,16 @@ void compare(const std::string &figure, way setup, way ours, std::vector<rival> 
     const auto body = [=](benchmark::State &state) {
         setup();
         const int batch = batch_for(ours);
-        for (const rival &other : rivals) // once, so that nobody is measured cold
-            fastest(other, 1);
+        std::vector<way> others;
+        for (const rival &other : rivals)
+            others.push_back(fastest(other, batch));
         for ([[maybe_unused]] const auto _ : state) {
-            const double own = batch_seconds(ours, batch);
+            double own = 0;
+            for (std::size_t i = 0; i < rivals.size(); ++i) {
+                own = batch_seconds(ours, batch);
+                rows[first + i].measured.push_back(batch_seconds(others[i], batch) / own);
+            }
             state.SetIterationTime(own / batch);
-            for (std::size_t i = 0; i < rivals.size(); ++i)
-                rows[first + i].measured.push_back(fastest(rivals[i], batch) / own);
         }
     };
     benchmark::RegisterBenchmark(figure.c_str(), body)->UseManualTime()->Iterations(measurements);

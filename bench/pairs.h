@@ -1,6 +1,8 @@
 // pairs.h: timing this program's way and others in turns, so that what else the machine does hits all of them.
 //
-// Every measurement runs each way once, right after the other, and gives one ratio; the table shows the median.
+// Every measurement runs both ways, right after each other, and gives one ratio; the table shows the median. Of several
+// other ways only the fastest takes part: a slow one in between would leave the caches full for the next way, and empty
+// for the one after it.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

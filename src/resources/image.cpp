@@ -16,6 +16,7 @@
 #include <bit>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #ifdef __SSE2__
 #include <emmintrin.h>
 #endif
@@ -127,14 +128,31 @@ template <class P> static void add_row(run_table *table, const typename P::value
     table->entries[table->count++] = RUN_END_ROW;
 }
 
+// Appends once more the row that begins at the entry `first`, which holds so many opaque runs.
+static void repeat_row(run_table *table, i32 first, i32 spans) {
+    const i32 length = table->count - first;
+    std::copy_n(table->entries + first, length, table->entries + table->count);
+    table->count += length;
+    table->spans += spans;
+}
+
+// Many rows are like the one above, as in frames and plain boards, and so are their runs.
 template <class P> static bool build_table(run_table *table, const image *picture) {
     constexpr i32 row_extra = 2; // a leading run of nothing, the end of the row
     const u32 key_pixel = P::from_rgb(color_key);
+    const std::size_t row_bytes = static_cast<std::size_t>(picture->width) << P::SHIFT;
     const auto *row = reinterpret_cast<const typename P::value *>(picture->pixels);
+    i32 first = 0, spans = 0; // of the row above
     for (i32 y = 0; y < picture->height; ++y, row += picture->width) {
         if (!reserve_runs(table, picture->width + row_extra))
             return false;
-        add_row<P>(table, row, picture->width, key_pixel);
+        const i32 begin = table->count, spans_before = table->spans;
+        if (y > 0 && std::memcmp(row, row - picture->width, row_bytes) == 0)
+            repeat_row(table, first, spans);
+        else
+            add_row<P>(table, row, picture->width, key_pixel);
+        first = begin;
+        spans = table->spans - spans_before;
     }
     if (!reserve_runs(table, 1))
         return false;
@@ -168,19 +186,18 @@ bool image_build_runs(image *picture) {
     picture->span_count = 0;
     run_table table = {};
     const bool narrow = video_format.depth == pixel16::BITS;
-    if (!(narrow ? build_table<pixel16>(&table, picture) : build_table<pixel32>(&table, picture))) {
+    void *exact = nullptr;
+    if (narrow ? build_table<pixel16>(&table, picture) : build_table<pixel32>(&table, picture)) {
+        const auto runs = static_cast<std::size_t>(table.count), spans = static_cast<std::size_t>(table.spans);
+        exact = std::realloc(table.entries, runs * sizeof(i32) + spans * sizeof(image_span));
+    }
+    if (exact == nullptr) {
         log_out_of_memory();
         std::free(table.entries);
         return false;
     }
-    picture->runs = table.entries;
-    picture->run_count = table.count;
-    const auto runs_bytes = static_cast<std::size_t>(table.count) * sizeof(i32);
-    const auto spans_bytes = static_cast<std::size_t>(table.spans) * sizeof(image_span);
-    void *exact = std::realloc(table.entries, runs_bytes + spans_bytes);
-    if (exact == nullptr)
-        return true;
     picture->runs = static_cast<i32 *>(exact);
+    picture->run_count = table.count;
     list_spans(picture, reinterpret_cast<image_span *>(picture->runs + table.count));
     return true;
 }

@@ -22,7 +22,7 @@ struct image {
     i32 height;                        // pixels
     i32 *runs;                         // owned; see image_build_runs; null for a blank image until built
     i32 run_count;                     // entries
-    const image_span *spans = nullptr; // opaque runs, in the block of `runs`; null when there was no room for them
+    const image_span *spans = nullptr; // opaque runs, row by row, in the block of `runs`
     i32 span_count = 0;
 };
 

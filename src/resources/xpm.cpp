@@ -335,14 +335,21 @@ template <class Pixel> static bool decode_row(const xpm *picture, const char *ro
     return true;
 }
 
+// Many rows repeat the one above, as in frames and plain boards, and are copied.
 template <class Pixel> static bool decode_rows(xpm *picture, Pixel *out) {
-    const std::size_t length =
-        static_cast<std::size_t>(picture->width) * static_cast<std::size_t>(picture->symbol_length);
-    for (i32 y = 0; y < picture->height; ++y, out += picture->width) {
+    const auto width = static_cast<std::size_t>(picture->width);
+    const std::size_t length = width * static_cast<std::size_t>(picture->symbol_length);
+    const bool long_symbols = picture->symbol_length > MAX_FLAT_LENGTH;
+    const char *above = nullptr;
+    for (i32 y = 0; y < picture->height; ++y, out += width) {
         const char *row = skip_past(picture, '"') ? take(picture, length) : nullptr;
         if (row == nullptr || !skip_past(picture, '"'))
             return false;
-        const bool long_symbols = picture->symbol_length > MAX_FLAT_LENGTH;
+        if (above != nullptr && std::memcmp(row, above, length) == 0) {
+            std::memcpy(out, out - width, width * sizeof(Pixel));
+            continue;
+        }
+        above = row;
         if (long_symbols && !symbols_known({row, length}))
             return false;
         if (!decode_row(picture, row, out))
