@@ -119,18 +119,21 @@ void play_factors(int depth) {
     report("Factors half filled", depth, stirred_frames(true));
 }
 
-// Lays copies of all pieces onto the table, so that there are so many times as many.
+// Spreads all pieces over the table, with so many copies that there are so many times as many.
 void multiply_pieces(int times) {
     board *b = the_board();
-    for (sprite *piece : each(b->pieces))
-        piece->flags &= ~SPRITE_HIDDEN;
-    for (const i32 count = b->pieces->count; b->pieces->count < count * times;) {
+    const i32 count = b->pieces->count;
+    while (b->pieces->count < count * times) {
         auto *copy = static_cast<sprite *>(std::malloc(sizeof(sprite)));
-        const i32 n = b->pieces->count;
-        *copy = *b->pieces->items[n % count];
-        copy->x = n * 29 % (SCREEN_WIDTH - copy->w);
-        copy->y = n * 17 % (SCREEN_HEIGHT - copy->h);
+        *copy = *b->pieces->items[b->pieces->count % count];
         check(ptr_array_append(b->pieces, copy) >= 0, "room for more pieces");
+    }
+    i32 n = 0;
+    for (sprite *piece : each(b->pieces)) {
+        piece->flags &= ~SPRITE_HIDDEN;
+        piece->x = n * 29 % (SCREEN_WIDTH - piece->w);
+        piece->y = n * 17 % (SCREEN_HEIGHT - piece->h);
+        ++n;
     }
 }
 
