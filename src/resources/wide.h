@@ -8,6 +8,7 @@
 
 #include "core/types.h"
 
+#include <algorithm>
 #include <cstring>
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -94,23 +95,15 @@ template <class Pixel> void wide_copy(typename Pixel::value *to, const typename 
         std::memcpy(to, from, bytes);
 }
 
-// Fills with a pattern that repeats within PIECE bytes, as pieces are copied.
-template <std::size_t PIECE> void fill_pieces(u8 *to, const wide *pattern, std::size_t bytes) {
-    for (std::size_t at = 0; at + PIECE < bytes; at += PIECE)
-        std::memcpy(to + at, pattern, PIECE);
-    std::memcpy(to + bytes - PIECE, pattern, PIECE);
-}
-
-// The same pixel count times.
+// The same pixel count times; the last lanes are laid over the end of those before.
 template <class Pixel> void wide_fill(typename Pixel::value *to, i32 count, typename Pixel::value pixel) {
-    constexpr std::size_t WORD = 4, BLOCK = 16; // bytes
-    const wide pattern[] = {wide_of<Pixel>(pixel), wide_of<Pixel>(pixel)};
-    auto *to_bytes = reinterpret_cast<u8 *>(to);
-    const std::size_t bytes = static_cast<std::size_t>(count) << Pixel::SHIFT;
-    if (bytes < WORD)
-        *to = pixel;
-    else if (bytes < BLOCK)
-        fill_pieces<WORD>(to_bytes, pattern, bytes);
-    else
-        fill_pieces<BLOCK>(to_bytes, pattern, bytes);
+    constexpr i32 LANES = sizeof(wide) / sizeof(pixel);
+    const wide pixels = wide_of<Pixel>(pixel);
+    if (count < LANES) {
+        std::fill_n(to, count, pixel);
+        return;
+    }
+    for (i32 i = 0; i + LANES < count; i += LANES)
+        std::memcpy(to + i, &pixels, sizeof pixels);
+    std::memcpy(to + count - LANES, &pixels, sizeof pixels);
 }
