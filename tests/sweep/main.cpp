@@ -1,7 +1,8 @@
 // Failing allocations, failing system calls, a damaged archive: sweep allocations|calls|archive [--short|--long [N]].
 //
-// The short form tries each distinct way through the program once, and of the archive a few places. Says what broke
-// and ends with 1. With a number, only that failure is tried again.
+// The short form tries each distinct way through the program once, and of the archive a few places. Each of some
+// workers goes the whole way and tries its share. Says what broke and ends with 1. With a number, only that failure is
+// tried again.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -17,11 +18,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <set>
 #include <string_view>
+#include <thread>
 
 namespace fs = std::filesystem;
 
@@ -37,8 +40,10 @@ failing cause = {};
 bool ready = false;  // sweeping has begun
 failure first, last; // of the failures that are tried
 bool short_form = false;
-std::set<i64> cuts, flips; // places in the archive
-int tried = 0, broken = 0, only = 0;
+std::set<i64> cuts, flips;          // places in the archive
+int met = 0, tried = 0, broken = 0; // failures on the way, and those tried by this worker
+int only = 0;                       // this one; 0 for all
+int worker = 0, workers = 1;
 
 // --- What is tried -------------------------------------------------------------------------------
 
@@ -125,7 +130,7 @@ void judge_child(pid_t child, const failing &tried_now) {
     if (!fault.empty()) {
         ++broken;
         std::printf("BROKEN: failure %d%s (number %d, place %ld): %s\n", tried_now.what,
-                    tried_now.later ? " from then on" : "", tried, static_cast<long>(tried_now.place), fault.c_str());
+                    tried_now.later ? " from then on" : "", met, static_cast<long>(tried_now.place), fault.c_str());
         void *callers[12];
         std::fflush(stdout);
         backtrace_symbols_fd(callers, backtrace(callers, 12), STDOUT_FILENO);
@@ -136,12 +141,14 @@ void judge_child(pid_t child, const failing &tried_now) {
 bool in_child(const failing &what) {
     ready = false; // what the sweep itself does does not fail
     std::fflush(nullptr);
-    if (++tried != only && only != 0) {
+    constexpr int together = 2; // the same failure once and from then on: the latter is sooner over
+    ++met;
+    if (only != 0 ? met != only : met / together % workers != worker) {
         ready = true;
         return false;
     }
-    if (tried % 100 == 0)
-        std::fprintf(stderr, "%d failures tried, %d broke the program\n", tried, broken);
+    if (++tried % 1000 == 0)
+        std::fprintf(stderr, "worker %d: %d failures tried, %d broke the program\n", worker, tried, broken);
     const pid_t child = fork();
     if (child == 0) {
         const rlimit cpu = {MOST_CPU, MOST_CPU + 1};
@@ -165,9 +172,21 @@ void finish() {
     std::printf("%s", fault.c_str());
     fs::current_path("/");
     fs::remove_all(game);
-    std::printf("%d failures tried, %d of them broke the program\n", tried, broken);
+    std::printf("worker %d: of %d failures %d tried, %d of them broke the program\n", worker, met, tried, broken);
     std::fflush(nullptr);
     _exit(broken > 0 || tried == 0 ? 1 : 0);
+}
+
+// Forks the workers, in which it returns, and waits for them.
+void share_out() {
+    workers = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+    for (; worker < workers; ++worker)
+        if (fork() == 0)
+            return;
+    int status = 0, failed = 0;
+    while (wait(&status) > 0)
+        failed += status == 0 ? 0 : 1;
+    _exit(failed > 0 ? 1 : 0);
 }
 
 } // namespace
@@ -202,11 +221,14 @@ int main(int count, char **arguments) {
         first = ARCHIVE_CUT, last = ARCHIVE_FLIPPED;
     else
         return std::fprintf(stderr, "usage: %s allocations|calls|archive [--short|--long [N]]\n", arguments[0]), 2;
+    if (only == 0)
+        share_out();
     const whole_game folder; // finish removes it, in this process only
     game = folder.root;
     write_file(game / "data/prefs", stored_prefs(KEEPER));
     write_file(game / "data/scores", stored_scores(KEEPER, 1));
-    choose_places();
+    if (first == ARCHIVE_CUT)
+        choose_places();
     harness.frame = scenario_step;
     harness.thread_fails = [] { return strikes(THREAD_FAILS); };
     harness.render_turn = [](bool needed) {

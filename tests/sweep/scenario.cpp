@@ -1,4 +1,5 @@
-// scenario.cpp: the player: sees every screen, loads every puzzle, plays three of them to a recorded result, leaves.
+// scenario.cpp: the player: sees every screen, loads every puzzle once, three of them to play to a recorded result, and
+// leaves.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -16,7 +17,8 @@
 namespace {
 
 constexpr int SHORTLY = 3, BUBBLE = 14, LATER = 30, ENTRANCE = 42; // frames
-constexpr int FRAMES_AFTER_FAILURE = 60, EXIT_BUTTON = 1;
+constexpr int EXIT_BUTTON = 1;
+constexpr int FRAMES_AFTER_FAILURE = 60, SCREENS_AFTER_FAILURE = 2; // whichever comes first
 
 void show(screen_id id) {
     then([id] { screen_request(id); });
@@ -25,6 +27,12 @@ void show(screen_id id) {
 
 void select_puzzle(int type) {
     then([type] { app_state_select_puzzle(app, type); });
+}
+
+void study(int type) {
+    select_puzzle(type);
+    show(SCREEN_STUDY);
+    show(SCREEN_TITLE);
 }
 
 void press_after(int frames, int key) {
@@ -77,13 +85,8 @@ bool plan() {
     click(COLUMN_X, SPLASH_GO_Y);
     wait_frames(SHORTLY);
     show(SCREEN_CREDITS);
-    for (int type = 0; type < PUZZLE_COUNT; ++type) {
-        select_puzzle(type);
-        show(SCREEN_STUDY);
-        show(SCREEN_TITLE);
-    }
-    for (const int type : {0, 3, 9})
-        play(type);
+    for (int type = 0; type < PUZZLE_COUNT; ++type)
+        type == 0 || type == 3 || type == 9 ? play(type) : study(type);
     click_column(EXIT_BUTTON);
     press_after(ENTRANCE, SDLK_y);
     wait_frames(ENTRANCE);
@@ -92,12 +95,20 @@ bool plan() {
     return true;
 }
 
+// What broke has shown in the screen where it happened and in leaving it.
+bool has_gone_on() {
+    static int frames = 0, screens = 0;
+    static screen_id last = screen_current();
+    screens += screen_current() != last ? 1 : 0;
+    last = screen_current();
+    return ++frames >= FRAMES_AFTER_FAILURE || screens >= SCREENS_AFTER_FAILURE;
+}
+
 } // namespace
 
 void scenario_step() {
     [[maybe_unused]] static const bool planned = plan();
-    static int after_failure = 0;
-    if (struck().what != NO_FAILURE && ++after_failure == FRAMES_AFTER_FAILURE)
+    if (struck().what != NO_FAILURE && has_gone_on())
         app_request_quit();
     hands_move();
 }
