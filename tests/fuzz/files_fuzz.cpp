@@ -1,17 +1,23 @@
-// The archive: a file of any bytes opens or is refused, and each entry that it lists can be read whole.
+// The program's files: any bytes can be loaded or are refused, and no saved name or score is lost.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "fuzz/fuzz.h"
 
+#include "core/app_state.h"
+#include "core/settings.h"
 #include "core/strings.h"
+#include "persist/best_times.h"
+#include "persist/prefs.h"
 #include "platform/platform.h"
 #include "resources/archive.h"
 #include "resources/archive_format.h"
-#include "resources/image.h"
 
 #include <cstdlib>
 #include <cstring>
+#include <utility>
+
+// --- The archive: each entry that it lists can be read whole -------------------------------------
 
 static void read_entry(const char *name) {
     const int descriptor = data_archive_open_entry(name);
@@ -25,23 +31,23 @@ static void read_entry(const char *name) {
 }
 
 // The names as they stand in the file, for as long as they can be followed.
-static void read_listed(const u8 *data, std::size_t size) {
+static void read_listed(fuzz_input input) {
     std::size_t at = ARCHIVE_HEADER_BYTES;
-    while (at + ARCHIVE_ENTRY_BYTES <= size) {
-        const auto length = static_cast<std::size_t>(big_endian_i32(data + at));
-        if (length > size - at - ARCHIVE_ENTRY_BYTES)
+    while (at + ARCHIVE_ENTRY_BYTES <= input.size()) {
+        const auto length = static_cast<std::size_t>(big_endian_i32(&input[at]));
+        if (length > input.size() - at - ARCHIVE_ENTRY_BYTES)
             return;
-        std::string name(reinterpret_cast<const char *>(data + at + ARCHIVE_INT_BYTES), length);
+        std::string name(reinterpret_cast<const char *>(&input[at + ARCHIVE_INT_BYTES]), length);
         string_shift(name.data(), ARCHIVE_NAME_SHIFT);
         read_entry(name.c_str());
         at += length + ARCHIVE_ENTRY_BYTES;
     }
 }
 
-int LLVMFuzzerTestOneInput(const u8 *data, std::size_t size) {
-    fuzz_write("data.dar", data, size);
+void fuzz_archive(fuzz_input input) {
+    fuzz_write("data.dar", input);
     if (data_archive_open() > 0) {
-        read_listed(data, size);
+        read_listed(input);
         image_free(image_load("a.xpm"));
         char *text = nullptr;
         const i32 length = data_archive_read_text(&text, "a");
@@ -49,5 +55,67 @@ int LLVMFuzzerTestOneInput(const u8 *data, std::size_t size) {
         std::free(text);
     }
     data_archive_close();
-    return 0;
+}
+
+// --- What is saved after loading loads as the same, and a damaged file has been kept -------------
+
+static std::filesystem::path kept_file(const std::string &name) {
+    return fuzz_folder().data(name + ".bad");
+}
+
+static void put_in_place(const char *name, fuzz_input input) {
+    std::filesystem::remove(kept_file(name));
+    fuzz_write(name, input);
+}
+
+static void must_be_kept(const char *name, fuzz_input input) {
+    must(!std::filesystem::exists(kept_file(name)) ||
+         read_file(kept_file(name)) == file_bytes(input.begin(), input.end()));
+}
+
+static std::string loaded_prefs() {
+    settings = 0;
+    app->flags = 0;
+    std::free(std::exchange(app->player_name, nullptr));
+    must(prefs_load() == 1);
+    const std::string name = app->player_name != nullptr ? app->player_name : "";
+    return std::to_string(settings) + name.substr(0, name.find('\x80')); // a saved name ends there
+}
+
+void fuzz_prefs(fuzz_input input) {
+    static app_state state;
+    app = &state;
+    put_in_place("prefs", input);
+    const std::string before = loaded_prefs();
+    must(prefs_save() == 1);
+    must_be_kept("prefs", input);
+    must(loaded_prefs() == before);
+    must(prefs_save() == 1);
+}
+
+static void load_scores() {
+    best_times_destroy();
+    must(best_times_create() == 1 && best_times_load() == 1);
+}
+
+// From an empty place on, so that nothing of an older file is left behind.
+static file_bytes saved_scores() {
+    const std::filesystem::path scores = fuzz_folder().data("scores");
+    std::filesystem::remove(scores);
+    must(best_times_save() == 1);
+    return read_file(scores);
+}
+
+void fuzz_scores(fuzz_input input) {
+    put_in_place("scores", input);
+    load_scores();
+    if (!input.empty())
+        best_times_record(input.front() % 16 - 1, "Ann Lee", input.back());
+    must(best_times_save() == 1);
+    must_be_kept("scores", input);
+    load_scores();
+    const file_bytes first = saved_scores();
+    load_scores();
+    must(saved_scores() == first);
+    best_times_destroy();
 }

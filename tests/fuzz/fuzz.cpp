@@ -1,4 +1,4 @@
-// fuzz.cpp: sets up what the fuzzers share.
+// fuzz.cpp: the table of fuzzers, and what they share.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -16,9 +16,25 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 #include <utility>
 
 namespace {
+
+constexpr struct {
+    std::string_view name;
+    void (*try_input)(fuzz_input input);
+    void (*repair)(std::span<u8> input) = nullptr; // after a change
+} FUZZERS[] = {
+    {"archive", fuzz_archive},
+    {"prefs", fuzz_prefs},
+    {"scores", fuzz_scores},
+    {"xpm", fuzz_xpm},
+    {"text", fuzz_text},
+    {"commands", fuzz_commands},
+    {"sound", fuzz_sound, fuzz_repair_sound},
+};
+const auto *fuzzer = std::begin(FUZZERS);
 
 constexpr int EXTRA_PIXELS = 16; // by which the screen's rows are longer than the window
 constexpr std::pair<i32, i32> PICTURE_SIZES[] = {{1, 1}, {7, 3}, {64, 64}, {40, 8}, {800, 600}, {900, 700}, {5, 5}};
@@ -73,8 +89,16 @@ void make_screen(screen *made, i32 bits) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***);
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+extern "C" {
+int LLVMFuzzerInitialize(int *, char ***);
+int LLVMFuzzerTestOneInput(const u8 *data, std::size_t size);
+std::size_t LLVMFuzzerMutate(u8 *data, std::size_t size, std::size_t max_size);
+std::size_t LLVMFuzzerCustomMutator(u8 *data, std::size_t size, std::size_t max_size, unsigned seed);
+
+int LLVMFuzzerInitialize(int *, char ***) {
+    const char *wanted = std::getenv("FUZZER");
+    fuzzer = std::ranges::find_if(FUZZERS, [&](auto &row) { return wanted != nullptr && row.name == wanted; });
+    must(fuzzer != std::end(FUZZERS));
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     must(SDL_Init(SDL_INIT_VIDEO) == 0 && SDL_SetVideoMode(SCREEN_WIDTH, SCREEN_HEIGHT, 32, 0) != nullptr);
     log_set_mode(0);
@@ -85,15 +109,28 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     return 0;
 }
 
+int LLVMFuzzerTestOneInput(const u8 *data, std::size_t size) {
+    fuzzer->try_input({data, size});
+    return 0;
+}
+
+std::size_t LLVMFuzzerCustomMutator(u8 *data, std::size_t size, std::size_t max_size, unsigned) {
+    const std::size_t mutated = LLVMFuzzerMutate(data, size, max_size);
+    if (fuzzer->repair != nullptr)
+        fuzzer->repair({data, mutated});
+    return mutated;
+}
+}
+
 const temp_game &fuzz_folder() {
     static const temp_game folder;
     return folder;
 }
 
-void fuzz_write(const char *name, const u8 *data, std::size_t size) {
+void fuzz_write(const char *name, fuzz_input bytes) {
     static const std::string root = fuzz_folder().data("").string();
     std::FILE *file = std::fopen((root + name).c_str(), "wb");
-    must(file != nullptr && std::fwrite(data, 1, size, file) == size && std::fclose(file) == 0);
+    must(file != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size() && std::fclose(file) == 0);
 }
 
 void fuzz_use_screen(bool narrow) {

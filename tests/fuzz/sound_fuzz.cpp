@@ -1,9 +1,6 @@
 // Sounds: any bytes in a sound entry are played to their end or dropped, through the archive, the decoder and the
 // mixer.
 //
-// Inputs are mutated with the checksums of their Ogg pages put right again; otherwise hardly any damage would get past
-// the first look.
-//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "fuzz/fuzz.h"
@@ -22,8 +19,6 @@
 
 extern "C" {
 int __wrap_SDL_OpenAudio(SDL_AudioSpec *wanted, SDL_AudioSpec *obtained);
-std::size_t LLVMFuzzerMutate(u8 *data, std::size_t size, std::size_t max_size);
-std::size_t LLVMFuzzerCustomMutator(u8 *data, std::size_t size, std::size_t max_size, unsigned seed);
 int __real_ov_open_callbacks(void *source, OggVorbis_File *file, const char *begun, long length, ov_callbacks calls);
 int __wrap_ov_open_callbacks(void *source, OggVorbis_File *file, const char *begun, long length, ov_callbacks calls);
 }
@@ -43,7 +38,8 @@ int __wrap_SDL_OpenAudio(SDL_AudioSpec *wanted, SDL_AudioSpec *) {
     return 0;
 }
 
-static void repair_checksums(std::span<u8> bytes) {
+// Otherwise hardly any damage would get past the first look.
+void fuzz_repair_sound(std::span<u8> bytes) {
     constexpr std::size_t fixed_part = 27, count_at = 26; // of a page's header
     static constexpr u8 MARK[] = {'O', 'g', 'g', 'S'};
     for (auto at = bytes.begin();
@@ -64,17 +60,10 @@ static void repair_checksums(std::span<u8> bytes) {
     }
 }
 
-std::size_t LLVMFuzzerCustomMutator(u8 *data, std::size_t size, std::size_t max_size, unsigned) {
-    const std::size_t mutated = LLVMFuzzerMutate(data, size, max_size);
-    repair_checksums({data, mutated});
-    return mutated;
-}
-
-int LLVMFuzzerTestOneInput(const u8 *data, std::size_t size) {
-    const file_bytes archive = archive_builder().add("ogg/click.ogg", file_bytes(data, data + size)).bytes();
-    fuzz_write("data.dar", archive.data(), archive.size());
+void fuzz_sound(fuzz_input input) {
+    fuzz_write("data.dar", archive_builder().add("ogg/click.ogg", file_bytes(input.begin(), input.end())).bytes());
     must(data_archive_open() == 1 && sound_init() == 1);
-    sound_set_effect_volume(size > 0 ? data[size - 1] : 0);
+    sound_set_effect_volume(input.empty() ? 0 : input.back());
     std::vector<u8> stream(BUFFER_BYTES);
     sound_play(SOUND_CLICK);
     for (int i = 0; i < BUFFERS; ++i) {
@@ -85,5 +74,4 @@ int LLVMFuzzerTestOneInput(const u8 *data, std::size_t size) {
     }
     sound_shutdown();
     data_archive_close();
-    return 0;
 }

@@ -1,10 +1,8 @@
 // tavimo-saves: what stands on the disk when the program is killed while it saves, and how often it saves.
 //
-//     tavimo-saves [number of random kills]
-//
 // The program runs until it saves; there it is copied (fork), again and again, each time into a folder of its own.
-// Each copy goes on to save and exit, and is killed: after a random time, or before or after one of its system calls.
-// A copy writes page by page, so that it is also killed within what it writes.
+// Each copy goes on to save and exit, and is killed before or after the next one of its system calls: between them
+// nothing on the disk changes. A copy writes in small pieces, so that it is also killed within what it writes.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -20,29 +18,21 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
 namespace fs = std::filesystem;
-using moment = std::chrono::steady_clock;
 
 namespace {
 
 constexpr const char *FILES[] = {"prefs", "scores"};
-constexpr std::size_t PAGE = 4096; // bytes; where the system cuts a write
-constexpr int STOP_LIMIT = 1000;
+constexpr std::size_t PIECE = 256; // bytes
+constexpr int UNHARMED = 0;
 constexpr long FRAMES_BEFORE = 20;
 
-// How a copy dies; with neither it ends by itself.
-struct death {
-    int delay = 0; // microseconds
-    int stop = 0;  // the n-th of the stops before and after system calls
-};
 bool is_copy = false;
-int kills = 500, folders = 0, copies_ended = 0;
-double longest = 1e9; // microseconds that an unharmed copy takes, at best
+int kills = 0;
 fs::path game_root;
 
 // What stands before the save: nothing, or files of the same length as the new ones, or longer ones.
@@ -50,7 +40,7 @@ enum before : int { NOTHING, SAME_LENGTH, LONGER, BEFORE_KINDS };
 file_bytes old_files[BEFORE_KINDS][2], new_files[BEFORE_KINDS][2];
 
 fs::path make_folder(int kind) {
-    const fs::path root = game_root / std::to_string(++folders);
+    const fs::path root = game_root / "copy";
     fs::create_directories(root / "bin");
     fs::create_directories(root / "data");
     for (int i = 0; i < 2 && kind != NOTHING; ++i)
@@ -58,25 +48,23 @@ fs::path make_folder(int kind) {
     return root;
 }
 
-void kill_copy(pid_t pid, const death &how) {
-    const auto start = moment::now();
+// Kills the copy at the nth of the stops before and after its system calls. False when it came to its end.
+bool kill_copy(pid_t pid, int stop) {
     int status = 0;
-    while (moment::now() < start + std::chrono::microseconds(how.delay))
-        continue;
-    if (how.delay > 0)
-        kill(pid, SIGKILL);
     waitpid(pid, &status, 0);
-    if (how.delay == 0 && how.stop == 0)
-        longest = std::min(longest, std::chrono::duration<double, std::micro>(moment::now() - start).count());
-    for (int i = 0; i < how.stop && WIFSTOPPED(status); ++i) {
+    for (int i = 1; i != stop && WIFSTOPPED(status); ++i) {
         ptrace(PTRACE_SYSCALL, pid, nullptr, nullptr);
         waitpid(pid, &status, 0);
     }
-    if (WIFSTOPPED(status)) {
-        kill(pid, SIGKILL);
-        waitpid(pid, nullptr, 0);
+    if (!WIFSTOPPED(status)) {
+        if (status != 0)
+            monkey_fail("the program does not end by itself");
+        return false;
     }
-    copies_ended += WIFEXITED(status) && WEXITSTATUS(status) == 0 ? 1 : 0;
+    kill(pid, SIGKILL);
+    waitpid(pid, nullptr, 0);
+    ++kills;
+    return true;
 }
 
 // The next start in that folder, and its exit.
@@ -89,57 +77,49 @@ bool start_again(const fs::path &root) {
            }) == 0;
 }
 
-// True in the copy, which goes on to save and exit. Otherwise it is dead, and what it left is the old or the new file,
-// or one that the next start knows to be damaged and keeps.
-bool copy_and_kill(int kind, const death &how) {
+// Returns in the copy, too, which goes on to save and exit. Otherwise that is dead, and what it left is the old or the
+// new file, or one that the next start knows to be damaged and keeps. True when it was killed.
+bool copy_and_kill(int kind, int stop) {
     const fs::path root = make_folder(kind);
     std::fflush(nullptr);
     const pid_t pid = fork();
     if (pid == 0) {
         fs::current_path(root / "bin");
         is_copy = true;
-        if (how.stop > 0) {
-            ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-            raise(SIGSTOP);
-        }
-        return true;
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        raise(SIGSTOP);
+        return false;
     }
-    kill_copy(pid, how);
+    const bool killed = kill_copy(pid, stop);
     file_bytes found[2];
     for (int i = 0; i < 2; ++i)
         found[i] = read_file(root / "data" / FILES[i]);
-    if (new_files[kind][1].empty()) // the first copy, which was not killed
+    if (stop == UNHARMED)
         std::copy(found, found + 2, new_files[kind]);
+    if (new_files[kind][1].size() < 2 * PIECE)
+        monkey_fail("the program does not save by itself");
     const bool saves_again = start_again(root);
     for (int i = 0; i < 2; ++i) {
         const bool whole = found[i] == old_files[kind][i] || found[i] == new_files[kind][i];
         const bool kept = read_file(root / "data" / (FILES[i] + std::string(".bad"))) == found[i];
         if (!saves_again || (!whole && !kept))
-            monkey_fail(std::string(FILES[i]) + " is lost or mixed; killed after " + std::to_string(how.delay) +
-                        " us, at stop " + std::to_string(how.stop) + ", before it case " + std::to_string(kind));
+            monkey_fail(std::string(FILES[i]) + " is lost or mixed; killed at stop " + std::to_string(stop) +
+                        ", before it case " + std::to_string(kind));
     }
     fs::remove_all(root);
-    return false;
+    return killed;
 }
 
 // Called where the program begins to save. Returns in its copies.
 void kill_copies() {
     for (int kind = 0; kind < BEFORE_KINDS; ++kind) {
-        if (copy_and_kill(kind, {}))
+        copy_and_kill(kind, UNHARMED);
+        for (int stop = 1; !is_copy && copy_and_kill(kind, stop); ++stop)
+            continue;
+        if (is_copy)
             return;
-        if (new_files[kind][1].size() < 2 * PAGE || copies_ended != kind + 1)
-            monkey_fail("the program does not save by itself");
     }
-    for (int i = 1; i <= kills; ++i)
-        if (copy_and_kill(i % BEFORE_KINDS, {.delay = 1 + static_cast<int>(longest * i / kills)}))
-            return;
-    std::printf("%d killed after 0 .. %.0f us, %d of them too late\n", kills, longest, copies_ended - BEFORE_KINDS);
-    int stops = 0;
-    for (int kind = 0; kind < BEFORE_KINDS; ++kind)
-        for (int n = 1, ended = copies_ended; ended == copies_ended && n < STOP_LIMIT; ++n, ++stops)
-            if (copy_and_kill(kind, {.stop = n}))
-                return;
-    std::printf("%d killed at system calls\n", stops);
+    std::printf("%d killed at system calls\n", kills);
     std::fflush(nullptr);
     _exit(0);
 }
@@ -158,7 +138,7 @@ void prepare_files() {
         monkey_fail("the old files cannot be written");
     for (int i = 0; i < 2; ++i) {
         old_files[SAME_LENGTH][i] = old_files[LONGER][i] = read_file(game_root / "data" / FILES[i]);
-        old_files[LONGER][i].insert(old_files[LONGER][i].end(), 2 * PAGE, 'x');
+        old_files[LONGER][i].insert(old_files[LONGER][i].end(), 4096, 'x');
     }
     fill_tables("The new one", 1500);
     plan.saving_begins = kill_copies;
@@ -219,13 +199,11 @@ int __wrap_SDL_OpenAudio(SDL_AudioSpec *, SDL_AudioSpec *) {
 
 ssize_t __real_write(int fd, const void *bytes, std::size_t count);
 ssize_t __wrap_write(int fd, const void *bytes, std::size_t count) {
-    return __real_write(fd, bytes, is_copy ? std::min(count, PAGE) : count);
+    return __real_write(fd, bytes, is_copy ? std::min(count, PIECE) : count);
 }
 }
 
-int main(int count, char **arguments) {
-    if (count > 1)
-        kills = std::atoi(arguments[1]);
+int main() {
     const whole_game game;
     game_root = game.root;
     const bool well = leaves_each_way() && monkey_run({.move = prepare_files}) == 0;
