@@ -27,7 +27,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char *FILES[] = {"prefs", "scores"};
-constexpr std::size_t PIECE = 256; // bytes
+constexpr std::size_t PIECE = 256, LONGER_BY = 4096; // bytes
 constexpr int UNHARMED = 0;
 constexpr long FRAMES_BEFORE = 20;
 
@@ -138,7 +138,7 @@ void prepare_files() {
         monkey_fail("the old files cannot be written");
     for (int i = 0; i < 2; ++i) {
         old_files[SAME_LENGTH][i] = old_files[LONGER][i] = read_file(game_root / "data" / FILES[i]);
-        old_files[LONGER][i].insert(old_files[LONGER][i].end(), 4096, 'x');
+        old_files[LONGER][i].insert(old_files[LONGER][i].end(), LONGER_BY, 'x');
     }
     fill_tables("The new one", 1500);
     plan.saving_begins = kill_copies;

@@ -12,7 +12,6 @@
 namespace fs = std::filesystem;
 
 static constexpr int EXIT_NO_SDL = 1, EXIT_NO_START = 255;
-static constexpr double LONGEST_START = 2.0; // seconds
 
 static std::string text_of(const fs::path &file) {
     const file_bytes bytes = read_file(file);
@@ -42,24 +41,22 @@ static bool name_kept(const fs::path &file) {
     return name == KEEPER || name == "a" || read_file(file.string() + ".bad") == stored_prefs(KEEPER);
 }
 
-std::string fault_of(int status, double cpu_seconds, const fs::path &game, const failing &cause) {
+std::string fault_of(int status, const fs::path &game, const failing &cause) {
     const std::string said = text_of(game / "said") + text_of(game / "bin/errorlog.log");
     const fs::path scores = game / "data/scores", prefs = game / "data/prefs";
     const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     const bool unchanged = read_file(scores) == stored_scores(KEEPER, 1) && read_file(prefs) == stored_prefs(KEEPER);
-    const bool timed = cause.what == ARCHIVE_CUT || cause.what == ARCHIVE_FLIPPED;
     const struct {
         bool holds;
         const char *fault;
     } FAULTS[] = {
-        {code < 0 && (WTERMSIG(status) == SIGALRM || WTERMSIG(status) == SIGXCPU), "does not end"},
+        {code < 0 && (WTERMSIG(status) == SIGALRM || WTERMSIG(status) == SIGXCPU), "takes too long"},
         {code < 0, "crashes"},
         {has_any(said, {"Sanitizer", "runtime error", "Assertion"}), "is caught by a sanitizer"},
         {code > 0 && code != EXIT_NO_SDL && code != EXIT_NO_START, "ends with an unknown code"},
         {code > 0 && !complains(said), "ends without a word"},
         {code > 0 && !unchanged, "changes files though it could not start"},
         {is_harmless(cause.what) && (code > 0 || complains(said)), "takes something harmless for a failure"},
-        {timed && cpu_seconds > LONGEST_START, "takes too long"},
         {!scores_kept(scores), "loses scores"},
         {!name_kept(prefs), "loses the name"},
     };

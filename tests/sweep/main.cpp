@@ -21,7 +21,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <map>
 #include <set>
 #include <string_view>
 #include <thread>
@@ -30,8 +29,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr unsigned HANGS_AFTER = 240; // seconds, on a busy machine
-constexpr rlim_t MOST_CPU = 15;       // seconds
+constexpr unsigned HANGS_AFTER = 240;              // seconds, on a busy machine
+constexpr rlim_t MOST_CPU = 15, LONGEST_START = 2; // seconds
 constexpr int CUTS = 256, FLIPS = 2000;
 constexpr int FRAMES_A_LIST = 4; // drawing takes most of the time, and nobody looks
 
@@ -48,15 +47,14 @@ int worker = 0, workers = 1;
 // --- What is tried -------------------------------------------------------------------------------
 
 // Whether this way to the failing call has not been gone yet. The long form goes every way every time.
-bool is_new_way(failure what) {
-    static std::map<std::pair<failure, std::size_t>, int> gone;
-    constexpr int SKIPPED = 2, DEPTH = 10;
-    void *callers[DEPTH];
-    const int depth = backtrace(callers, DEPTH);
-    std::size_t way = 0;
-    for (int i = SKIPPED; i < depth; ++i)
-        way = way * 31 + reinterpret_cast<std::size_t>(callers[i]);
-    return ++gone[{what, way}] == 1 || !short_form;
+bool is_new_way() {
+    if (!short_form)
+        return true;
+    static std::set<std::vector<void *>> gone;
+    constexpr int DEPTH = 10;
+    std::vector<void *> callers(DEPTH);
+    callers.resize(static_cast<std::size_t>(backtrace(callers.data(), DEPTH)));
+    return gone.insert(callers).second;
 }
 
 bool is_tried(failure what, i64 place) {
@@ -66,7 +64,7 @@ bool is_tried(failure what, i64 place) {
         return cuts.erase(place) > 0;
     if (what == ARCHIVE_FLIPPED)
         return flips.erase(place) > 0;
-    return is_new_way(what);
+    return is_new_way();
 }
 
 void choose_places() {
@@ -122,11 +120,8 @@ void move_into_own_folder() {
 
 void judge_child(pid_t child, const failing &tried_now) {
     int status = 0;
-    rusage used = {};
-    wait4(child, &status, 0, &used);
-    const double seconds = static_cast<double>(used.ru_utime.tv_sec + used.ru_stime.tv_sec) +
-                           static_cast<double>(used.ru_utime.tv_usec + used.ru_stime.tv_usec) / 1e6;
-    const std::string fault = fault_of(status, seconds, child_game(), tried_now);
+    waitpid(child, &status, 0);
+    const std::string fault = fault_of(status, child_game(), tried_now);
     if (!fault.empty()) {
         ++broken;
         std::printf("BROKEN: failure %d%s (number %d, place %ld): %s\n", tried_now.what,
@@ -151,7 +146,8 @@ bool in_child(const failing &what) {
         std::fprintf(stderr, "worker %d: %d failures tried, %d broke the program\n", worker, tried, broken);
     const pid_t child = fork();
     if (child == 0) {
-        const rlimit cpu = {MOST_CPU, MOST_CPU + 1};
+        const rlim_t most = first == ARCHIVE_CUT ? LONGEST_START : MOST_CPU;
+        const rlimit cpu = {most, most + 1};
         setrlimit(RLIMIT_CPU, &cpu);
         alarm(HANGS_AFTER);
         move_into_own_folder();
@@ -167,7 +163,7 @@ bool in_child(const failing &what) {
 void finish() {
     if (cause.what != NO_FAILURE)
         return;
-    const std::string fault = fault_of(0, 0, game, cause);
+    const std::string fault = fault_of(0, game, cause);
     broken += fault.empty() ? 0 : 1;
     std::printf("%s", fault.c_str());
     fs::current_path("/");

@@ -59,5 +59,5 @@ std::string own_path(const char *path);
 void scenario_step(); // before every frame: what the player does
 
 // What is wrong with what a program has left behind; empty when all is well.
-std::string fault_of(int status, double cpu_seconds, const std::filesystem::path &game, const failing &cause);
+std::string fault_of(int status, const std::filesystem::path &game, const failing &cause);
 inline const std::string KEEPER = "Keeper"; // whose name and scores are there from the start
