@@ -1,128 +1,180 @@
-// main.cpp: tavimo-robot: plays the real program on a virtual display, by looking at it.
-//
-// usage: tavimo-robot --program PATH [--road short|long|signal|tour] [--puzzle N]... [--pictures DIR] [--failure PNG]
-//                     [--audio] [--sdl2 FOLDER] [--depth32 LIBRARY] [--visitors]
+// main.cpp: tavimo-robot: plays the real program on a virtual display, by looking at it, and judges it.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "album.h"
-#include "display.h"
 #include "ears.h"
-#include "eyes.h"
-#include "game.h"
-#include "hands.h"
-#include "library.h"
-#include "puzzle_kinds.h"
-#include "roads.h"
-#include "robot.h"
+#include "judge.h"
+#include "tour/display.h"
+#include "tour/eyes.h"
+#include "tour/game.h"
+#include "tour/hands.h"
+#include "tour/process.h"
+#include "tour/robot.h"
+#include "tour/screens.h"
+#include "tour/visit.h"
 
 #include <getopt.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
 static constexpr const char *USAGE =
-    "usage: tavimo-robot --program PATH [--road short|long|signal|tour] [--puzzle N]... [--pictures DIR]\n"
-    "                    [--failure PNG] [--audio] [--sdl2 FOLDER] [--depth32 LIBRARY] [--visitors]\n"
+    "usage: tavimo-robot --program PATH [--road short|long|signal] [--puzzle N]... [--failure PNG]\n"
+    "                    [--audio] [--sdl2 FOLDER] [--depth32 LIBRARY]\n"
     "  --program   the game, with its archive in ../data beside it\n"
-    "  --road      short: two puzzles; long: all eleven; signal: ended by SIGTERM; tour: all screens, with an index "
-    "page\n"
+    "  --road      short: two puzzles; long: all eleven; signal: ended by SIGTERM\n"
     "  --puzzle    one puzzle of the long road by its number, several times for more; default: all\n"
-    "  --pictures  folder for numbered pictures of the screens\n"
     "  --failure   where the screenshot goes when something expected is not seen\n"
     "  --audio     records the sound and checks it\n"
     "  --sdl2      folder of the SDL 1.2 library that stands on SDL 2; plays in full screen, scaled\n"
-    "  --depth32   library that refuses 16-bit modes\n"
-    "  --visitors  plays on the visitor's own display, at a pace to be watched, and aloud\n";
+    "  --depth32   library that refuses 16-bit modes\n";
 
-static constexpr double WATCH_SECONDS = 2; // for each picture of a tour that somebody watches
-static constexpr int SCALE = 2;            // of the larger display
+static constexpr int FIRST = 0, SECOND = 2; // the counting puzzles
+static constexpr int SCALE = 2;             // of the larger display
+static constexpr column_button SCORES = {"title/", 26, 5}, NAME = {"title/", 27, 4};
 
 struct options {
     game_options game;
-    display_options display;
     std::vector<int> puzzles;
-    std::string road = "short", pictures, failure = "robot-failure.png";
+    std::string road = "short", sdl2, depth32;
+    bool audio = false;
 };
 
-[[noreturn]] static void refuse() {
-    std::fputs(USAGE, stderr);
-    std::exit(EXIT_FAILURE);
+// --- Roads: whole visits, from the program's start to its end --------------------------------------------------
+
+static pid_t enter(const options &chosen) {
+    if (chosen.audio)
+        ears_record();
+    const pid_t program = game_start();
+    splash_leave();
+    return program;
 }
+
+static void leave() {
+    title_exit();
+    splash_finish();
+    judge_check_files();
+    robot_say("has left; scores, prefs and log are right");
+}
+
+// What was played is there again after the next start.
+static void look_again(const options &chosen, const std::vector<int> &played) {
+    enter(chosen);
+    for (const int type : played) {
+        moments_about(&puzzle_kind_of(type));
+        title_select(puzzle_kind_of(type));
+        if (chosen.audio)
+            ears_note("score_log");
+        column_click(SCORES);
+        score_log_watch();
+        moments_about(nullptr);
+    }
+    leave();
+}
+
+// Both counting puzzles and every screen.
+static void short_road(const options &chosen) {
+    enter(chosen);
+    title_help();
+    title_credits();
+    visit(puzzle_kind_of(FIRST));
+    visit(puzzle_kind_of(SECOND), {.play = false});
+    visit(puzzle_kind_of(SECOND), {.wander = false});
+    leave();
+    look_again(chosen, {FIRST, SECOND});
+}
+
+// All puzzles, or some, with all detours.
+static void long_road(const options &chosen) {
+    enter(chosen);
+    title_help();
+    title_credits();
+    column_click(NAME);
+    dialog_name();
+    title_await();
+    for (const int type : chosen.puzzles)
+        visit(puzzle_kind_of(type));
+    leave();
+    look_again(chosen, chosen.puzzles);
+}
+
+// A run, then SIGTERM; the second start knows the run.
+static void signal_road(const options &chosen) {
+    const pid_t program = enter(chosen);
+    visit(puzzle_kind_of(FIRST), {.wander = false});
+    kill(program, SIGTERM);
+    game_expect_exit();
+    judge_check_files();
+    look_again(chosen, {FIRST});
+}
+
+static const std::map<std::string, std::function<void(const options &)>> ROADS = {
+    {"short", short_road}, {"long", long_road}, {"signal", signal_road}};
+
+// --- Options and set-ups ---------------------------------------------------------------------------------------
 
 static options parse(int count, char **words) {
     static const option KNOWN[] = {
         {"program", required_argument, nullptr, 'p'}, {"road", required_argument, nullptr, 'r'},
-        {"puzzle", required_argument, nullptr, 'z'},  {"pictures", required_argument, nullptr, 'i'},
-        {"failure", required_argument, nullptr, 'f'}, {"audio", no_argument, nullptr, 'a'},
-        {"sdl2", required_argument, nullptr, 's'},    {"depth32", required_argument, nullptr, 'd'},
-        {"visitors", no_argument, nullptr, 'v'},      {nullptr, 0, nullptr, 0}};
+        {"puzzle", required_argument, nullptr, 'z'},  {"failure", required_argument, nullptr, 'f'},
+        {"audio", no_argument, nullptr, 'a'},         {"sdl2", required_argument, nullptr, 's'},
+        {"depth32", required_argument, nullptr, 'd'}, {nullptr, 0, nullptr, 0}};
     options chosen;
+    bool known = true;
     // clang-format off
     for (int c = 0; (c = getopt_long(count, words, "", KNOWN, nullptr)) != -1;) {
         switch (c) {
         case 'p': chosen.game.program = optarg; break;
         case 'r': chosen.road = optarg; break;
         case 'z': chosen.puzzles.push_back(std::atoi(optarg)); break;
-        case 'i': chosen.pictures = optarg; break;
-        case 'f': chosen.failure = optarg; break;
-        case 'a': chosen.game.record_sound = true; break;
-        case 'd': chosen.game.preload = std::filesystem::absolute(optarg); break;
-        case 's':
-            chosen.game.library_path = optarg;
-            chosen.display = {.width = SCALE * WINDOW_WIDTH, .height = SCALE * WINDOW_HEIGHT, .window_manager = true};
-            hands_push();
-            break;
-        case 'v':
-            chosen.display.visitors = chosen.game.loud = true;
-            hands_glide();
-            break;
-        default: refuse();
+        case 'f': chosen.game.failure = optarg; break;
+        case 'a': chosen.audio = true; break;
+        case 's': chosen.sdl2 = optarg; break;
+        case 'd': chosen.depth32 = std::filesystem::absolute(optarg); break;
+        default: known = false;
         }
     }
     // clang-format on
-    if (chosen.puzzles.empty())
-        for (int type = 0; type < PUZZLE_COUNT; ++type)
-            chosen.puzzles.push_back(type);
-    if (chosen.game.program.empty())
-        refuse();
+    for (int type = 0; chosen.puzzles.size() == static_cast<std::size_t>(type) && type < PUZZLE_COUNT; ++type)
+        chosen.puzzles.push_back(type);
+    if (!known || chosen.game.program.empty() || !ROADS.contains(chosen.road)) {
+        std::fputs(USAGE, stderr);
+        std::exit(EXIT_FAILURE);
+    }
     return chosen;
 }
 
-static void tour(double watch_seconds) {
-    album_guide(watch_seconds);
-    road_tour();
-    album_write_index();
+// Its command runs when it is ready.
+static void start_window_manager() {
+    const std::filesystem::path ready = game_folder() / "ready";
+    const pid_t manager = process_start({"openbox", "--startup", "touch " + ready.string()});
+    robot_at_end([manager](bool) { process_stop(manager); });
+    eyes_until("the window manager's work", [&] { return std::filesystem::exists(ready); });
 }
 
 int main(int count, char **words) {
     const options chosen = parse(count, words);
-    const std::filesystem::path program = std::filesystem::absolute(chosen.game.program);
-    library_open(program.parent_path().parent_path() / "data" / "data.dar");
-    display_start(chosen.display);
-    robot_on_give_up([&] {
-        eyes_save(chosen.failure);
-        std::printf("the screen is in %s\n", chosen.failure.c_str());
-    });
+    const int scale = chosen.sdl2.empty() ? 1 : SCALE;
+    display_start(scale * WINDOW_WIDTH, scale * WINDOW_HEIGHT);
     game_prepare(chosen.game);
-    if (!chosen.pictures.empty())
-        album_open(chosen.pictures);
-    if (chosen.road == "short")
-        road_short();
-    else if (chosen.road == "long")
-        road_long(chosen.puzzles);
-    else if (chosen.road == "signal")
-        road_signal();
-    else if (chosen.road == "tour" && !chosen.pictures.empty())
-        tour(chosen.display.visitors ? WATCH_SECONDS : 0);
-    else
-        refuse();
-    if (chosen.game.record_sound)
+    if (!chosen.depth32.empty())
+        setenv("LD_PRELOAD", chosen.depth32.c_str(), 1);
+    if (!chosen.sdl2.empty()) {
+        start_window_manager();
+        hands_push();
+        setenv("LD_LIBRARY_PATH", chosen.sdl2.c_str(), 1);
+    }
+    judge_begin();
+    ROADS.at(chosen.road)(chosen);
+    if (chosen.audio)
         ears_check();
     robot_say("is done: all was seen as expected");
-    robot_clean_up();
+    robot_finish();
     return EXIT_SUCCESS;
 }

@@ -3,8 +3,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "numbers.h"
-#include "library.h"
-#include "robot.h"
+#include "tour/library.h"
+#include "tour/robot.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -15,82 +15,56 @@
 static constexpr int DARK = 24, PAPER = 60; // steps of the screen's green
 
 struct digit_shape {
-    char digit; // as it should be
+    const picture *label;
+    int first, last; // columns that hold dark pixels
     int cell;
-    std::vector<std::vector<int>> columns; // of brightness
+    char digit; // as it should be
 };
 
-bool numbers_known(const puzzle_kind &kind) {
-    return kind.first_factor > 0;
+static int green(color565 color) {
+    return color >> 5 & 0x3F;
 }
 
-static int brightness(const picture &p, std::size_t at) {
-    return p.pixels[at] >> 5 & 0x3F;
+// How bright the label is there.
+static int brightness(const picture &label, point at) {
+    return picture_covers(label, at) ? green(label.pixels[static_cast<std::size_t>(at.y * label.width + at.x)]) : PAPER;
 }
 
-// The pixels that hang together with this one; takes them out of `left`.
-static std::vector<point> take_blob(const picture &label, std::vector<bool> &left, point from) {
-    std::vector<point> blob = {from};
-    const auto take = [&](point p) {
-        if (!area{0, 0, label.width, label.height}.holds(p))
-            return;
-        const auto at = static_cast<std::size_t>(p.y * label.width + p.x);
-        if (left[at])
-            blob.push_back(p);
-        left[at] = false;
-    };
-    left[static_cast<std::size_t>(from.y * label.width + from.x)] = false;
-    for (std::size_t next = 0; next < blob.size(); ++next)
-        for (int i = 0; i < 9; ++i)
-            take({blob[next].x + i % 3 - 1, blob[next].y + i / 3 - 1});
-    return blob;
+static bool dark_column(const picture &label, int x) {
+    for (int y = 0; y < label.height; ++y)
+        if (brightness(label, {x, y}) < DARK)
+            return true;
+    return false;
 }
 
-// The columns of the blob, with a margin.
-static digit_shape shape_of(const picture &label, const std::vector<point> &blob, int cell) {
-    const auto [first, last] =
-        std::minmax_element(blob.begin(), blob.end(), [](point a, point b) { return a.x < b.x; });
-    digit_shape shape = {.digit = 0, .cell = cell, .columns = {}};
-    for (int x = std::max(first->x - 1, 0); x <= std::min(last->x + 1, label.width - 1); ++x) {
-        shape.columns.emplace_back();
-        for (int y = 0; y < label.height; ++y) {
-            const auto at = static_cast<std::size_t>(y * label.width + x);
-            shape.columns.back().push_back(label.opaque[at] ? brightness(label, at) : PAPER);
-        }
-    }
-    return shape;
-}
-
-// From left to right.
-static std::vector<digit_shape> take_apart(const picture &label, int cell) {
+// The digits of a label, from left to right: what columns without a dark pixel part. Their soft rims may touch.
+static std::vector<digit_shape> take_apart(const picture &label, int cell, const std::string &number) {
     std::vector<digit_shape> shapes;
-    std::vector<bool> left = label.opaque; // of the dark pixels: the soft rims of two digits may touch
-    for (std::size_t i = 0; i < left.size(); ++i)
-        left[i] = left[i] && brightness(label, i) < DARK;
-    for (int x = 0; x < label.width; ++x)
-        for (int y = 0; y < label.height; ++y)
-            if (left[static_cast<std::size_t>(y * label.width + x)])
-                shapes.push_back(shape_of(label, take_blob(label, left, {x, y}), cell));
+    for (int x = 0; x < label.width; ++x) {
+        if (!dark_column(label, x))
+            continue;
+        if (shapes.empty() || shapes.back().last < x - 1)
+            shapes.push_back({&label, x, x, cell, 0});
+        shapes.back().last = x;
+    }
+    robot_expect(shapes.size() == number.size(), "the label of cell " + std::to_string(cell) + " shows " + number);
+    for (std::size_t i = 0; i < shapes.size(); ++i)
+        shapes[i].digit = number[i];
     return shapes;
 }
 
-static int unlike_columns(const std::vector<int> *a, const std::vector<int> *b) {
-    const std::vector<int> &one = a != nullptr ? *a : *b;
-    int sum = 0;
-    for (std::size_t y = 0; y < one.size(); ++y)
-        sum += std::abs(one[y] - (a != nullptr && b != nullptr ? (*b)[y] : PAPER));
-    return sum;
+// Counted from the shape's first column; it reaches into a margin of one on each side.
+static int shade(const digit_shape &shape, point at) {
+    const int x = shape.first + at.x;
+    return x >= shape.first - 1 && x <= shape.last + 1 ? brightness(*shape.label, {x, at.y}) : PAPER;
 }
 
 static int unlike_shifted(const digit_shape &a, const digit_shape &b, int shift) {
-    const auto column = [](const digit_shape &shape, int x) {
-        const bool inside = x >= 0 && x < static_cast<int>(shape.columns.size());
-        return inside ? &shape.columns[static_cast<std::size_t>(x)] : nullptr;
-    };
+    const int width = std::max(a.last - a.first, b.last - b.first) + 1;
     int sum = 0;
-    for (int x = -1; x <= static_cast<int>(std::max(a.columns.size(), b.columns.size())); ++x)
-        if (column(a, x) != nullptr || column(b, x + shift) != nullptr)
-            sum += unlike_columns(column(a, x), column(b, x + shift));
+    for (int y = 0; y < std::max(a.label->height, b.label->height); ++y)
+        for (int x = -2; x <= width + 1; ++x)
+            sum += std::abs(shade(a, {x, y}) - shade(b, {x + shift, y}));
     return sum;
 }
 
@@ -99,26 +73,25 @@ static int unlike(const digit_shape &a, const digit_shape &b) {
 }
 
 void numbers_check_labels(const puzzle_kind &kind) {
+    if (kind.first_factor == 0)
+        return;
     const auto labels = library_series(std::string(kind.folder) + "piece/symbols/", kind.columns * kind.rows);
     std::vector<digit_shape> all;
     for (int cell = 0; cell < kind.columns * kind.rows; ++cell) {
-        const std::string number =
-            std::to_string((kind.first_factor + cell / kind.columns) * (1 + cell % kind.columns));
-        std::vector<digit_shape> shapes = take_apart(*labels[static_cast<std::size_t>(cell)], cell);
-        robot_expect(shapes.size() == number.size(), "the label of cell " + std::to_string(cell) + " shows " + number);
-        for (std::size_t i = 0; i < shapes.size(); ++i) {
-            shapes[i].digit = number[i];
-            all.push_back(shapes[i]);
-        }
+        const int product = (kind.first_factor + cell / kind.columns) * (1 + cell % kind.columns);
+        const auto shapes = take_apart(*labels[static_cast<std::size_t>(cell)], cell, std::to_string(product));
+        all.insert(all.end(), shapes.begin(), shapes.end());
     }
     for (const digit_shape &shape : all) {
         const digit_shape *nearest = nullptr;
         int least = std::numeric_limits<int>::max();
-        for (const digit_shape &other : all)
-            if (other.cell != shape.cell && unlike(shape, other) < least) {
-                least = unlike(shape, other);
+        for (const digit_shape &other : all) {
+            const int difference = other.cell == shape.cell ? least : unlike(shape, other);
+            if (difference < least) {
+                least = difference;
                 nearest = &other;
             }
+        }
         robot_expect(nearest != nullptr && nearest->digit == shape.digit,
                      "the label of cell " + std::to_string(shape.cell) + " shows the digit " + shape.digit);
     }

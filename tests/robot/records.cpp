@@ -3,34 +3,38 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "records.h"
-#include "puzzle_kinds.h"
+#include "tour/puzzle_kinds.h"
+#include "tour/screens.h"
 
-#include <cctype>
+#include <algorithm>
 
-static constexpr int STUDY_SEEN = 11; // the bit after the puzzles'
+static constexpr int STUDY_SEEN = PUZZLE_COUNT; // the bit after the puzzles'
 static constexpr unsigned STRING_SHIFT = 128;
-static constexpr std::size_t LOG_LENGTH = 20;
+
 static constexpr std::array DEFAULT_MASTERS = {"The Master", "Master 2", "Master 3"};
+
+// The seconds of the three masters, and the longest that still counts; by the puzzle's number.
+static constexpr int TIMES[PUZZLE_COUNT][PLACES + 1] = {
+    {150, 240, 330, 360}, {165, 270, 375, 390}, {150, 240, 330, 360}, {165, 270, 375, 390},
+    {150, 225, 320, 360}, {150, 225, 320, 360}, {165, 260, 410, 470}, {190, 260, 345, 405},
+    {420, 585, 750, 810}, {150, 240, 330, 390}, {225, 270, 330, 360},
+};
 
 struct puzzle_records {
     std::vector<run_record> log;
     std::array<place_record, PLACES> masters;
 };
-struct player_record {
-    std::string name;
-    unsigned mastered = 0, seen = 0; // a bit a puzzle
-};
 
-static std::string name;
+// The player's bits, one a puzzle. There is one player, in the file once something is known of them.
+static unsigned mastered, seen;
 static bool completed;
-static std::vector<player_record> players;
 
 static std::array<puzzle_records, PUZZLE_COUNT> &book() {
     static std::array<puzzle_records, PUZZLE_COUNT> all = [] {
         std::array<puzzle_records, PUZZLE_COUNT> made;
         for (std::size_t type = 0; type < made.size(); ++type)
             for (std::size_t k = 0; k < PLACES; ++k)
-                made[type].masters[k] = {puzzle_kind_of(static_cast<int>(type)).master_seconds[k], DEFAULT_MASTERS[k]};
+                made[type].masters[k] = {TIMES[type][k], DEFAULT_MASTERS[k]};
         return made;
     }();
     return all;
@@ -44,28 +48,6 @@ static unsigned bit(int number) {
     return 1U << number;
 }
 
-// Spaces and capitals do not tell players apart.
-static std::string reduced(const std::string &text) {
-    std::string result;
-    for (const char c : text)
-        if (c != ' ')
-            result += static_cast<char>(std::toupper(c));
-    return result;
-}
-
-static player_record *find_player() {
-    for (player_record &player : players)
-        if (reduced(player.name) == reduced(name))
-            return &player;
-    return nullptr;
-}
-
-static player_record &player() {
-    if (find_player() == nullptr)
-        players.push_back({name, 0, 0});
-    return *find_player();
-}
-
 const std::vector<run_record> &records_log(int type) {
     return page(type).log;
 }
@@ -74,44 +56,35 @@ const std::array<place_record, PLACES> &records_masters(int type) {
     return page(type).masters;
 }
 
+int records_master_time(int type) {
+    return TIMES[type][PLACES];
+}
+
 bool records_mastered(int type) {
-    const player_record *known = name.empty() ? nullptr : find_player();
-    return known != nullptr && (known->mastered & bit(type)) != 0;
-}
-
-void records_set_name(const std::string &typed) {
-    name = typed;
-}
-
-const std::string &records_name() {
-    return name;
+    return (mastered & bit(type)) != 0;
 }
 
 void records_study_seen() {
-    if (!name.empty())
-        player().seen |= bit(STUDY_SEEN);
+    if (!player_name().empty())
+        seen |= bit(STUDY_SEEN);
 }
 
 void records_run_started(int type) {
-    player().seen |= bit(type);
+    seen |= bit(type);
 }
 
 void records_run(int type, const run_record &run) {
     completed = true;
-    if (run.seconds <= puzzle_kind_of(type).master_seconds[PLACES])
-        player().mastered |= bit(type);
-    std::vector<run_record> &log = page(type).log;
-    log.insert(log.begin(), run);
-    if (log.size() > LOG_LENGTH)
-        log.pop_back();
+    if (run.seconds <= records_master_time(type))
+        mastered |= bit(type);
+    page(type).log.insert(page(type).log.begin(), run);
     auto &masters = page(type).masters;
-    for (std::size_t k = 0; k < PLACES; ++k)
-        if (run.seconds < masters[k].seconds) {
-            for (std::size_t lower = PLACES - 1; lower > k; --lower)
-                masters[lower] = masters[lower - 1];
-            masters[k] = {run.seconds, run.name};
-            break;
-        }
+    const auto place = std::find_if(masters.begin(), masters.end(),
+                                    [&](const place_record &held) { return run.seconds < held.seconds; });
+    if (place == masters.end())
+        return;
+    std::move_backward(place, masters.end() - 1, masters.end());
+    *place = {run.seconds, run.name};
 }
 
 static void put(std::string &out, unsigned value) {
@@ -143,11 +116,11 @@ std::string records_scores_file() {
             put(out, run.name);
         }
     }
-    put(out, static_cast<unsigned>(players.size()));
-    for (const player_record &one : players) {
-        put(out, one.name);
-        put(out, one.mastered);
-        put(out, one.seen);
+    put(out, seen == 0 ? 0U : 1U); // players
+    if (seen != 0) {
+        put(out, player_name());
+        put(out, mastered);
+        put(out, seen);
     }
     return out;
 }
@@ -155,7 +128,7 @@ std::string records_scores_file() {
 std::string records_prefs_file() {
     std::string out;
     put(out, 1);
-    put(out, name);
+    put(out, player_name());
     put(out, completed ? 1 : 0);
     return out;
 }

@@ -25,12 +25,11 @@ struct place_record {
 
 const std::vector<run_record> &records_log(int type); // newest first
 const std::array<place_record, PLACES> &records_masters(int type);
-bool records_mastered(int type); // by the present player
+int records_master_time(int type); // seconds that a run may take to count as a master's
+bool records_mastered(int type);   // by the player
 
-void records_set_name(const std::string &name); // typed in the name dialog
-const std::string &records_name();              // empty: none yet
-void records_study_seen();                      // the study screen was entered
-void records_run_started(int type);             // the play screen was entered for a new run
+void records_study_seen();          // the study screen was entered
+void records_run_started(int type); // the play screen was entered
 void records_run(int type, const run_record &run);
 
 std::string records_scores_file(); // the bytes that data/scores should hold

@@ -1,0 +1,38 @@
+// display.h: the display of the play, the robot's own virtual one or the visitor's: looks at it, and acts on it as a
+// mouse and keyboard do.
+//
+// One thread, one display. A display that cannot be started ends the robot. Places are the game's pixels, wherever
+// the display shows them.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include "picture.h"
+
+#include <cstdint>
+#include <vector>
+
+inline constexpr int WINDOW_WIDTH = 800, WINDOW_HEIGHT = 600; // of the game, pixels
+
+// The left end of what stands in the window's middle.
+constexpr int window_center(int width) {
+    return (WINDOW_WIDTH - width) >> 1;
+}
+
+// What the window shows.
+struct view {
+    std::vector<std::uint32_t> shown = std::vector<std::uint32_t>(WINDOW_WIDTH * WINDOW_HEIGHT); // 0x00RRGGBB
+    std::vector<color565> pixels = std::vector<color565>(WINDOW_WIDTH * WINDOW_HEIGHT);
+};
+
+void display_start(int width, int height); // a virtual one; where it is larger, it may show the game scaled
+void display_open();                       // the one that $DISPLAY names, as it is
+std::vector<area> display_frames();        // where the game's picture may be: each window, as far as it fits
+void display_set_frame(const area &frame); // where it is; at first, the whole display
+void display_grab(view *into);
+
+void display_move_pointer(point to);
+void display_push_pointer(point by); // by so much, wherever it is
+void display_button(bool down);      // the left one
+void display_key(unsigned long keysym, bool down);

@@ -1,0 +1,147 @@
+// eyes.cpp: looking and waiting.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "eyes.h"
+#include "robot.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+#include <utility>
+
+using steady = std::chrono::steady_clock;
+
+static constexpr auto PATIENCE = std::chrono::seconds(60);    // for something to appear; it costs time only in vain
+static constexpr auto PAUSE = std::chrono::milliseconds(3);   // between two looks, at least
+static constexpr auto STILL = std::chrono::milliseconds(150); // longer than a slow game's frame
+static constexpr int GONE_VIEWS = 4;                          // views without a thing before it counts as gone
+
+static view now;
+static area covered;
+static std::function<std::string()> alarm_check;
+
+void eyes_look() {
+    display_grab(&now);
+}
+
+// Half of the time belongs to the game.
+static void pause_after(steady::duration looking) {
+    std::this_thread::sleep_for(std::max<steady::duration>(looking, PAUSE));
+}
+
+void eyes_overlook(const area &hidden) {
+    covered = hidden;
+}
+
+void eyes_set_alarm(std::function<std::string()> check) {
+    alarm_check = std::move(check);
+}
+
+// The pixel of `p` with this index, its corner at `corner`: 1 there, 0 not there, -1 cannot be judged.
+static int judge(const picture &p, int index, point corner) {
+    const point at = corner + point{index % p.width, index / p.width};
+    if (!WHOLE_WINDOW.holds(at) || covered.holds(at))
+        return -1;
+    const color565 seen = now.pixels[static_cast<std::size_t>(at.y * WINDOW_WIDTH + at.x)];
+    return color_close(seen, p.pixels[static_cast<std::size_t>(index)]) ? 1 : 0;
+}
+
+bool eyes_contradict(const picture &p, point at) {
+    return std::any_of(p.probes.begin(), p.probes.end(), [&](int index) { return judge(p, index, at) == 0; });
+}
+
+bool eyes_see(const picture &p, point at) {
+    return !eyes_contradict(p, at) &&
+           std::any_of(p.probes.begin(), p.probes.end(), [&](int index) { return judge(p, index, at) > 0; });
+}
+
+double eyes_match(const picture &p, point at) {
+    int judged = 0, there = 0;
+    for (const int index : p.probes) {
+        const int result = judge(p, index, at);
+        judged += result >= 0 ? 1 : 0;
+        there += result > 0 ? 1 : 0;
+    }
+    return judged == 0 ? 0 : static_cast<double>(there) / judged;
+}
+
+std::vector<point> eyes_find(const picture &p) {
+    std::vector<point> found;
+    for (int y = 0; y < WINDOW_HEIGHT; ++y)
+        for (int x = 0; x < WINDOW_WIDTH; ++x)
+            if (eyes_see(p, {x, y}))
+                found.push_back({x, y});
+    return found;
+}
+
+static void watch(const std::string &what, const std::function<bool()> &holds, int views) {
+    const auto end = steady::now() + PATIENCE;
+    for (int in_a_row = 0;;) {
+        const auto begin = steady::now();
+        eyes_look();
+        in_a_row = holds() ? in_a_row + 1 : 0;
+        if (in_a_row >= views)
+            return;
+        const std::string trouble = alarm_check ? alarm_check() : "";
+        if (!trouble.empty())
+            robot_give_up("the screen shows " + what + ", but " + trouble);
+        if (steady::now() > end)
+            robot_give_up("the screen shows " + what);
+        pause_after(steady::now() - begin);
+    }
+}
+
+void eyes_until(const std::string &what, const std::function<bool()> &holds) {
+    watch(what, holds, 1);
+}
+
+void eyes_until_not(const std::string &what, const std::function<bool()> &holds) {
+    watch(
+        what + " no more", [&] { return !holds(); }, GONE_VIEWS);
+}
+
+std::string eyes_place(point at) {
+    return "(" + std::to_string(at.x) + ", " + std::to_string(at.y) + ")";
+}
+
+void eyes_until_seen(const picture &p, point at) {
+    eyes_until("the picture " + p.name + " at " + eyes_place(at), [&] { return eyes_see(p, at); });
+}
+
+void eyes_find_window(const picture &p, point at) {
+    eyes_until("the program's window with " + p.name, [&] {
+        for (const area &frame : display_frames()) {
+            display_set_frame(frame);
+            eyes_look();
+            if (eyes_see(p, at))
+                return true;
+        }
+        return false;
+    });
+}
+
+std::vector<color565> eyes_copy(const area &part) {
+    std::vector<color565> copy;
+    for (int y = part.y; y < part.y + part.h; ++y)
+        for (int x = part.x; x < part.x + part.w; ++x)
+            copy.push_back(now.pixels[static_cast<std::size_t>(y * WINDOW_WIDTH + x)]);
+    return copy;
+}
+
+void eyes_until_still(const std::string &what, const area &part) {
+    std::vector<color565> before;
+    auto since = steady::now();
+    eyes_until(what + " at rest", [&] {
+        std::vector<color565> seen = eyes_copy(part);
+        if (seen != before) {
+            before = std::move(seen);
+            since = steady::now();
+        }
+        return steady::now() - since > STILL;
+    });
+}
+
+void eyes_save(const std::string &path) {
+    picture_write_png(path, now.shown, WINDOW_WIDTH, WINDOW_HEIGHT);
+}

@@ -1,0 +1,69 @@
+// picture.h: pictures as the robot knows them, in the screen's 5-6-5 colours, and how they are put together.
+//
+// One thread. Pictures are plain values. picture_decode and picture_write_png end the robot when they fail.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+using color565 = std::uint16_t;
+
+struct rgb8 {
+    int r, g, b;
+};
+
+struct point {
+    int x = 0, y = 0;
+    bool operator==(const point &) const = default;
+};
+
+constexpr point operator+(point a, point b) {
+    return {a.x + b.x, a.y + b.y};
+}
+constexpr point operator-(point a, point b) {
+    return {a.x - b.x, a.y - b.y};
+}
+
+struct area {
+    int x = 0, y = 0, w = 0, h = 0;
+    [[nodiscard]] bool holds(point p) const { return p.x >= x && p.y >= y && p.x < x + w && p.y < y + h; }
+};
+
+constexpr color565 to_565(int r, int g, int b) {
+    return static_cast<color565>((r >> 3) << 11 | (g >> 2) << 5 | b >> 3);
+}
+constexpr rgb8 from_565(color565 c) {
+    return {(c >> 11) << 3, ((c >> 5) & 0x3F) << 2, (c & 0x1F) << 3};
+}
+
+// Whether two colours are the same but for the rounding of a channel.
+bool color_close(color565 a, color565 b);
+
+struct picture {
+    std::string name;
+    int width = 0, height = 0;
+    std::vector<color565> pixels;
+    std::vector<bool> opaque;
+    std::vector<int> probes; // indices of the opaque pixels, scattered, so that a mismatch shows early
+};
+
+picture picture_decode(const std::string &name, const std::string &xpm);
+bool picture_same(const picture &a, const picture &b);
+bool picture_covers(const picture &p, point at); // whether it is opaque there; it is not outside
+point picture_middle(const picture &p);
+point picture_inside(const picture &outer, const picture &inner); // where it stands in the other's middle
+
+// `upper` laid over `lower` with its corner at `at`; what sticks out is cut off.
+picture picture_over(const picture &lower, const picture &upper, point at);
+
+// The same picture where only a part is looked at.
+picture picture_where(const picture &whole, const std::function<bool(point)> &kept);
+picture picture_part(const picture &whole, const area &kept);
+
+// 0x00RRGGBB pixels, row after row.
+void picture_write_png(const std::string &path, const std::vector<std::uint32_t> &pixels, int width, int height);

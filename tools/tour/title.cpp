@@ -1,0 +1,181 @@
+// title.cpp: splash, title screen and credits; buttons and help bubbles.
+//
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: The Tavimo developers
+#include "eyes.h"
+#include "game.h"
+#include "hands.h"
+#include "letters.h"
+#include "library.h"
+#include "screens.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+// Pictures of the title screen, by their numbers in its series.
+enum title_picture { ROWS = 2, PUZZLES = 13, HEADING = 42, MARK = 47 };
+static constexpr column_button EXIT = {"title/", 29, 1}, HELP = {"title/", 28, 2}, CREDITS = {"title/", 44, 3},
+                               STUDY = {"title/", 56, 6};
+static constexpr int CONTINUE = 7, QUIT = 11; // buttons of the splash screen
+
+static constexpr int COLUMN_RIGHT = 795, COLUMN_BOTTOM = 595, COLUMN_GAP = 5;
+static constexpr int ROW_TEXT_X = 70, ROW_TEXT_Y = 148, MARK_X = 22;
+static constexpr point HEADING_AT = {30, 14}, SPLASH_BUTTON = {659, 480};
+static constexpr int PICTURE_X = 400, PICTURE_MIDDLE = 192, PICTURE_TITLE = 10;
+static constexpr int CREDITS_TOP = 100, VERSION_Y = 194;
+static constexpr std::array HELP_DARK = {203, 187};
+static constexpr int HIGHLIGHT_FIRST = 180, HIGHLIGHT_LAST = 250, HIGHLIGHT_BLUE = 64;
+
+// --- Buttons and help bubbles ----------------------------------------------------------------------------------
+
+void button_click(const picture &normal, point at) {
+    hands_move_away(); // a button under the mouse looks different
+    eyes_until_seen(normal, at);
+    moments_tell(moment::CLICK);
+    hands_click(at + picture_middle(normal));
+}
+
+point column_place(const column_button &button) {
+    const picture &p = library_picture(button.folder, button.picture);
+    return {COLUMN_RIGHT - p.width, COLUMN_BOTTOM - COLUMN_GAP * (button.rise - 1) - p.height * button.rise};
+}
+
+void column_click(const column_button &button) {
+    button_click(library_picture(button.folder, button.picture), column_place(button));
+}
+
+// The bubbles are deaf for their first frames. A text starts white and pulses: when it is dark they listen.
+static bool help_seen_dark(const std::string &text, point at) {
+    return std::any_of(HELP_DARK.begin(), HELP_DARK.end(), [&](int grey) {
+        return letters_seen(text, at, {grey, grey, grey});
+    });
+}
+
+void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at, moment seen) {
+    const auto showing = [&] { return letters_seen_pulsing(first_text, at); };
+    hands_move_away();
+    eyes_until("the help \"" + first_text + "\"", showing);
+    eyes_until("the help's text getting darker", [&] { return help_seen_dark(first_text, at); });
+    for (int click = 1; click <= most_clicks; ++click) {
+        if (click == most_clicks)
+            moments_tell(seen);
+        hands_click(click_at);
+        hands_move_away();
+        eyes_look();
+        if (!showing())
+            break;
+    }
+    eyes_until_not("the help \"" + first_text + "\"", showing);
+}
+
+// --- The list of puzzles ---------------------------------------------------------------------------------------
+
+static const picture &title_picture_of(int number) {
+    return library_picture("title/", number);
+}
+
+static int row_top(int type) {
+    return ROW_HEIGHT * puzzle_list_row(type);
+}
+
+static bool row_title_seen(int type, rgb8 color) {
+    return letters_seen(puzzle_kind_of(type).title, {ROW_TEXT_X, ROW_TEXT_Y + row_top(type)}, color);
+}
+
+// The row's picture as far as its text and a master's mark leave it free.
+static bool row_picture_seen(int type) {
+    const picture &row = title_picture_of(ROWS + type);
+    const int mark_end = MARK_X + title_picture_of(MARK).width - LIST_X;
+    const picture free = picture_part(row, {mark_end, 0, ROW_TEXT_X - LIST_X - 1 - mark_end, row.height});
+    return eyes_see(free, {LIST_X, LIST_TOP + row_top(type)});
+}
+
+// The selected row's title pulses.
+static bool row_seen(int type) {
+    if (!row_picture_seen(type))
+        return false;
+    bool seen = row_title_seen(type, LIGHT_GREY);
+    for (int bright = HIGHLIGHT_FIRST; !seen && bright <= HIGHLIGHT_LAST; ++bright)
+        seen = row_title_seen(type, {bright, bright, HIGHLIGHT_BLUE});
+    return seen;
+}
+
+static void until_list() {
+    for (int type = 0; type < PUZZLE_COUNT; ++type)
+        eyes_until(std::string("the row of ") + puzzle_kind_of(type).title, [&] { return row_seen(type); });
+}
+
+// --- Splash ----------------------------------------------------------------------------------------------------
+
+static const picture &until_splash(int button, moment seen) {
+    const picture &normal = library_picture("splash/", button);
+    eyes_find_window(title_picture_of(HEADING), HEADING_AT);
+    until_list();
+    eyes_until_seen(normal, SPLASH_BUTTON);
+    moments_tell(seen);
+    return normal;
+}
+
+void splash_leave() {
+    button_click(until_splash(CONTINUE, moment::SPLASH), SPLASH_BUTTON);
+    title_await();
+}
+
+void splash_finish() {
+    hands_press_last(SPLASH_BUTTON + picture_middle(until_splash(QUIT, moment::CLOSING)));
+    game_expect_exit();
+}
+
+// --- Title screen ----------------------------------------------------------------------------------------------
+
+void title_await() {
+    hands_move_away();
+    eyes_until_seen(title_picture_of(HEADING), HEADING_AT);
+    eyes_until_seen(library_picture(EXIT.folder, EXIT.picture), column_place(EXIT));
+    until_list();
+    moments_tell(moment::TITLE);
+}
+
+void title_help() {
+    static constexpr point FIRST_AT = {210, 115}, CHOOSE_AT = {450, 200};
+    static constexpr point A_ROW = {120, LIST_TOP + 9 * ROW_HEIGHT + ROW_HEIGHT / 2};
+    column_click(HELP);
+    help_until_closed("Click to select a puzzle.", FIRST_AT, 2, A_ROW, moment::TITLE_HELP);
+    letters_until("Choose a puzzle", CHOOSE_AT, LIGHT_GREY);
+}
+
+void title_credits() {
+    const picture &heading = title_picture_of(HEADING);
+    column_click(CREDITS);
+    eyes_until_seen(heading, {window_center(heading.width), CREDITS_TOP});
+    letters_until_centered("Version " TAVIMO_VERSION, VERSION_Y, LIGHT_GREY);
+    moments_tell(moment::CREDITS);
+    hands_click_away();
+    title_await();
+}
+
+void title_select(const puzzle_kind &kind) {
+    const picture &p = title_picture_of(PUZZLES + kind.type), &row = title_picture_of(ROWS + kind.type);
+    const point at = {PICTURE_X, PICTURE_MIDDLE - picture_middle(p).y};
+    eyes_look();
+    if (!eyes_see(p, at))
+        moments_tell(moment::SELECT);
+    hands_click(point{LIST_X, LIST_TOP + row_top(kind.type)} + picture_middle(row));
+    eyes_until_seen(p, at);
+    letters_until(kind.title, at + point{picture_middle(p).x - (letters_width(kind.title) >> 1), -PICTURE_TITLE},
+                  LIGHT_GREY);
+    moments_tell(moment::SELECTED);
+}
+
+void title_study() {
+    column_click(STUDY);
+}
+
+void title_exit() {
+    column_click(EXIT);
+    dialog_answer("Exit program?", false, moment::EXIT);
+    title_await();
+    hands_key(XK_Escape);
+    dialog_answer("Exit program?", true, moment::EXIT);
+}
