@@ -38,9 +38,10 @@ struct run_span {
     double least, most;
 };
 
-// Of the run that is played; the game's clock runs from the first piece held to the last one dropped.
-static bool any_taken;
-static steady::time_point first_taken, first_held, last_taken;
+// Of the run that is played; the game's clock begins between its first move and the first piece held, and ends when the
+// last one is dropped.
+static steady::time_point first_move, first_held, last_taken;
+static bool any_held;
 static std::optional<run_span> completed; // and not yet seen in the score log
 
 static double seconds_between(steady::time_point from, steady::time_point to) {
@@ -86,7 +87,7 @@ static void check_study(const puzzle_kind &kind) {
 // --- Completion and score log ----------------------------------------------------------------------------------
 
 static void check_completion(const puzzle_kind &kind) {
-    completed = {seconds_between(first_held, last_taken), seconds_between(first_taken, steady::now())};
+    completed = {seconds_between(first_held, last_taken), seconds_between(first_move, steady::now())};
     const bool master = completed->most < records_master_time(kind.type);
     robot_expect(completion_praised() == master,
                  std::string("a master's time is ") + (master ? "" : "not ") + "praised");
@@ -151,19 +152,14 @@ static void check_score_log(const puzzle_kind &kind) {
 
 static void start_run(const puzzle_kind &kind) {
     records_run_started(kind.type);
-    any_taken = false;
-}
-
-static void note_take() {
-    last_taken = steady::now();
-    if (!any_taken)
-        first_taken = last_taken;
+    first_move = steady::now();
+    any_held = false;
 }
 
 static void note_held() {
-    if (!any_taken)
+    if (!any_held)
         first_held = steady::now();
-    any_taken = true;
+    any_held = true;
 }
 
 static void judge(moment what, const puzzle_kind *kind) {
@@ -172,10 +168,10 @@ static void judge(moment what, const puzzle_kind *kind) {
     case moment::TITLE: check_title(); break;
     case moment::SELECTED: numbers_check_labels(*kind); break;
     case moment::STUDY: check_study(*kind); break;
-    case moment::BEGIN: start_run(*kind); break;
+    case moment::FIRST_MOVE: start_run(*kind); break;
     case moment::COMPLETED: check_completion(*kind); break;
     case moment::SCORE_LOG: check_score_log(*kind); break;
-    case moment::TAKE: note_take(); break;
+    case moment::TAKE: last_taken = steady::now(); break;
     case moment::HELD: note_held(); break;
     case moment::CLICK: ears_note("click"); break;
     case moment::SELECT: ears_note("board_slide"); break;

@@ -21,6 +21,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -69,8 +70,7 @@ static void look_again(const options &chosen, const std::vector<int> &played) {
     for (const int type : played) {
         moments_about(&puzzle_kind_of(type));
         title_select(puzzle_kind_of(type));
-        if (chosen.audio)
-            ears_note("score_log");
+        ears_note("score_log");
         column_click(SCORES);
         score_log_watch();
         moments_about(nullptr);
@@ -141,8 +141,10 @@ static options parse(int count, char **words) {
         }
     }
     // clang-format on
-    for (int type = 0; chosen.puzzles.size() == static_cast<std::size_t>(type) && type < PUZZLE_COUNT; ++type)
-        chosen.puzzles.push_back(type);
+    if (chosen.puzzles.empty()) {
+        chosen.puzzles.resize(PUZZLE_COUNT);
+        std::iota(chosen.puzzles.begin(), chosen.puzzles.end(), 0);
+    }
     if (!known || chosen.game.program.empty() || !ROADS.contains(chosen.road)) {
         std::fputs(USAGE, stderr);
         std::exit(EXIT_FAILURE);

@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "album.h"
+#include "display.h"
 #include "eyes.h"
 #include "moments.h"
 #include "robot.h"
@@ -102,7 +103,7 @@ static void take_picture(const stop &at, const puzzle_kind *puzzle) {
     const std::string type = puzzle != nullptr ? "-" + std::to_string(puzzle->type) : "";
     pages.push_back({number + std::string(at.name) + type + ".png", caption_of(at, puzzle)});
     eyes_look();
-    eyes_save(folder + "/" + pages.back().file);
+    display_save(folder + "/" + pages.back().file);
     robot_say(pages.back().file + ": " + pages.back().caption);
 }
 

@@ -7,7 +7,7 @@
 #include "library.h"
 #include "moments.h"
 #include "pieces.h"
-#include "play_parts.h"
+#include "play.h"
 #include "robot.h"
 
 #include <algorithm>
@@ -25,12 +25,8 @@ static constexpr int KEY_COLUMNS = 3, KEY_GAP_X = 1, KEY_GAP_Y = 3;
 static constexpr int ZERO_KEY = 10, ENTER_KEY = 11; // numbers on the keypad, read row by row
 static constexpr int NEXT_PICTURE = 4, KEY_PICTURE = 1, TIMES_SIGN = 11;
 
-static const picture &picture_of(const puzzle_kind &kind, const char *name) {
-    return library_picture(std::string(kind.folder) + name);
-}
-
 static const picture &card_back(const puzzle_kind &kind) {
-    return picture_of(kind, "deck/base.xpm");
+    return library_picture(std::string(kind.folder) + "deck/base.xpm");
 }
 
 static const picture &key_picture(const puzzle_kind &kind, int number) {
@@ -87,19 +83,14 @@ static std::vector<picture> card_faces(const puzzle_kind &kind) {
     for (int cell = 0; cell < pieces_count(); ++cell) {
         const picture &label = pieces_label(cell);
         const point at = picture_inside(card, label) + kind.card_label;
-        faces.push_back(picture_part(picture_over(card, label, at), {at.x, at.y, label.width, label.height}));
+        faces.push_back(picture_part(picture_collage(card, {{&label, at}}), {at.x, at.y, label.width, label.height}));
     }
     return faces;
 }
 
-// Where a piece is held that is taken from its card.
-static point card_grip() {
-    return {pieces_size().x >> 1, pieces_size().y >> 1};
-}
-
 // Cells are tried in turn where several pieces share a label. The one that fits.
 static int put_into_one_of(const std::vector<int> &cells, const puzzle_kind &kind, bool last) {
-    point from = kind.deck + DECK_PIECE, grip = card_grip();
+    point from = kind.deck + DECK_PIECE, grip = pieces_middle();
     for (const int cell : cells) {
         if (play_place(from, grip, cell, last))
             return cell;
@@ -117,7 +108,7 @@ static void wander_deck(const puzzle_kind &kind, const std::vector<picture> &fac
     int elsewhere = 0;
     while (picture_same(pieces_label(elsewhere), pieces_label(seen)))
         ++elsewhere;
-    play_drop_wrongly(kind.deck + DECK_PIECE, card_grip(), seen, elsewhere);
+    play_drop_wrongly(kind.deck + DECK_PIECE, pieces_middle(), seen, elsewhere);
     hands_key(XK_space);
     eyes_until("the cell empty from which a piece was taken back", [&] { return pieces_cell_empty(elsewhere); });
     until_deck_rests(kind);
@@ -154,20 +145,19 @@ static point factors(const puzzle_kind &kind, int cell) {
 static picture problem_card(const puzzle_kind &kind, int cell) {
     const auto [a, b] = factors(kind, cell);
     const std::string text = std::to_string(a) + "x" + std::to_string(b);
-    std::vector<const picture *> signs;
+    std::vector<picture_layer> signs;
     int width = 0, height = 0;
     for (const char c : text) {
         const int number = c == 'x' ? TIMES_SIGN : c - '0' + 1;
-        signs.push_back(&library_picture(std::string(kind.folder) + "deck/symbols/", number));
-        width += signs.back()->width + 1;
-        height = std::max(height, signs.back()->height);
+        const picture &sign = library_picture(std::string(kind.folder) + "deck/symbols/", number);
+        signs.push_back({&sign, {width, -sign.height}});
+        width += sign.width + 1;
+        height = std::max(height, sign.height);
     }
-    picture result = card_back(kind);
-    point at = picture_middle(result) - point{width >> 1, height >> 1};
-    for (const picture *sign : signs) {
-        result = picture_over(result, *sign, at + point{0, height - sign->height});
-        at.x += sign->width + 1;
-    }
+    const picture &card = card_back(kind);
+    for (picture_layer &sign : signs)
+        sign.at = sign.at + picture_middle(card) + point{-(width >> 1), height - (height >> 1)};
+    picture result = picture_collage(card, signs);
     result.name = text;
     return result;
 }

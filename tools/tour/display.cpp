@@ -7,34 +7,27 @@
 #include "robot.h"
 
 #include <X11/Xlib.h>
-#include <X11/Xutil.h>
-#include <X11/extensions/XShm.h>
 #include <X11/extensions/XTest.h>
-
-#include <sys/ipc.h>
-#include <sys/shm.h>
+#include <cairo-xlib.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
-#include <string>
 
 static constexpr unsigned LEFT_BUTTON = 1;
-static constexpr int PRIVATE = 0600;
 
 static area whole, shown_in; // the display, and where the game's picture is on it
 static Display *connection;
-static XImage *screen_image;
-static XShmSegmentInfo segment;
+static cairo_surface_t *screen;  // all that the display shows
+static cairo_surface_t *grabbed; // in the game's pixels
 
 // The server picks a free display number and writes it to the pipe.
 static std::string start_server(int width, int height) {
     int ends[2];
     robot_expect(pipe(ends) == 0, "a pipe can be made");
-    const std::string screen = std::to_string(width) + "x" + std::to_string(height) + "x24";
+    const std::string size = std::to_string(width) + "x" + std::to_string(height) + "x24";
     const pid_t server = process_start(
-        {"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", screen, "-nolisten", "tcp", "-noreset"});
+        {"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", size, "-nolisten", "tcp", "-noreset"});
     close(ends[1]);
     robot_at_end([server](bool) { process_stop(server); });
     std::string number;
@@ -45,28 +38,17 @@ static std::string start_server(int width, int height) {
     return ":" + number;
 }
 
-static void share_screen() {
-    const int screen = DefaultScreen(connection);
-    screen_image = XShmCreateImage(connection, DefaultVisual(connection, screen), 24, ZPixmap, nullptr, &segment,
-                                   static_cast<unsigned>(whole.w), static_cast<unsigned>(whole.h));
-    robot_expect(screen_image != nullptr && screen_image->bits_per_pixel == 32, "the display has 32 bits a pixel");
-    const auto size = static_cast<std::size_t>(screen_image->bytes_per_line * screen_image->height);
-    segment.shmid = shmget(IPC_PRIVATE, size, IPC_CREAT | PRIVATE);
-    segment.shmaddr = screen_image->data = static_cast<char *>(shmat(segment.shmid, nullptr, 0));
-    robot_expect(XShmAttach(connection, &segment) != 0, "the display shares its pixels");
-    XSync(connection, False);
-    shmctl(segment.shmid, IPC_RMID, nullptr); // it lives until both have let go
-}
-
 void display_open() {
     connection = XOpenDisplay(nullptr);
     robot_expect(connection != nullptr, "the display can be opened");
     XSetErrorHandler([](Display *, XErrorEvent *) { return 0; }); // windows come and go while they are looked at
-    const int screen = DefaultScreen(connection);
-    whole = shown_in = {0, 0, DisplayWidth(connection, screen), DisplayHeight(connection, screen)};
+    const int number = DefaultScreen(connection);
+    whole = shown_in = {0, 0, DisplayWidth(connection, number), DisplayHeight(connection, number)};
     int unused = 0;
     robot_expect(XTestQueryExtension(connection, &unused, &unused, &unused, &unused) != 0, "the display has XTEST");
-    share_screen();
+    screen = cairo_xlib_surface_create(connection, DefaultRootWindow(connection), DefaultVisual(connection, number),
+                                       whole.w, whole.h);
+    grabbed = cairo_image_surface_create(CAIRO_FORMAT_RGB24, WINDOW_WIDTH, WINDOW_HEIGHT);
 }
 
 void display_start(int width, int height) {
@@ -107,33 +89,28 @@ void display_set_frame(const area &frame) {
     shown_in = frame;
 }
 
-// The display's pixel in the middle of the game's.
-static int display_x(int x) {
-    return shown_in.x + (2 * x + 1) * shown_in.w / (2 * WINDOW_WIDTH);
-}
-static int display_y(int y) {
-    return shown_in.y + (2 * y + 1) * shown_in.h / (2 * WINDOW_HEIGHT);
-}
-
-void display_grab(view *into) {
-    XShmGetImage(connection, DefaultRootWindow(connection), screen_image, 0, 0, AllPlanes);
-    std::array<int, WINDOW_WIDTH> columns; // looked at hundreds of times a second: no division for each pixel
-    for (int x = 0; x < WINDOW_WIDTH; ++x)
-        columns[static_cast<std::size_t>(x)] = display_x(x);
-    std::uint32_t *shown = into->shown.data();
-    for (int y = 0; y < WINDOW_HEIGHT; ++y) {
-        const auto *row =
-            reinterpret_cast<const std::uint32_t *>(screen_image->data + display_y(y) * screen_image->bytes_per_line);
-        for (const int column : columns)
-            *shown++ = row[column] & 0xFFFFFFU;
-    }
-    std::transform(into->shown.begin(), into->shown.end(), into->pixels.begin(), [](std::uint32_t c) {
-        return static_cast<color565>((c >> 8 & 0xF800) | (c >> 5 & 0x07E0) | (c >> 3 & 0x001F));
-    });
+std::span<const std::uint32_t> display_grab() {
+    cairo_surface_mark_dirty(screen);
+    cairo_t *painter = cairo_create(grabbed);
+    cairo_scale(painter, 1.0 * WINDOW_WIDTH / shown_in.w, 1.0 * WINDOW_HEIGHT / shown_in.h);
+    cairo_set_source_surface(painter, screen, -shown_in.x, -shown_in.y);
+    cairo_pattern_set_filter(cairo_get_source(painter), CAIRO_FILTER_NEAREST);
+    cairo_paint(painter);
+    cairo_destroy(painter);
+    cairo_surface_flush(grabbed);
+    const auto *pixels = reinterpret_cast<const std::uint32_t *>(cairo_image_surface_get_data(grabbed));
+    return {pixels, static_cast<std::size_t>(WINDOW_WIDTH * WINDOW_HEIGHT)};
 }
 
+void display_save(const std::string &path) {
+    robot_expect(cairo_surface_write_to_png(grabbed, path.c_str()) == CAIRO_STATUS_SUCCESS,
+                 "the picture " + path + " can be written");
+}
+
+// To the middle of the game's pixel.
 void display_move_pointer(point to) {
-    XTestFakeMotionEvent(connection, -1, display_x(to.x), display_y(to.y), CurrentTime);
+    XTestFakeMotionEvent(connection, -1, shown_in.x + (2 * to.x + 1) * shown_in.w / (2 * WINDOW_WIDTH),
+                         shown_in.y + (2 * to.y + 1) * shown_in.h / (2 * WINDOW_HEIGHT), CurrentTime);
     XFlush(connection);
 }
 

@@ -11,6 +11,8 @@
 #include "picture.h"
 
 #include <cstdint>
+#include <span>
+#include <string>
 #include <vector>
 
 inline constexpr int WINDOW_WIDTH = 800, WINDOW_HEIGHT = 600; // of the game, pixels
@@ -20,17 +22,13 @@ constexpr int window_center(int width) {
     return (WINDOW_WIDTH - width) >> 1;
 }
 
-// What the window shows.
-struct view {
-    std::vector<std::uint32_t> shown = std::vector<std::uint32_t>(WINDOW_WIDTH * WINDOW_HEIGHT); // 0x00RRGGBB
-    std::vector<color565> pixels = std::vector<color565>(WINDOW_WIDTH * WINDOW_HEIGHT);
-};
-
 void display_start(int width, int height); // a virtual one; where it is larger, it may show the game scaled
 void display_open();                       // the one that $DISPLAY names, as it is
 std::vector<area> display_frames();        // where the game's picture may be: each window, as far as it fits
 void display_set_frame(const area &frame); // where it is; at first, the whole display
-void display_grab(view *into);
+
+std::span<const std::uint32_t> display_grab(); // what it shows now: 0x00RRGGBB or 0xFFRRGGBB, row after row
+void display_save(const std::string &path);    // what was grabbed last, as PNG; ends the robot when it cannot
 
 void display_move_pointer(point to);
 void display_push_pointer(point by); // by so much, wherever it is

@@ -17,17 +17,15 @@ static constexpr auto PAUSE = std::chrono::milliseconds(3);   // between two loo
 static constexpr auto STILL = std::chrono::milliseconds(150); // longer than a slow game's frame
 static constexpr int GONE_VIEWS = 4;                          // views without a thing before it counts as gone
 
-static view now;
+static std::vector<color565> now = std::vector<color565>(WINDOW_WIDTH * WINDOW_HEIGHT); // what is seen
 static area covered;
 static std::function<std::string()> alarm_check;
 
 void eyes_look() {
-    display_grab(&now);
-}
-
-// Half of the time belongs to the game.
-static void pause_after(steady::duration looking) {
-    std::this_thread::sleep_for(std::max<steady::duration>(looking, PAUSE));
+    const auto shown = display_grab();
+    std::transform(shown.begin(), shown.end(), now.begin(), [](std::uint32_t c) {
+        return static_cast<color565>((c >> 8 & 0xF800) | (c >> 5 & 0x07E0) | (c >> 3 & 0x001F));
+    });
 }
 
 void eyes_overlook(const area &hidden) {
@@ -43,17 +41,19 @@ static int judge(const picture &p, int index, point corner) {
     const point at = corner + point{index % p.width, index / p.width};
     if (!WHOLE_WINDOW.holds(at) || covered.holds(at))
         return -1;
-    const color565 seen = now.pixels[static_cast<std::size_t>(at.y * WINDOW_WIDTH + at.x)];
+    const color565 seen = now[static_cast<std::size_t>(at.y * WINDOW_WIDTH + at.x)];
     return color_close(seen, p.pixels[static_cast<std::size_t>(index)]) ? 1 : 0;
 }
 
-bool eyes_contradict(const picture &p, point at) {
-    return std::any_of(p.probes.begin(), p.probes.end(), [&](int index) { return judge(p, index, at) == 0; });
-}
-
 bool eyes_see(const picture &p, point at) {
-    return !eyes_contradict(p, at) &&
-           std::any_of(p.probes.begin(), p.probes.end(), [&](int index) { return judge(p, index, at) > 0; });
+    bool any = false;
+    for (const int index : p.probes) {
+        const int there = judge(p, index, at);
+        if (there == 0)
+            return false;
+        any |= there > 0;
+    }
+    return any;
 }
 
 double eyes_match(const picture &p, point at) {
@@ -88,7 +88,8 @@ static void watch(const std::string &what, const std::function<bool()> &holds, i
             robot_give_up("the screen shows " + what + ", but " + trouble);
         if (steady::now() > end)
             robot_give_up("the screen shows " + what);
-        pause_after(steady::now() - begin);
+        std::this_thread::sleep_for(
+            std::max<steady::duration>(steady::now() - begin, PAUSE)); // half of it for the game
     }
 }
 
@@ -125,7 +126,7 @@ std::vector<color565> eyes_copy(const area &part) {
     std::vector<color565> copy;
     for (int y = part.y; y < part.y + part.h; ++y)
         for (int x = part.x; x < part.x + part.w; ++x)
-            copy.push_back(now.pixels[static_cast<std::size_t>(y * WINDOW_WIDTH + x)]);
+            copy.push_back(now[static_cast<std::size_t>(y * WINDOW_WIDTH + x)]);
     return copy;
 }
 
@@ -140,8 +141,4 @@ void eyes_until_still(const std::string &what, const area &part) {
         }
         return steady::now() - since > STILL;
     });
-}
-
-void eyes_save(const std::string &path) {
-    picture_write_png(path, now.shown, WINDOW_WIDTH, WINDOW_HEIGHT);
 }

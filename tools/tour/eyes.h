@@ -19,10 +19,9 @@ inline constexpr area WHOLE_WINDOW = {0, 0, WINDOW_WIDTH, WINDOW_HEIGHT};
 void eyes_look();
 void eyes_overlook(const area &hidden); // what the mouse cursor covers now
 
-bool eyes_see(const picture &p, point at);        // every opaque pixel that is inside the window
-bool eyes_contradict(const picture &p, point at); // some pixel is not there; nothing seen contradicts nothing
-double eyes_match(const picture &p, point at);    // the share of its opaque pixels that are there, 0..1
-std::vector<point> eyes_find(const picture &p);   // all its places
+bool eyes_see(const picture &p, point at);      // every opaque pixel that is inside the window, one at least
+double eyes_match(const picture &p, point at);  // the share of its opaque pixels that are there, 0..1
+std::vector<point> eyes_find(const picture &p); // all its places
 
 // Looks until it holds; `what` completes "expected that the screen shows ...".
 void eyes_until(const std::string &what, const std::function<bool()> &holds);
@@ -37,5 +36,4 @@ void eyes_until_still(const std::string &what, const area &part); // nothing mov
 // A check that runs while waiting; it returns what went wrong, or nothing.
 void eyes_set_alarm(std::function<std::string()> check);
 
-std::string eyes_place(point at);        // in words
-void eyes_save(const std::string &path); // the last view as PNG
+std::string eyes_place(point at); // in words

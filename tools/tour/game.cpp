@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "game.h"
+#include "display.h"
 #include "eyes.h"
 #include "hands.h"
 #include "library.h"
@@ -11,18 +12,13 @@
 
 #include <sys/wait.h>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <thread>
 
 namespace fs = std::filesystem;
-
-static constexpr auto END_PATIENCE = std::chrono::seconds(60); // from the last click to the program's end
-static constexpr auto POLL = std::chrono::milliseconds(20);
 
 static fs::path folder;
 static pid_t running = -1;
@@ -53,7 +49,7 @@ static std::string ended_early() {
 
 static void end(const std::string &failure, bool failed) {
     if (failed) {
-        eyes_save(failure);
+        display_save(failure);
         std::printf("the screen is in %s\nthe program's log:\n%s\nits standard error:\n%s\n", failure.c_str(),
                     game_file("bin/errorlog.log").c_str(), game_file("said.txt").c_str());
     }
@@ -64,10 +60,10 @@ static void end(const std::string &failure, bool failed) {
     fs::remove_all(folder, ignored);
 }
 
-// SDL's devices, and the SDL 1.2 that stands on SDL 2: what is not on a visitor's own display has no graphics card.
+// For SDL, also for the SDL 1.2 that stands on SDL 2. Every pixel is to be seen as the game has made it, whatever the
+// display's size; a virtual display has no graphics card.
 static void choose_devices(bool visitors) {
-    setenv("SDL12COMPAT_SCALE_METHOD", "nearest",
-           1); // every pixel as the game has made it, whatever the display's size
+    setenv("SDL12COMPAT_SCALE_METHOD", "nearest", 1);
     if (visitors)
         return;
     setenv("SDL_AUDIODRIVER", "dummy", 1);
@@ -99,11 +95,8 @@ pid_t game_start() {
 
 void game_expect_exit() {
     int status = 0;
-    for (std::chrono::milliseconds waited{0}; waitpid(running, &status, WNOHANG) == 0; waited += POLL) {
-        eyes_look(); // for the picture of a failure
-        robot_expect(waited < END_PATIENCE, "the program ends");
-        std::this_thread::sleep_for(POLL);
-    }
+    eyes_set_alarm({});
+    eyes_until("the end of the program", [&] { return waitpid(running, &status, WNOHANG) != 0; });
     running = -1;
     robot_expect(WIFEXITED(status) && WEXITSTATUS(status) == 0,
                  "the program ends with exit status 0, not " + describe(status));

@@ -10,9 +10,11 @@
 #include <array>
 #include <cctype>
 #include <map>
-#include <sstream>
+#include <tuple>
+#include <vector>
 
 static constexpr int LINE = 17, GAP = 1; // pixels between lines and between letters
+static constexpr int ASCENT = 32;        // more than any letter's height
 static constexpr int FULL = 255;
 static constexpr int PULSE_DARKEST = 183, PULSE_STEP = 4; // greys of a pulsing text
 
@@ -52,38 +54,27 @@ static const std::map<char, letter> &font() {
     return all;
 }
 
-static const letter *find_letter(char c) {
-    const auto found = font().find(c);
-    return found == font().end() ? nullptr : &found->second;
-}
-
-// The letter's picture in this colour; made once for each.
-static const picture &colored(char c, rgb8 color) {
-    static std::map<std::array<int, 4>, picture> made;
-    const std::array<int, 4> key = {c, color.r, color.g, color.b};
-    if (const auto found = made.find(key); found != made.end())
-        return found->second;
-    picture p = *font().at(c).shape;
-    for (color565 &pixel : p.pixels) {
-        const rgb8 from = from_565(pixel);
-        pixel = to_565(from.r * color.r / FULL, from.g * color.g / FULL, from.b * color.b / FULL);
+// The letters of a text and where their corners lie, the first line's reference line at 0.
+static std::vector<picture_layer> lay_out(const std::string &text) {
+    std::vector<picture_layer> letters;
+    point at;
+    for (const char c : text) {
+        if (c == '\n')
+            at = {0, at.y + LINE};
+        const auto found = font().find(c);
+        if (found == font().end())
+            continue;
+        const auto [shape, below] = found->second;
+        letters.push_back({shape, at + point{0, below - shape->height}});
+        at.x += shape->width + GAP;
     }
-    return made.emplace(key, std::move(p)).first->second;
-}
-
-static int line_width(const std::string &line) {
-    int width = 0;
-    for (const char c : line)
-        if (const letter *l = find_letter(c))
-            width += l->shape->width + GAP;
-    return width;
+    return letters;
 }
 
 int letters_width(const std::string &text) {
     int width = 0;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);)
-        width = std::max(width, line_width(line));
+    for (const auto &[shape, at] : lay_out(text))
+        width = std::max(width, at.x + shape->width + GAP);
     return width;
 }
 
@@ -91,29 +82,29 @@ int letters_center(const std::string &text) {
     return window_center(letters_width(text));
 }
 
-// Some letters may be under the mouse cursor, but not all.
-static bool line_seen(const std::string &line, point at, rgb8 color) {
-    bool any = false;
-    for (const char c : line) {
-        const letter *l = find_letter(c);
-        if (l == nullptr)
-            continue;
-        const point corner = {at.x, at.y + l->below - l->shape->height};
-        if (eyes_contradict(colored(c, color), corner))
-            return false;
-        any |= eyes_see(colored(c, color), corner);
-        at.x += l->shape->width + GAP;
+// The text's picture in this colour, its first reference line at ASCENT; made once.
+static const picture &colored(const std::string &text, rgb8 color) {
+    static std::map<std::tuple<std::string, int, int, int>, picture> made;
+    const auto [found, is_new] = made.try_emplace({text, color.r, color.g, color.b});
+    if (!is_new)
+        return found->second;
+    std::vector<picture_layer> letters = lay_out(text);
+    int bottom = 0;
+    for (auto &[shape, at] : letters) {
+        at.y += ASCENT;
+        bottom = std::max(bottom, at.y + shape->height);
     }
-    return any || line.empty();
+    picture p = picture_collage(picture_empty(letters_width(text), bottom), letters);
+    for (color565 &pixel : p.pixels) {
+        const rgb8 from = from_565(pixel);
+        pixel = to_565(from.r * color.r / FULL, from.g * color.g / FULL, from.b * color.b / FULL);
+    }
+    return found->second = p;
 }
 
 bool letters_seen(const std::string &text, point at, rgb8 color) {
-    at.y -= LINE * static_cast<int>(std::count(text.begin(), text.end(), '\n'));
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line); at.y += LINE)
-        if (!line_seen(line, at, color))
-            return false;
-    return true;
+    const int lines = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+    return text.empty() || eyes_see(colored(text, color), at - point{0, ASCENT + LINE * lines});
 }
 
 bool letters_seen_pulsing(const std::string &text, point at) {

@@ -36,8 +36,9 @@ enum class moment {
     // This is about to be done:
     CLICK,  // on a button
     SELECT, // a puzzle that was not selected before
-    TAKE,   // a piece
-    PLACE,  // a piece into the cell where it fits
+    FIRST_MOVE,
+    TAKE,  // a piece
+    PLACE, // a piece into the cell where it fits
     ANSWER,
     ANSWER_WRONGLY,
     // This was just done:

@@ -1,11 +1,9 @@
-// picture.cpp: decoding, laying over each other, saving.
+// picture.cpp: decoding, laying over each other.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "picture.h"
 #include "robot.h"
-
-#include <cairo.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,12 +12,13 @@
 #include <sstream>
 
 static constexpr color565 KEY = to_565(0xEA, 0x00, 0x8A); // pictures are transparent where they have this colour
-static constexpr int CLOSE_RB = 1, CLOSE_G = 2;           // steps of the screen's red and blue, and of its green
+static constexpr int CLOSE = 8;                           // levels of 256: a step of red or blue, two of green
 static constexpr std::uint64_t SCATTER = 2654435761U;     // spreads the probes; odd and far from any row length
 
 bool color_close(color565 a, color565 b) {
-    return a == b || (std::abs((a >> 11) - (b >> 11)) <= CLOSE_RB && std::abs((a & 0x1F) - (b & 0x1F)) <= CLOSE_RB &&
-                      std::abs(((a >> 5) & 0x3F) - ((b >> 5) & 0x3F)) <= CLOSE_G);
+    const rgb8 one = from_565(a), other = from_565(b);
+    return std::abs(one.r - other.r) <= CLOSE && std::abs(one.g - other.g) <= CLOSE &&
+           std::abs(one.b - other.b) <= CLOSE;
 }
 
 static void order_probes(picture &p) {
@@ -36,21 +35,15 @@ static void order_probes(picture &p) {
 // The quoted strings of an XPM text: its values, its colours, its rows.
 static std::vector<std::string> quoted(const std::string &text) {
     std::vector<std::string> found;
-    for (std::size_t open = text.find('"'); open != std::string::npos;) {
-        const std::size_t close = text.find('"', open + 1);
-        if (close == std::string::npos)
-            break;
-        found.push_back(text.substr(open + 1, close - open - 1));
-        open = text.find('"', close + 1);
-    }
+    std::istringstream rest(text);
+    for (std::string between, inside; std::getline(rest, between, '"') && std::getline(rest, inside, '"');)
+        found.push_back(inside);
     return found;
 }
 
 static color565 parse_color(const std::string &entry, std::size_t from) {
     const std::size_t hash = entry.find('#', from);
-    if (hash == std::string::npos)
-        return 0;
-    const long value = std::strtol(entry.substr(hash + 1, 6).c_str(), nullptr, 16);
+    const long value = hash == std::string::npos ? 0 : std::strtol(entry.c_str() + hash + 1, nullptr, 16);
     return to_565(static_cast<int>(value >> 16 & 0xFF), static_cast<int>(value >> 8 & 0xFF),
                   static_cast<int>(value & 0xFF));
 }
@@ -91,20 +84,24 @@ point picture_inside(const picture &outer, const picture &inner) {
     return picture_middle(outer) - picture_middle(inner);
 }
 
-picture picture_over(const picture &lower, const picture &upper, point at) {
-    picture result = lower;
-    result.name = upper.name;
-    for (int y = 0; y < lower.height; ++y)
-        for (int x = 0; x < lower.width; ++x) {
-            const point from = point{x, y} - at;
-            if (!picture_covers(upper, from))
+picture picture_empty(int width, int height) {
+    const auto count = static_cast<std::size_t>(width * height);
+    return {"", width, height, std::vector<color565>(count), std::vector<bool>(count), {}};
+}
+
+picture picture_collage(picture lowest, const std::vector<picture_layer> &layers) {
+    const area kept = {0, 0, lowest.width, lowest.height};
+    for (const auto &[above, corner] : layers)
+        for (int i = 0; i < above->width * above->height; ++i) {
+            const point at = corner + point{i % above->width, i / above->width};
+            const auto from = static_cast<std::size_t>(i), to = static_cast<std::size_t>(at.y * lowest.width + at.x);
+            if (!kept.holds(at) || !above->opaque[from])
                 continue;
-            const auto to = static_cast<std::size_t>(y * lower.width + x);
-            result.pixels[to] = upper.pixels[static_cast<std::size_t>(from.y * upper.width + from.x)];
-            result.opaque[to] = true;
+            lowest.pixels[to] = above->pixels[from];
+            lowest.opaque[to] = true;
         }
-    order_probes(result);
-    return result;
+    order_probes(lowest);
+    return lowest;
 }
 
 picture picture_where(const picture &whole, const std::function<bool(point)> &kept) {
@@ -118,18 +115,4 @@ picture picture_where(const picture &whole, const std::function<bool(point)> &ke
 
 picture picture_part(const picture &whole, const area &kept) {
     return picture_where(whole, [&](point at) { return kept.holds(at); });
-}
-
-void picture_write_png(const std::string &path, const std::vector<std::uint32_t> &pixels, int width, int height) {
-    cairo_surface_t *surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
-    unsigned char *data = cairo_image_surface_get_data(surface);
-    const int stride = cairo_image_surface_get_stride(surface);
-    cairo_surface_flush(surface);
-    for (int y = 0; y < height; ++y)
-        std::copy_n(pixels.data() + y * width, width, reinterpret_cast<std::uint32_t *>(data + y * stride));
-    cairo_surface_mark_dirty(surface);
-    const cairo_status_t status = cairo_surface_write_to_png(surface, path.c_str());
-    cairo_surface_destroy(surface);
-    if (status != CAIRO_STATUS_SUCCESS)
-        robot_give_up("the picture " + path + " can be written");
 }

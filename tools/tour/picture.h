@@ -1,6 +1,6 @@
 // picture.h: pictures as the robot knows them, in the screen's 5-6-5 colours, and how they are put together.
 //
-// One thread. Pictures are plain values. picture_decode and picture_write_png end the robot when they fail.
+// One thread. Pictures are plain values. One that cannot be decoded ends the robot.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -58,12 +58,14 @@ bool picture_covers(const picture &p, point at); // whether it is opaque there; 
 point picture_middle(const picture &p);
 point picture_inside(const picture &outer, const picture &inner); // where it stands in the other's middle
 
-// `upper` laid over `lower` with its corner at `at`; what sticks out is cut off.
-picture picture_over(const picture &lower, const picture &upper, point at);
+struct picture_layer {
+    const picture *above;
+    point at; // its corner
+};
+picture picture_empty(int width, int height); // nothing of it is opaque
+// The layers one over the other; what sticks out of the lowest is cut off.
+picture picture_collage(picture lowest, const std::vector<picture_layer> &layers);
 
 // The same picture where only a part is looked at.
 picture picture_where(const picture &whole, const std::function<bool(point)> &kept);
 picture picture_part(const picture &whole, const area &kept);
-
-// 0x00RRGGBB pixels, row after row.
-void picture_write_png(const std::string &path, const std::vector<std::uint32_t> &pixels, int width, int height);

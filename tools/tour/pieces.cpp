@@ -51,7 +51,7 @@ static point label_place(const picture &body, const picture &label) {
 }
 
 static picture make_face(const picture &base, const picture &label) {
-    return without_edges(picture_over(base, label, label_place(base, label)));
+    return without_edges(picture_collage(base, {{&label, label_place(base, label)}}));
 }
 
 // As far as no label covers it.
@@ -96,6 +96,10 @@ int pieces_count() {
 
 point pieces_size() {
     return {table.body.width, table.body.height};
+}
+
+point pieces_middle() {
+    return picture_middle(table.body);
 }
 
 const picture &pieces_label(int cell) {

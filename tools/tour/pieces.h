@@ -20,6 +20,7 @@ struct loose_piece {
 void pieces_open(const puzzle_kind &kind, bool study);
 int pieces_count();
 point pieces_size();
+point pieces_middle(); // counted from a corner
 const picture &pieces_label(int cell);
 
 void pieces_until_board();                 // the board's frame stands where it belongs

@@ -8,7 +8,6 @@
 #include "library.h"
 #include "moments.h"
 #include "pieces.h"
-#include "play_parts.h"
 #include "robot.h"
 #include "screens.h"
 
@@ -151,17 +150,13 @@ void play_puzzle(const puzzle_kind &kind, bool wander) {
     hands_move_away();
     eyes_look();
     pieces_read_cells();
-    switch (kind.style) {
-    case play_style::IN_SIGHT:
-        play_in_sight(wander);
-        break;
-    case play_style::DECK:
+    moments_tell(moment::FIRST_MOVE);
+    if (kind.style == play_style::DECK)
         play_deck(kind, wander);
-        break;
-    case play_style::KEYPAD:
+    else if (kind.style == play_style::KEYPAD)
         play_keypad(kind, wander);
-        break;
-    }
+    else
+        play_in_sight(wander);
     moments_tell(moment::LAST_PIECE);
     completion_await();
 }

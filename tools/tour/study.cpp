@@ -42,7 +42,7 @@ void study_enter(const puzzle_kind &kind) {
 }
 
 static void click_cell(int cell) {
-    hands_click(pieces_place(cell) + point{pieces_size().x >> 1, pieces_size().y >> 1});
+    hands_click(pieces_place(cell) + pieces_middle());
     hands_move_away();
 }
 
