@@ -11,6 +11,7 @@
 #include "tour/letters.h"
 #include "tour/library.h"
 #include "tour/moments.h"
+#include "tour/pieces.h"
 #include "tour/robot.h"
 #include "tour/screens.h"
 
@@ -22,6 +23,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <vector>
 
 using steady = std::chrono::steady_clock;
 
@@ -43,6 +45,8 @@ struct run_span {
 static steady::time_point first_move, first_held, last_taken;
 static bool any_held;
 static std::optional<run_span> completed; // and not yet seen in the score log
+
+static std::vector<color565> before_answer; // what was seen
 
 static double seconds_between(steady::time_point from, steady::time_point to) {
     return std::chrono::duration<double>(to - from).count();
@@ -82,6 +86,33 @@ static void check_study(const puzzle_kind &kind) {
     const std::string text = library_bytes("txt/study" + std::to_string(kind.type) + ".txt");
     letters_until_centered(wrapped(text, STUDY_TEXT_WIDTH), STUDY_TEXT_Y, NAVY);
     records_study_seen();
+}
+
+// --- Play ------------------------------------------------------------------------------------------------------
+
+static void start_run(const puzzle_kind &kind) {
+    records_run_started(kind.type);
+    first_move = steady::now();
+    any_held = false;
+}
+
+static void note_held() {
+    if (!any_held)
+        first_held = steady::now();
+    any_held = true;
+}
+
+static void begin_wrong_answer() {
+    ears_note("incorrect_number");
+    before_answer = eyes_copy(WHOLE_WINDOW);
+}
+
+static void check_wrong_answer() {
+    robot_expect(eyes_copy(WHOLE_WINDOW) == before_answer, "a wrong answer leaves everything as it was");
+}
+
+static void check_placed() {
+    eyes_until("every piece but the last with its label in its cell", [] { return pieces_faces_missing() == 1; });
 }
 
 // --- Completion and score log ----------------------------------------------------------------------------------
@@ -150,18 +181,6 @@ static void check_score_log(const puzzle_kind &kind) {
 
 // --- Listening -------------------------------------------------------------------------------------------------
 
-static void start_run(const puzzle_kind &kind) {
-    records_run_started(kind.type);
-    first_move = steady::now();
-    any_held = false;
-}
-
-static void note_held() {
-    if (!any_held)
-        first_held = steady::now();
-    any_held = true;
-}
-
 static void judge(moment what, const puzzle_kind *kind) {
     // clang-format off
     switch (what) {
@@ -177,7 +196,9 @@ static void judge(moment what, const puzzle_kind *kind) {
     case moment::SELECT: ears_note("board_slide"); break;
     case moment::PLACE: ears_note(PLACEMENT); break;
     case moment::ANSWER: ears_note("piece_emerge"); break;
-    case moment::ANSWER_WRONGLY: ears_note("incorrect_number"); break;
+    case moment::ANSWER_WRONGLY: begin_wrong_answer(); break;
+    case moment::WRONG_ANSWER_GONE: check_wrong_answer(); break;
+    case moment::LAST_LEFT: check_placed(); break;
     case moment::LAST_PIECE: ears_note("puzzle_complete"); break;
     default: break;
     }

@@ -27,7 +27,9 @@ enum class moment {
     QUESTION, // the dialog that asks whether to leave the play screen
     WRONG_DROP,
     WRONG_ANSWER,
-    HALF, // of the pieces are placed
+    WRONG_ANSWER_GONE,
+    HALF,      // of the pieces are placed
+    LAST_LEFT, // of the pieces that lie in sight
     COMPLETED,
     SCORE_LOG, // with all its rows
     EXIT,      // the dialog that asks whether to end the program

@@ -104,8 +104,8 @@ static void wander_in_sight(const loose_piece &piece, const loose_piece &next) {
     const int elsewhere = (piece.cell + pieces_count() / 2) % pieces_count();
     play_drop_wrongly(piece.at, play_grip(), piece.cell, elsewhere);
     play_lift(next.at);
-    eyes_until("the wrongly dropped piece back in its place", [&] { return pieces_face_seen(piece.cell, piece.at); });
-    robot_expect(pieces_cell_empty(elsewhere), "the cell under a wrong drop is empty again");
+    eyes_until("the wrongly dropped piece back in its place and the cell empty",
+               [&] { return pieces_face_seen(piece.cell, piece.at) && pieces_cell_empty(elsewhere); });
 }
 
 static std::vector<loose_piece> until_pieces(int least) {
@@ -129,8 +129,7 @@ static void play_in_sight(bool wander) {
         const auto [at, cell] = pieces[i];
         if (last) {
             hands_move_away();
-            eyes_until("every piece but the last with its label in its cell",
-                       [] { return pieces_faces_missing() == 1; });
+            moments_tell(moment::LAST_LEFT);
         }
         moments_tell(moment::PLACE);
         if (!play_place(at, play_grip(), cell, last))
