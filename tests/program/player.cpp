@@ -11,6 +11,7 @@
 #include "puzzles/board.h"
 #include "puzzles/placement.h"
 #include "puzzles/puzzle_type.h"
+#include "screens/splash.h"
 #include "sprites/sprite.h"
 #include "support/fake_sdl.h"
 #include "support/recording.h"
@@ -67,7 +68,8 @@ void say_what_became_of_memory() {
         _exit(SCRIPT_FAILED);
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     setenv("SDL_AUDIODRIVER", "dummy", 0);
-    for (const int ending : {SIGINT, SIGTERM}) // which whoever runs the tests in the background may have switched off
+    for (const int ending :
+         {SIGHUP, SIGINT, SIGTERM}) // which whoever runs the tests in the background may have switched off
         std::signal(ending, SIG_DFL);
     fake_reset();
     fake_mouse_move(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2);
@@ -190,6 +192,27 @@ void type_text(const std::string &letters) {
         press(c);
 }
 
+// The bubbles, buttons and pictures are recorded once more, aside.
+std::vector<std::string> drawn_by(void (*draw)()) {
+    while (!render_begin_frame()) { // the render thread rests soon, in real time
+        render_end_frame();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    draw_queue_state &q = draw_queue;
+    const bool pending = q.pending;
+    const i32 lengths[] = {q.lists[0].length, q.lists[1].length};
+    draw();
+    const draw_block &list = q.lists[q.recording];
+    const i32 before = lengths[q.recording];
+    draw_block added = {list.bytes + before, list.length - before, 0};
+    const lines all = recording_detail::take(&added, {});
+    for (const int i : {0, 1})
+        q.lists[i].length = lengths[i];
+    q.pending = pending;
+    render_end_frame();
+    return all;
+}
+
 // --- The usual road ------------------------------------------------------------------------------
 
 namespace {
@@ -204,43 +227,22 @@ constexpr int TITLE_EXIT = 1, TITLE_CREDITS = 3, TITLE_STUDY = 6, STUDY_PLAY = 2
 constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
 constexpr int HELP_DEAF = 12; // frames until bubbles take clicks
 
-// Frames of the bubbles that show, and the two ends of their lines. The bubbles are recorded once more, aside.
-void read_bubbles(std::vector<rect> *frames, std::vector<rect> *ends) {
-    while (!render_begin_frame()) { // the render thread rests soon, in real time
-        render_end_frame();
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    const draw_queue_state &q = draw_queue;
-    const bool pending = q.pending;
-    const i32 lengths[] = {q.lists[0].length, q.lists[1].length};
-    help_draw();
-    const draw_block &list = q.lists[q.recording];
-    for (i32 at = lengths[q.recording]; at < list.length; at += DRAW_COMMANDS[list.bytes[at]].size + 1) {
-        const u8 *operands = list.bytes + at + 1;
-        if (list.bytes[at] == DRAW_FRAME)
-            frames->push_back(recording_detail::operands_at<fill_operands>(operands).area);
-        if (list.bytes[at] == DRAW_LINE) {
-            const auto line = recording_detail::operands_at<line_operands>(operands);
-            ends->insert(ends->end(), {{line.x0, line.y0, 1, 1}, {line.x1, line.y1, 1, 1}});
-        }
-    }
-    for (const int i : {0, 1})
-        draw_queue.lists[i].length = lengths[i];
-    draw_queue.pending = pending;
-    render_end_frame();
-}
-
 void check_bubbles() {
-    std::vector<rect> frames, ends;
-    read_bubbles(&frames, &ends);
+    std::vector<rect> frames;
+    for (const std::string &line : drawn_by(help_draw)) {
+        rect r = {};
+        if (std::sscanf(line.c_str(), "frame %d %d %d %d", &r.x, &r.y, &r.w, &r.h) == 4)
+            frames.push_back(r);
+        else if (std::sscanf(line.c_str(), "line %d %d %d %d", &r.x, &r.y, &r.w, &r.h) == 4)
+            check(inside({r.x, r.y, 1, 1}, WHOLE_SCREEN) && inside({r.w, r.h, 1, 1}, WHOLE_SCREEN),
+                  "lines on the screen");
+    }
     check(!frames.empty(), "help bubbles");
     for (const rect &frame : frames) {
         check(inside(frame, WHOLE_SCREEN), "bubbles on the screen");
         for (const rect &other : frames)
             check(&other == &frame || !overlap(frame, other), "bubbles that do not cover each other");
     }
-    for (const rect &end : ends)
-        check(inside(end, WHOLE_SCREEN), "a bubble's line on the screen");
 }
 
 } // namespace
@@ -254,6 +256,7 @@ void leave_splash() {
     wait_frames(SPLASH_REVEAL);
     click(COLUMN_X, SPLASH_GO_Y);
     until_screen(SCREEN_TITLE);
+    check(drawn_by(splash_draw).empty(), "the wiped window stays black");
     wait_frames(2);
 }
 
@@ -339,7 +342,10 @@ void place_piece(sprite *piece) {
 }
 
 void until_deck_rests() {
-    until("the deck rests", [] { return !board_is(the_board(), BOARD_DECK_MOVING); });
+    const board *b = the_board();
+    until("the deck rests", [b] { return !board_is(b, BOARD_DECK_MOVING); });
+    for (int i = 0; i < DECK_CARDS && b->slot[i] != nullptr; ++i)
+        check(b->slot_x[i] == b->deck_x - 2 * i && b->slot_y[i] == b->deck_y + 2 * i, "the cards where they began");
 }
 
 void press_keypad(int place) {

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 struct board;
 struct sprite;
@@ -41,8 +42,9 @@ game_result play_game(const game_folder &folder, int depth, const script &player
 void wait_frames(int count);                                                        // lets the game run
 void until(const char *what, const std::function<bool()> &holds, int limit = 3000); // frames until it holds
 void until_screen(screen_id id);
-void check(bool holds, const std::string &what); // ends the game when it does not hold
-void exit_main_loop(int code);                   // the main thread calls exit in the middle of its next frame
+void check(bool holds, const std::string &what);   // ends the game when it does not hold
+void exit_main_loop(int code);                     // the main thread calls exit in the middle of its next frame
+std::vector<std::string> drawn_by(void (*draw)()); // the commands that the screen's or the help's drawing records
 
 void move_mouse(int x, int y);
 void mouse_down_at(int x, int y);

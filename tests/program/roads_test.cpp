@@ -163,16 +163,16 @@ sprite *take_top_card() {
     return piece;
 }
 
-// A taken piece that lies on the board goes back to the deck when the next card is turned, and comes again.
+// A taken piece goes back to the deck when the next card is turned, even from the hand, and comes again.
 void turn_away_a_taken_card() {
     sprite *piece = take_top_card();
     move_mouse(FREE_X, FREE_Y);
-    mouse_up();
     const int before = the_board()->remaining;
     press(SDLK_SPACE);
     press(SDLK_SPACE); // ignored while the cards move
     wait_frames(12);
-    check(has_any(piece, SPRITE_HIDDEN), "the piece vanishes");
+    check(has_any(piece, SPRITE_HIDDEN) && !has_any(piece, SPRITE_PULSE), "the piece vanishes from the hand");
+    mouse_up();
     check(the_board()->remaining == before + 1, "and counts again");
     until_deck_rests();
 }
@@ -216,7 +216,7 @@ void play_deck() {
     for (int placed = 0; placed < pieces; ++placed) {
         if (placed == 1)
             turn_away_a_taken_card();
-        if (placed % 7 == 3) {
+        if (placed % 7 == 3 || placed == pieces - 1) { // a single card turns nothing
             press(SDLK_SPACE);
             until_deck_rests();
         }
@@ -263,6 +263,7 @@ void play(int type, const char *name) {
     close_help();
     study_shows_hides_and_fills();
     start_playing(name);
+    press(SDLK_SPACE); // turns no card under the help
     close_help();
     check(b->pieces->count == b->cols * b->rows && b->placed == 0, "all its pieces, and none placed");
     check((b->state & ~BOARD_DECK_CLOSED) == 0, "a fresh run");

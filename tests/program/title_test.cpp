@@ -7,16 +7,25 @@
 #include "core/app_state.h"
 #include "core/screen.h"
 #include "core/settings.h"
+#include "graphics/locks.h"
+#include "graphics/render.h"
 #include "input/input.h"
 #include "puzzles/board.h"
+#include "screens/play.h"
+#include "screens/title.h"
+#include "support/recording.h"
 
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
 namespace {
 
 constexpr int BACK = 1, HELP = 2, NAME = 4, SCORES = 5; // of the column, from the bottom
-constexpr int FACTORS = 8, FRACTIONS = 7;               // the types at the end of the list
+constexpr int FIRST = 0, FRACTIONS = 7, FACTORS = 8;    // types at the list's ends
 
 // What the player is called after these keys in the name dialog.
 std::string named_by(const std::function<void()> &keys) {
@@ -45,14 +54,41 @@ void choose_a_name() {
     check(name == "Abcdefghijklmnop", "sixteen characters, capital with shift");
 }
 
+// The picture of the chosen puzzle and the one before, with their places.
+lines pictures_shown() {
+    lines all = drawn_by(title_draw);
+    std::erase_if(all, [](const std::string &line) { return !line.starts_with("clipped"); });
+    return all;
+}
+
+void see_scores() {
+    click_column(SCORES);
+    until_screen(SCREEN_SCORE_LOG);
+    wait_frames(100);
+    press(SDLK_SPACE); // shows all at once
+    press(SDLK_SPACE);
+    until_screen(SCREEN_TITLE);
+    wait_frames(2);
+}
+
+void leave_in_the_middle_of_a_slide() {
+    press(SDLK_UP);
+    const lines sliding = pictures_shown();
+    see_scores(); // of a puzzle that nobody has played
+    const lines stand = pictures_shown();
+    wait_frames(2);
+    check(stand != sliding && stand == pictures_shown(), "a slide cut short is not played again");
+}
+
 void choose_by_keys() {
     press(SDLK_UP);
-    for (const auto &[key, presses, type] : {std::tuple{SDLK_DOWN, 3, FACTORS}, {SDLK_UP, 1, FRACTIONS}}) {
+    for (const auto &[key, presses, type] :
+         {std::tuple{SDLK_DOWN, 3, FACTORS}, {SDLK_UP, 1, FRACTIONS}, {SDLK_UP, 10, FIRST}}) {
         for (int i = 0; i < presses; ++i)
             press(key);
         wait_frames(20);
         study_selected();
-        check(the_board()->type == type, "the arrow keys stop at the list's end");
+        check(the_board()->type == type, "the arrow keys stop at the list's ends");
         close_help();
         click_column(BACK);
         until_screen(SCREEN_TITLE);
@@ -68,6 +104,22 @@ void leave_a_run() {
     leave_run();
 }
 
+// The render thread does not come to its end for a while.
+void hold_up_rendering() {
+    using namespace std::chrono_literals;
+    std::thread([] {
+        const lock_scope hold(surface_lock);
+        std::this_thread::sleep_for(200ms);
+    }).detach();
+    std::this_thread::sleep_for(20ms);
+    until("the render thread waits", [] {
+        std::this_thread::sleep_for(1ms);
+        const bool waits = !render_begin_frame();
+        render_end_frame();
+        return waits;
+    });
+}
+
 void play_in_debug_mode() {
     study_selected();
     start_playing(nullptr);
@@ -79,9 +131,15 @@ void play_in_debug_mode() {
     press(SDLK_d);
     check(b->placed == 0, "nothing without Ctrl");
     hold_key(SDLK_LCTRL, true);
+    press(SDLK_w);
+    check(b->placed == 1, "one piece is placed");
     press(SDLK_d);
     check(b->placed == b->pieces->count - 3, "all but three pieces are placed");
+    hold_up_rendering();
     press(SDLK_c);
+    check(screen_current() == SCREEN_DIALOG, "the run is complete");
+    const lines left = drawn_by(play_draw);
+    check(std::ranges::count(left, "restore 0 0 800 600") == 0, "the finished board was drawn before");
     hold_key(SDLK_LCTRL, false);
     finish_dialog_and_score_log();
 }
@@ -95,15 +153,11 @@ TEST(title, takes_names_and_keys_and_leads_everywhere) {
         close_help();
         visit_credits();
         choose_a_name();
+        leave_in_the_middle_of_a_slide();
         choose_by_keys();
         leave_a_run();
         play_in_debug_mode();
-        click_column(SCORES);
-        until_screen(SCREEN_SCORE_LOG);
-        wait_frames(100);
-        press(SDLK_SPACE); // shows all at once
-        press(SDLK_SPACE);
-        until_screen(SCREEN_TITLE);
+        see_scores();
         leave_program();
     });
     EXPECT_EQ(result.exit_code, 0) << result.said;

@@ -64,13 +64,8 @@ const fault FAULTS[] = {
 
     {shaped("xpm/bg/001.xpm", {799, 600}),                   "xpm/bg/001.xpm", "799x600", "800x600: the background"},
     {shaped("xpm/dialog/009.xpm", {39, 31}),                 "xpm/dialog/009.xpm", "39x31", "40 to 150 wide"},
-    {shaped(PIECES + "017.xpm", {57, 51}),                   PIECES + "017.xpm", "57x51", "57x52: an empty cell"},
     {shaped(MONEY + "piece/symbols/036.xpm", {55, 51}),      MONEY + "piece/symbols/036.xpm", "55x51", "at most 55 wide and at most 50 high"},
-    {shaped(MONEY + "piece/fragments/out/004.xpm", {8, 15}), MONEY + "piece/fragments/out/004.xpm", "8x15", "9x15: an edge of a loose"},
-    {shaped(MONEY + "board/symbols/006.xpm", {47, 46}),      MONEY + "board/symbols/006.xpm", "47x46", "at most 46 wide"},
     {shaped(MONEY + "board/base.xpm", {412, 460}),           MONEY + "board/base.xpm", "412x460", "414 to 576 wide"},
-    {shaped(TIME + "deck/over.xpm", {78, 66}),               TIME + "deck/over.xpm", "78x66", "67 to 77 wide"},
-    {shaped("xpm/puzzle/mult2_15/input/base.xpm", {128, 161}), "xpm/puzzle/mult2_15/input/base.xpm", "128x161", "128x160: the keypad"},
     {shaped(GLYPH, {6, 16}),                                 GLYPH, "a letter that reaches 16 above and 0 below", "at most 15 above"},
     {shaped(GLYPH, {6, 15, 1, 1, 0, "#FFFFFF"}),             GLYPH, "nothing", "nothing"},
     {shaped(GLYPH, {6, 12, 3, 1, 5}),                        GLYPH, "reaches 7 above and 5 below", "4 below"},

@@ -73,12 +73,6 @@ TEST_F(Xpm, EdgePixelsBecomeOpaqueOnTheirGroundOrTransparent) {
     EXPECT_NEAR(pixel(grounded, 1, 0) & 0xFF, 0xC0, 4);
 }
 
-TEST_F(Xpm, RefusesAnOpaquePixelOfTheTransparentColour) {
-    art::canvas picture(3, 2);
-    block(picture, 1, 1, 1, 1, art::hex(0xEC0188)); // not the key itself, but the same on 16 bits
-    EXPECT_EXIT(art::save(picture, "bad"), ::testing::ExitedWithCode(1), "bad.*\\(1, 1\\)");
-}
-
 // --- Joints: no gap, whichever piece is drawn first ----------------------------------------------
 
 using art::edge_kind;

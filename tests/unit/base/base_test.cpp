@@ -1,16 +1,14 @@
-// base_test.cpp: lists, growing strings, the log, and what the platform layer does to files and web pages.
+// base_test.cpp: lists, growing strings, and opening web pages.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/containers.h"
 #include "core/strings.h"
 #include "platform/platform.h"
-#include "support/fake_sdl.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <cstdlib>
 #include <sys/wait.h>
 #include <thread>
@@ -59,60 +57,16 @@ TEST(ptr_array, inserts_at_both_ends_and_keeps_holes_until_compacted) {
     ptr_array_destroy(list);
 }
 
-TEST(strings, printf_grows_to_its_limit_and_to_that_of_memory) {
-    const fake_scope fakes;
+TEST(strings, printf_grows_to_its_limit) {
     constexpr std::size_t step = 2048, limit = 2 * 1024 * 1024;
-    const struct {
-        std::size_t length;
-        bool fits;
-        int failing;      // allocation: the first block, a larger one, the exact one
-        const char *left; // after a failure
-    } ROWS[] = {{step - 1, true, 0, ""},    {step, true, 0, ""},        {limit - 1, true, 0, ""},
-                {limit, false, 0, nullptr}, {5000, false, 1, "before"}, {5000, false, 2, nullptr},
-                {5000, false, 3, nullptr}};
-    for (const auto &r : ROWS) {
-        const std::string source(r.length, 'x');
+    for (const std::size_t length : {step - 1, step, limit - 1, limit}) {
+        const std::string source(length, 'x');
         char *text = nullptr;
         string_set(&text, "before");
-        fake_fail_allocation(r.failing);
-        EXPECT_EQ(string_printf(&text, "%s", source.c_str()), r.fits ? static_cast<i32>(r.length) : -1);
-        fake_fail_allocation(0);
-        EXPECT_STREQ(text, r.fits ? source.c_str() : r.left) << r.length << " " << r.failing;
+        EXPECT_EQ(string_printf(&text, "%s", source.c_str()), length < limit ? static_cast<i32>(length) : -1);
+        EXPECT_STREQ(text, length < limit ? source.c_str() : nullptr) << length;
         std::free(text);
     }
-}
-
-TEST(log, goes_to_standard_error_then_to_the_file_then_nowhere) {
-    const temp_game game;
-    const std::string prefix = "[" + std::to_string(platform_process_id()) + "]";
-    testing::internal::CaptureStderr();
-    log_error("early %i\n", 1);
-    game.log_to_file();
-    log_error("first %s\n", "message");
-    errno = EACCES;
-    log_errno("open");
-    log_set_mode(0);
-    log_error("dropped\n");
-    log_set_file(("none/" + std::string(200, 'n')).c_str());
-    log_set_mode(LOG_FILE);
-    log_error("lost\n");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), prefix + "early 1\n" + prefix +
-                                                          " Warning: Could not open error log file none/" +
-                                                          std::string(122, 'n') + " for writing\n");
-    const std::string log = masked_digits(game.log_text()), month = log.substr(log.find('/') + 1, 3);
-    EXPECT_EQ(log, "first message\n00/" + month + "/0000 00:00:00 +0000 open - Permission denied\n");
-}
-
-TEST(platform, takes_either_separator_and_does_not_truncate) {
-    const temp_game game;
-    write_file(game.data("f"), to_bytes("0123456789"));
-    const int out = platform_open_write("..\\data\\f");
-    ASSERT_GE(out, 0);
-    EXPECT_EQ(platform_write(out, "abc", 3), 3);
-    platform_close(out);
-    EXPECT_EQ(read_file(game.data("f")), to_bytes("abc3456789"));
-    EXPECT_EQ(platform_open_read("../data\\none"), -1);
-    EXPECT_EQ(platform_open_read(std::string(10000, 'x').c_str()), -1);
 }
 
 // A stand-in opener notes its arguments; nothing may pass through a shell, and nothing of the game may stay behind.

@@ -87,13 +87,10 @@ TYPED_TEST(blitting, plain_and_clipped_copies_match_a_plain_walk) {
         const rect clip = {x + pick(rng, -20, 20), y + pick(rng, -20, 20), pick(rng, -2, 60), pick(rng, -2, 60)};
         const rect pushed = {std::max(clip.x, 0), std::max(clip.y, 0), clip.w, clip.h};
         const bool to_background = pick(rng, 0, 1) == 1, clipped = pick(rng, 0, 1) == 1;
-        this->on.show([&] {
-            const image_clipped_operands op = {this->picture, x, y, clip};
-            if (clipped)
-                draw_list_add(to_background ? DRAW_IMAGE_CLIPPED_BG : DRAW_IMAGE_CLIPPED, &op);
-            else
-                draw_list_add(to_background ? DRAW_IMAGE_BG : DRAW_IMAGE, &op);
-        });
+        const draw_opcode PLAIN[] = {DRAW_IMAGE, DRAW_IMAGE_BG},
+                          CLIPPED[] = {DRAW_IMAGE_CLIPPED, DRAW_IMAGE_CLIPPED_BG};
+        const image_clipped_operands op = {this->picture, x, y, clip}; // begins as those of the plain ones
+        this->on.show([&] { draw_list_add((clipped ? CLIPPED : PLAIN)[to_background], &op); });
         this->each_drawn(to_background ? this->background : this->screen, x, y, clipped ? pushed : WHOLE_SCREEN,
                          [](auto &to, auto from, bool) { to = from; });
         ASSERT_TRUE(this->as_expected()) << "round " << round << " at " << x << ", " << y;
@@ -101,16 +98,9 @@ TYPED_TEST(blitting, plain_and_clipped_copies_match_a_plain_walk) {
 }
 
 TYPED_TEST(blitting, modes_match_a_plain_walk) {
-    constexpr u32 RULES[] = {0,
-                             BLIT_FILL,
-                             BLIT_TINT,
-                             BLIT_NOISE,
-                             BLIT_OR,
-                             BLIT_HALF,
-                             BLIT_FILL | BLIT_TINT,
-                             BLIT_TINT | BLIT_NOISE,
-                             BLIT_NOISE | BLIT_OR,
-                             BLIT_OR | BLIT_HALF};
+    constexpr u32 RULES[] = {0, BLIT_FILL, BLIT_TINT, BLIT_NOISE, BLIT_OR, BLIT_HALF,
+                             // of two rules the first of this order holds
+                             BLIT_FILL | BLIT_TINT, BLIT_TINT | BLIT_NOISE, BLIT_NOISE | BLIT_OR, BLIT_OR | BLIT_HALF};
     auto &rng = this->dice;
     for (u32 round = 0; round < 160; ++round) {
         this->new_picture();
@@ -176,6 +166,9 @@ TYPED_TEST(blitting, primitives_match_a_plain_walk) {
             draw_frame(area, colour, true);
             draw_record<DRAW_PIXEL>({area.x - 3, area.y - 3, colour, 0, 1});
             draw_fill(moved(0, 60), colour, true);
+            draw_save(moved(3, 62), 1);
+            draw_fill(moved(3, 62), WHITE, true);
+            draw_restore_saved(1); // what lay there
             draw_store_bg(moved(0, 55));
         });
         std::srand(round);

@@ -7,7 +7,6 @@
 #include "resources/image.h"
 #include "resources/pixel.h"
 #include "support/archive_builder.h"
-#include "support/fake_sdl.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +33,6 @@ runs runs_of(const image &picture) {
 
 // For pictures of 16 and of 32 bits.
 struct image_test : testing::TestWithParam<i32> {
-    const fake_scope fakes;
     const temp_game game;
 
     image_test() {
@@ -114,17 +112,6 @@ TEST_P(image_test, cut_at_every_byte_fails_and_stays_in_its_entry) {
     EXPECT_NE(load(WHOLE.substr(0, last_quote + 1)), nullptr) << "nothing behind the rows is needed";
 }
 
-TEST_P(image_test, flipped_bytes_never_lead_out_of_bounds) {
-    for (std::size_t at = WHOLE.find('"'); at < WHOLE.size(); ++at) {
-        for (int bit = 0; bit < 8; ++bit) {
-            std::string text = WHOLE;
-            text[at] = static_cast<char>(text[at] ^ 1 << bit);
-            const picture_ptr picture = load(text);
-            EXPECT_LE(picture != nullptr ? picture->width * picture->height : 0, 100) << at << " " << bit;
-        }
-    }
-}
-
 TEST_P(image_test, impossible_values_and_unknown_symbols_fail) {
     const std::string rest = make_xpm({"a c #EA008A"}, {"aa", "aa"});
     const auto loads = [&](const char *values) {
@@ -145,29 +132,6 @@ TEST_P(image_test, impossible_values_and_unknown_symbols_fail) {
             EXPECT_EQ(load(make_xpm({good + " c #000000"}, {bad}, length)), nullptr) << bad;
         }
     }
-}
-
-TEST_P(image_test, a_sequence_stops_at_its_first_failure) {
-    const std::string text = make_xpm({"a c #EA008A"}, {"aa"});
-    archive_builder()
-        .add("xpm/f/x001.xpm", text)
-        .add("xpm/f/x002.xpm", text)
-        .add("xpm/f/x004.xpm", text)
-        .write(game.data("data.dar"));
-    ASSERT_EQ(data_archive_open(), 1);
-    image *array[4] = {};
-    EXPECT_EQ(image_load_sequence(array, 4, "f/x"), -1);
-    EXPECT_TRUE(array[1] != nullptr && array[3] == nullptr);
-    EXPECT_EQ(game.log_text(), "Error loading xpm file f/x003.xpm\n");
-    image_free_array(array, 4);
-    EXPECT_EQ(array[0], nullptr);
-    data_archive_close();
-}
-
-TEST_P(image_test, short_memory_anywhere_fails) {
-    const int failed = fake_fail_each_allocation([this] { return load(WHOLE) != nullptr; });
-    EXPECT_GE(failed, 20) << "of the archive and of the picture";
-    EXPECT_EQ(image_create(1 << 20, 1 << 20), nullptr);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// render_test.cpp: setting the mode, recording and playing lists, save slots, and the render thread.
+// render_test.cpp: recording and playing lists, a screen that cannot be locked, and the render thread.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -8,35 +8,27 @@
 #include "graphics/locks.h"
 #include "unit/graphics/stage.h"
 
+#include <SDL_thread.h>
+
 #include <string>
+
+static int (*held_body)(void *) = nullptr; // started, but not running yet
+static bool hold_thread = false;
+
+extern "C" SDL_Thread *__real_SDL_CreateThread(int (*body)(void *), void *data);
+extern "C" SDL_Thread *__wrap_SDL_CreateThread(int (*body)(void *), void *data) {
+    if (!hold_thread)
+        return __real_SDL_CreateThread(body, data);
+    static int stand_in;
+    held_body = body;
+    return reinterpret_cast<SDL_Thread *>(&stand_in);
+}
 
 namespace {
 
 constexpr rgb RED = {255, 0, 0}, BLUE = {0, 0, 255};
 constexpr u16 RED_PIXEL = pixel16::from_rgb(RED), BLUE_PIXEL = pixel16::from_rgb(BLUE);
 constexpr u16 WHITE_PIXEL = pixel16::from_rgb(WHITE), BLACK_PIXEL = 0;
-
-TEST(video, modes_are_tried_in_order_until_one_is_set) {
-    const struct {
-        bool (*refuse)(int bits, u32 flags);
-        std::vector<video_mode> tried;
-        i32 depth; // -1: none
-    } ROWS[] = {
-        {nullptr, {{16, SDL_FULLSCREEN}}, 16},
-        {refuse_16_bits, {{16, SDL_FULLSCREEN}, {32, SDL_FULLSCREEN}}, 32},
-        {[](int, u32 flags) { return flags != 0; }, {{16, SDL_FULLSCREEN}, {32, SDL_FULLSCREEN}, {16, 0}}, 16},
-        {[](int, u32) { return true; }, {{16, SDL_FULLSCREEN}, {32, SDL_FULLSCREEN}, {16, 0}, {32, 0}}, -1},
-    };
-    const stage on(16);
-    for (const auto &row : ROWS) {
-        video_shutdown();
-        fake_video_reset();
-        fake_video.refuse = row.refuse;
-        EXPECT_EQ(video_init(), row.depth < 0 ? -1 : 1);
-        EXPECT_EQ(fake_video.modes, row.tried);
-        EXPECT_EQ(video_format.depth, row.depth);
-    }
-}
 
 TEST(lists, next_frame_commands_wait_for_a_frame_and_come_first_in_it) {
     stage on(16);
@@ -97,21 +89,19 @@ TEST(lists, each_pass_shows_what_its_commands_changed) {
 
 TEST(lists, a_damaged_list_ends_at_the_damage) {
     const stage on(16);
-    const fill_operands whole = {WHOLE_SCREEN, RED, 0, 0}, part = {{0, 0, 5, 5}, BLUE, 0, 0};
-    const std::size_t size = sizeof whole + 1;
-    for (const u8 damage : {static_cast<u8>(DRAW_OPCODE_COUNT), u8{255}, static_cast<u8>(DRAW_FILL)}) {
-        std::vector<u8> bytes(2 * size);
-        bytes[0] = DRAW_FILL;
-        std::memcpy(&bytes[1], &whole, sizeof whole);
-        bytes[size] = damage;
-        std::memcpy(&bytes[size + 1], &part, sizeof part);
+    const auto append = [](std::vector<u8> *bytes, u8 id, const fill_operands &op) {
+        bytes->push_back(id);
+        bytes->insert(bytes->end(), reinterpret_cast<const u8 *>(&op), reinterpret_cast<const u8 *>(&op + 1));
+    };
+    for (const int damage : {static_cast<int>(DRAW_OPCODE_COUNT), 255, static_cast<int>(DRAW_FILL)}) {
+        std::vector<u8> bytes;
+        append(&bytes, DRAW_FILL, {WHOLE_SCREEN, RED, 0, 0});
+        append(&bytes, static_cast<u8>(damage), {{0, 0, 5, 5}, BLUE, 0, 0});
         if (damage == DRAW_FILL)
             bytes.pop_back();
-        {
-            const screen_access access;
-            draw_list_play(bytes);
-        }
-        EXPECT_EQ(pixel_at(2, 2), RED_PIXEL) << int{damage};
+        const screen_access access;
+        draw_list_play(bytes);
+        EXPECT_EQ(pixel_at(2, 2), RED_PIXEL) << damage;
     }
 }
 
@@ -130,27 +120,17 @@ TEST(lists, a_command_without_room_is_dropped) {
     EXPECT_EQ(pixel_at(1, 1), RED_PIXEL);
 }
 
-TEST(slots, restore_what_lay_on_the_screen) {
-    stage on(16, 8);
-    std::mt19937 dice(3);
-    const struct {
-        rect area;
-        i32 slot;
-        bool saves;
-    } ROWS[] = {
-        {{100, 100, 30, 20}, 0, true}, {{-5, -5, 30, 20}, 1, true},       {{790, 590, 30, 20}, 0, true},
-        {{0, 0, 800, 600}, 1, true},   {{-30, 0, 30, 20}, 0, false},      {{5, 600, 5, 5}, 0, false},
-        {{5, 5, 0, 9}, 1, false},      {{5, 5, 9, 9}, SAVE_SLOTS, false}, {{5, 5, 9, 9}, -1, false},
-        {{10, 10, 3, 3}, 1, true},
-    };
-    for (const auto &row : ROWS) {
-        scatter<pixel16>(dice);
-        const auto before = screen_pixels<pixel16>();
-        on.show([&] { draw_save(row.area, row.slot); });
-        on.show([&] { draw_fill(row.area, RED, false); });
-        const auto filled = screen_pixels<pixel16>();
-        on.show([&] { draw_restore_saved(row.slot); });
-        EXPECT_TRUE(screen_pixels<pixel16>() == (row.saves ? before : filled)) << row.area.x << ", " << row.area.y;
+TEST(slots, are_emptied_by_saving_nothing) {
+    stage on(16);
+    for (const rect &nothing : {rect{-30, 0, 30, 20}, {5, 600, 5, 5}, {5, 5, 0, 9}}) {
+        on.show([&] {
+            draw_fill({0, 0, 9, 9}, WHITE, false);
+            draw_save({0, 0, 9, 9}, 1);
+            draw_fill({0, 0, 9, 9}, RED, false);
+            draw_save(nothing, 1);
+            draw_restore_saved(1);
+        });
+        EXPECT_EQ(pixel_at(5, 5), RED_PIXEL) << nothing.x;
     }
 }
 
@@ -191,6 +171,22 @@ struct running_thread {
         app = nullptr;
     }
 };
+
+TEST(thread, that_has_not_run_yet_is_kept_off_the_screen) {
+    const stage on(16);
+    app_state state{};
+    app = &state;
+    hold_thread = true;
+    EXPECT_NE(render_start(), nullptr);
+    render_pause(1);
+    EXPECT_TRUE(lock_is_held(surface_lock));
+    render_resume();
+    state.flags |= APP_QUIT; // one pass
+    EXPECT_EQ(held_body(nullptr), 1);
+    EXPECT_FALSE(render_running.load());
+    hold_thread = false;
+    app = nullptr;
+}
 
 // Waits until the list before has been played, so that no two frames share a list.
 void record_when_idle(const auto &record) {

@@ -79,11 +79,12 @@ TEST_F(input_test, the_pointer_is_drawn_with_its_hot_spot_on_the_mouse) {
     cursor_draw();
     EXPECT_TRUE(take_recording().now.empty()) << "hidden until shown";
     cursor_show(true);
-    for (const auto &[shape, place] : {std::pair{CURSOR_ARROW, "1 100"},
-                                       {CURSOR_OPEN_HAND, "-3 98"},
-                                       {CURSOR_CLOSED_HAND, "-3 99"},
-                                       {3, "-3 99"},
-                                       {-1, "-3 99"}}) {
+    const std::pair<i32, const char *> ROWS[] = {{CURSOR_ARROW, "1 100"},
+                                                 {CURSOR_OPEN_HAND, "-3 98"},
+                                                 {CURSOR_CLOSED_HAND, "-3 99"},
+                                                 {3, "-3 99"},
+                                                 {-1, "-3 99"}};
+    for (const auto &[shape, place] : ROWS) {
         cursor_select(shape);
         cursor_draw();
         EXPECT_EQ(take_recording().now, lines{std::string("image ? ") + place});

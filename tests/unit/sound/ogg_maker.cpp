@@ -23,17 +23,6 @@ void put_pages(file_bytes *file, ogg_stream_state *stream) {
     }
 }
 
-void put_headers(file_bytes *file, vorbis_dsp_state *dsp, ogg_stream_state *stream) {
-    vorbis_comment comment;
-    vorbis_comment_init(&comment);
-    ogg_packet packets[3];
-    vorbis_analysis_headerout(dsp, &comment, &packets[0], &packets[1], &packets[2]);
-    for (ogg_packet &packet : packets)
-        ogg_stream_packetin(stream, &packet);
-    put_pages(file, stream);
-    vorbis_comment_clear(&comment);
-}
-
 void put_samples(vorbis_dsp_state *dsp, const wave &w) {
     float **pcm = vorbis_analysis_buffer(dsp, w.frames);
     for (int c = 0; c < w.channels; ++c)
@@ -46,36 +35,39 @@ void put_samples(vorbis_dsp_state *dsp, const wave &w) {
     vorbis_analysis_wrote(dsp, 0); // the end
 }
 
-void put_blocks(file_bytes *file, vorbis_dsp_state *dsp, ogg_stream_state *stream) {
-    vorbis_block block;
-    vorbis_block_init(dsp, &block);
-    while (vorbis_analysis_blockout(dsp, &block) == 1) {
-        vorbis_analysis(&block, nullptr);
-        vorbis_bitrate_addblock(&block);
-        for (ogg_packet packet; vorbis_bitrate_flushpacket(dsp, &packet) != 0;)
-            ogg_stream_packetin(stream, &packet);
-        put_pages(file, stream); // many small pages, so that damage hits some of many
-    }
-    vorbis_block_clear(&block);
-}
-
 } // namespace
 
 file_bytes make_ogg(const wave &w) {
     file_bytes file;
     vorbis_info info;
+    vorbis_comment comment;
     vorbis_dsp_state dsp;
+    vorbis_block block;
     ogg_stream_state stream;
     vorbis_info_init(&info);
     vorbis_encode_init_vbr(&info, w.channels, w.rate, QUALITY);
+    vorbis_comment_init(&comment);
     vorbis_analysis_init(&dsp, &info);
+    vorbis_block_init(&dsp, &block);
     ogg_stream_init(&stream, static_cast<int>(w.frames + w.channels));
-    put_headers(&file, &dsp, &stream);
+    ogg_packet headers[3];
+    vorbis_analysis_headerout(&dsp, &comment, &headers[0], &headers[1], &headers[2]);
+    for (ogg_packet &packet : headers)
+        ogg_stream_packetin(&stream, &packet);
+    put_pages(&file, &stream);
     if (w.frames > 0)
         put_samples(&dsp, w);
-    put_blocks(&file, &dsp, &stream);
+    while (vorbis_analysis_blockout(&dsp, &block) == 1) {
+        vorbis_analysis(&block, nullptr);
+        vorbis_bitrate_addblock(&block);
+        for (ogg_packet packet; vorbis_bitrate_flushpacket(&dsp, &packet) != 0;)
+            ogg_stream_packetin(&stream, &packet);
+        put_pages(&file, &stream); // many small pages, so that damage hits some of many
+    }
     ogg_stream_clear(&stream);
+    vorbis_block_clear(&block);
     vorbis_dsp_clear(&dsp);
+    vorbis_comment_clear(&comment);
     vorbis_info_clear(&info);
     return file;
 }
