@@ -72,10 +72,6 @@ i32 load_row(const picture_row &row, board *b) {
 
 } // namespace
 
-std::span<const picture_row> board_picture_rows() {
-    return ROWS;
-}
-
 bool picture_row_applies(const picture_row &row, const board *b) {
     return (row.needs_any == 0 || (b->features & row.needs_any) != 0) && (b->features & row.needs_all) == row.needs_all;
 }

@@ -8,8 +8,6 @@
 
 #include "puzzles/board.h"
 
-#include <span>
-
 // Where the pictures of a row go: slots in the board, or an owned block of them.
 struct picture_slots {
     image **first; // null for a block that is not allocated
@@ -23,8 +21,6 @@ struct picture_row {
     u32 needs_all;    // features of which the type must have all
     picture_slots (*slots)(board *b);
 };
-
-std::span<const picture_row> board_picture_rows(); // in the order in which they are loaded
 
 bool picture_row_applies(const picture_row &row, const board *b); // whether the board's type has these pictures
 
