@@ -31,7 +31,7 @@ constexpr int MIN_COVERAGE = 140; // of 255: 55 %
 constexpr int DARKEST = 0x90;     // grey level of a pixel that is just kept; full ink is white
 constexpr int PEN_GAP = 1;        // the pen adds it after every glyph
 constexpr int SPACE_ADVANCE = 4;
-constexpr int SMALL_LETTER = 7; // rows above the reference line
+constexpr int SMALL_LETTER = 7;                 // rows above the reference line
 constexpr int ASCENT_MAX = 15, DESCENT_MAX = 4; // rows above and below the reference line
 
 struct named_glyph {

@@ -26,11 +26,11 @@ inline constexpr rgb SUBHEADING = hex(0xFFE9A8), FOOTER_NUMERAL = hex(0xA9BEE0),
 
 // One puzzle's identity, indexed by puzzle type 0..10.
 struct puzzle_look {
-    const char *folder;  // below xpm/
-    const char *title;   // as the game prints it
-    const char *icon;    // text on its list row, empty for a drawn icon
+    const char *folder; // below xpm/
+    const char *title;  // as the game prints it
+    const char *icon;   // text on its list row, empty for a drawn icon
     rgb accent;
-    bool white_ink;      // icon ink on the accent: white or near-black
+    bool white_ink; // icon ink on the accent: white or near-black
 };
 
 inline constexpr std::array<puzzle_look, 11> PUZZLE_LOOKS = {{

@@ -49,16 +49,3 @@ int fake_dice_drawn();                             // draws since fake_dice
 
 void fake_fail_allocation(int k, bool also_later = false); // 1: the next one; 0: none, only count
 int fake_allocations();                                    // since fake_fail_allocation
-
-// Runs a step with its first allocation failing, then its second, and so on, until it succeeds; gives the number
-// of allocations that were made to fail. The step returns whether it succeeded and leaves nothing behind.
-template <class Step> int fake_fail_each_allocation(Step step) {
-    for (int k = 1;; ++k) {
-        fake_fail_allocation(k);
-        const bool succeeded = step();
-        const bool failed_one = fake_allocations() >= k;
-        fake_fail_allocation(0);
-        if (succeeded || !failed_one)
-            return k - 1;
-    }
-}

@@ -30,7 +30,6 @@ void __real_SDL_UnlockSurface(SDL_Surface *surface);
 void __real_SDL_UpdateRects(SDL_Surface *surface, int count, SDL_Rect *rects);
 
 SDL_Surface *__wrap_SDL_SetVideoMode(int width, int height, int bits, Uint32 flags) {
-    fake_video.modes.push_back({bits, flags});
     if (fake_video.refuse != nullptr && fake_video.refuse(bits, flags))
         return nullptr;
     if (fake_video.extra_pixels == 0)

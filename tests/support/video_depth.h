@@ -13,12 +13,6 @@
 
 #include <vector>
 
-struct video_mode {
-    int bits;
-    u32 flags;
-    bool operator==(const video_mode &) const = default;
-};
-
 struct fake_video_state {
     // What a test sets.
     bool (*refuse)(int bits, u32 flags) = nullptr; // modes that cannot be set
@@ -26,8 +20,7 @@ struct fake_video_state {
     bool fail_lock = false; // of such a surface
     bool watching = false;  // updates are written down; only without a render thread
     // What it learns.
-    int locks = 0; // open on such a surface
-    std::vector<video_mode> modes;
+    int locks = 0;                              // open on such a surface
     std::vector<std::vector<SDL_Rect>> updates; // the rectangles of each call
     SDL_Surface *surface = nullptr;             // owned; of the longer rows
 };
