@@ -414,9 +414,14 @@ TEST(keypad, next_answer_waits_for_the_piece_that_grows) {
     for (int i = 0; i < 2; ++i)
         board_debug_reveal(t.b);
     EXPECT_TRUE(t.b->slot[0] == second) << "one at a time";
+    EXPECT_FALSE(has_any(first, SPRITE_AVAILABLE)) << "it is on the table";
     first->grow_w = first->grow_h = -40; // it takes long to grow
     for (const char digit : std::to_string(second->answer))
         t.type_keys({digit - '0'});
+    t.b->state |= BOARD_DECK_MOVING;
+    t.type_keys({KEY_ANSWER});
+    EXPECT_EQ(t.b->entry->flags & ENTRY_ENTERED, 0u) << "while the cards move";
+    t.b->state &= ~BOARD_DECK_MOVING;
     t.type_keys({KEY_ANSWER});
     t.frame(30);
     EXPECT_FALSE(has_any(second, SPRITE_ANSWERED));

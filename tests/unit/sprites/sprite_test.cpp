@@ -130,6 +130,25 @@ TEST_F(sprite_test, blink_out_flickers_faster_and_ends_hidden) {
     }
 }
 
+TEST_F(sprite_test, pulse_swings_with_a_rest_at_each_end) {
+    sprite_pulse(&s, {128, 128, 128}, BLACK, 0);
+    const std::pair<int, int> ROWS[] = {{1, 123}, {25, 3}, {26, 0}, {27, 0}, {28, 5}, {53, 128}, {54, 128}, {55, 123}};
+    for (const auto &[wanted, level] : ROWS) {
+        go_to(wanted);
+        EXPECT_EQ(s.pulse_cur.g, level) << wanted;
+    }
+    sprite_pulse(&s, WHITE, BLACK, 3);
+    EXPECT_EQ(frames_while(SPRITE_PULSE), 3);
+}
+
+TEST_F(sprite_test, follows_the_mouse_by_what_it_moves) {
+    sprite_follow_mouse(&s, 3, 10, 20);
+    mouse_x = 15;
+    mouse_y = 18;
+    EXPECT_EQ(frames_while(SPRITE_FOLLOW), 3);
+    EXPECT_TRUE(s.x == 105 && s.y == 198);
+}
+
 TEST(sprite_list, hit_is_the_topmost_that_can_be_taken_and_raised_ones_move_to_the_end) {
     sprite all[6] = {};
     ptr_array<sprite> *list = ptr_array_create<sprite>();
