@@ -82,7 +82,7 @@ static rect union_of(const rect &a, const rect &b) {
 static bool reserve() {
     if (dirty.count < dirty.capacity)
         return true;
-    const auto slots = static_cast<std::size_t>(dirty.capacity + BLOCK_RECTS);
+    const std::size_t slots = static_cast<std::size_t>(dirty.capacity) + BLOCK_RECTS;
     void *rects = std::realloc(dirty.rects, slots * sizeof(SDL_Rect));
     if (rects != nullptr)
         dirty.rects = static_cast<SDL_Rect *>(rects);

@@ -125,37 +125,20 @@ static i32 to_number(std::span<const char> token) {
 
 // --- palette -------------------------------------------------------------------------------------
 
-static void warn_of_memory() {
-    std::fprintf(stderr, "Warning: could not allocate memory for palette node\n");
-}
-
-static u32 *row_at(const xpm_palette *palette, i32 row) {
-    return palette->flat + row * ROW_LENGTH;
-}
-
-// The index of a new row of the flat table, all black where the alphabet has a character; -1 when memory is short.
-static i32 add_flat_row(xpm_palette *palette) {
-    if (palette->rows == palette->rows_limit) {
-        const i32 limit = palette->rows_limit * 2;
-        void *grown = std::realloc(palette->flat, static_cast<std::size_t>(limit) * ROW_BYTES);
-        if (grown == nullptr) {
-            warn_of_memory();
-            return -1;
-        }
-        palette->flat = static_cast<u32 *>(grown);
-        palette->rows_limit = limit;
-    }
-    std::memcpy(row_at(palette, palette->rows), UNDEFINED_ROW.data(), ROW_BYTES);
-    return palette->rows++;
+// The index of the first entry of a new row of the flat table: black where the alphabet has a character.
+static u32 add_flat_row(xpm_palette *palette) {
+    const std::size_t index = ROW_LENGTH * static_cast<std::size_t>(palette->rows++);
+    std::memcpy(palette->flat + index, UNDEFINED_ROW.data(), ROW_BYTES);
+    return static_cast<u32>(index);
 }
 
 // The first row is that of characters outside the alphabet, the second that of undefined first characters, and of all
 // symbols of one character.
 static bool create_flat(xpm_palette *palette, i32 color_count, i32 symbol_length) {
     constexpr i32 FIXED_ROWS = 2;
-    const i32 first_characters = symbol_length == 1 ? 0 : color_count / static_cast<i32>(ALPHABET.size()) + 1;
-    palette->rows_limit = FIXED_ROWS + first_characters; // as symbols are usually given out
-    palette->flat = static_cast<u32 *>(std::malloc(static_cast<std::size_t>(palette->rows_limit) * ROW_BYTES));
+    const i32 first_characters = symbol_length == 1 ? 0 : std::min(color_count, static_cast<i32>(ALPHABET.size()));
+    palette->flat =
+        static_cast<u32 *>(std::malloc(static_cast<std::size_t>(FIXED_ROWS + first_characters) * ROW_BYTES));
     if (palette->flat == nullptr)
         return false;
     std::fill_n(palette->flat, ROW_LENGTH, SYMBOL_UNKNOWN);
@@ -177,7 +160,7 @@ static bool palette_create(xpm_palette *palette, i32 color_count, i32 symbol_len
         created = palette->slots != nullptr;
     }
     if (!created)
-        warn_of_memory();
+        std::fprintf(stderr, "Warning: could not allocate memory for palette node\n");
     return created;
 }
 
@@ -191,29 +174,22 @@ static xpm_palette::slot *find_slot(const xpm_palette *palette, u64 key) {
     return &palette->slots[at];
 }
 
-static bool flat_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
-    const auto last = static_cast<u8>(symbol.back());
-    u32 *row = row_at(palette, 1);
+static void flat_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
+    u32 row = ROW_LENGTH;
     if (symbol.size() > 1) {
-        u32 &index = palette->row_of[static_cast<u8>(symbol[0])];
-        if (index == ROW_LENGTH) {
-            const i32 added = add_flat_row(palette);
-            if (added < 0)
-                return false;
-            index = static_cast<u32>(added * ROW_LENGTH);
-        }
-        row = palette->flat + index;
+        u32 &of_first = palette->row_of[static_cast<u8>(symbol[0])];
+        if (of_first == ROW_LENGTH)
+            of_first = add_flat_row(palette);
+        row = of_first;
     }
-    row[last] = pixel;
-    return true;
+    palette->flat[row + static_cast<u8>(symbol.back())] = pixel;
 }
 
-static bool palette_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
+static void palette_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
     if (palette->flat != nullptr)
         return flat_set(palette, symbol, pixel);
     const u64 key = symbol_key(symbol.data(), static_cast<i32>(symbol.size()));
     *find_slot(palette, key) = {key + 1, pixel};
-    return true;
 }
 
 static u32 to_pixel(rgb color) {
@@ -255,7 +231,8 @@ static bool read_palette_line(xpm *picture) {
     rgb color = {};
     if (symbol == nullptr || !read_definition(picture, &color) || !symbols_known({symbol, length}))
         return false;
-    return palette_set(&picture->palette, {symbol, length}, to_pixel(color));
+    palette_set(&picture->palette, {symbol, length}, to_pixel(color));
+    return true;
 }
 
 // --- values --------------------------------------------------------------------------------------

@@ -22,11 +22,11 @@ struct xpm_palette {
         u64 key; // the symbol's, plus one; 0 while free
         u32 pixel;
     };
-    u32 *flat;            // owned, or null; a pixel, or SYMBOL_UNKNOWN at characters outside the alphabet
-    u32 row_of[256];      // first character to the index of its row in flat
-    i32 rows, rows_limit; // used, and that there is room for
-    slot *slots;          // owned, or null
-    u32 mask;             // number of slots less one
+    u32 *flat;       // owned, or null; a pixel, or SYMBOL_UNKNOWN at characters outside the alphabet
+    u32 row_of[256]; // first character to the index of its row in flat
+    i32 rows;        // of flat in use
+    slot *slots;     // owned, or null
+    u32 mask;        // number of slots less one
 };
 
 struct xpm {
