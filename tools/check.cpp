@@ -79,7 +79,7 @@ void check_picture(const kit_entry &entry, const archive_file &archive, std::vec
                              "an XPM picture, " + size_rule_text(entry.size)});
         return;
     }
-    const picture &p = *reading.result;
+    const raster &p = *reading.result;
     const std::string size = picture_size_text(p.width, p.height);
     if (!size_fits(entry.size, p.width, p.height)) {
         findings->push_back({entry.name, size, size_rule_text(entry.size) + ": " + entry.role});

@@ -33,7 +33,7 @@ void check_font(const archive_file &archive, std::vector<finding> *findings);
 void check_text(const kit_entry &entry, const archive_file &archive, std::vector<finding> *findings);
 
 // A picture of the archive; without a result when there is none or it cannot be read.
-struct picture;
+struct raster;
 struct xpm_reading;
 xpm_reading archive_picture(const archive_file &archive, const std::string &name);
 

@@ -36,12 +36,12 @@ char glyph_character(const std::string &entry_name) {
 }
 
 // Rows without ink above the ink; 0 where there is none at all.
-i32 empty_rows(const picture &p) {
+i32 empty_rows(const raster &p) {
     const auto ink = std::find_if(p.pixels.begin(), p.pixels.end(), [](u32 pixel) { return pixel != 0; });
     return ink == p.pixels.end() ? 0 : static_cast<i32>(ink - p.pixels.begin()) / p.width;
 }
 
-void load_glyph(const kit_entry &entry, const picture &p, std::vector<finding> *findings) {
+void load_glyph(const kit_entry &entry, const raster &p, std::vector<finding> *findings) {
     const i32 below = empty_rows(p), above = p.height - below;
     glyphs[static_cast<u8>(glyph_character(entry.name))] = {.working = &measured_glyph,
                                                             .source = nullptr,

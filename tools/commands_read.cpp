@@ -75,7 +75,7 @@ std::string difference(const std::string &name, const std::string &before, const
     const xpm_reading old_reading = picture_from_xpm(before), new_reading = picture_from_xpm(after);
     if (!old_reading.result || !new_reading.result)
         return bytes_difference(before, after);
-    const picture &a = *old_reading.result, &b = *new_reading.result;
+    const raster &a = *old_reading.result, &b = *new_reading.result;
     if (a.width != b.width || a.height != b.height)
         return picture_size_text(a.width, a.height) + " before, " + picture_size_text(b.width, b.height) + " now";
     std::size_t changed = 0;

@@ -35,7 +35,7 @@ archive_entry entry_from_file(const fs::path &path, const std::string &name) {
     std::string bytes = file_read(path);
     if (path.extension() == PNG && name.ends_with(XPM)) {
         const kit_entry *known = kit_find(name);
-        const picture source = picture_from_png(bytes, path.string());
+        const raster source = picture_from_png(bytes, path.string());
         if (known != nullptr && !size_fits(known->size, source.width, source.height))
             fail(path.string() + ": is " + picture_size_text(source.width, source.height) + ", but " + name +
                  " must be " + size_rule_text(known->size) + ": " + known->role);

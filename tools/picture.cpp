@@ -76,8 +76,8 @@ u32 reduce_pixel(u32 argb, i32 x, i32 y, const palette_shades &palette) {
     return result;
 }
 
-picture reduce_with(const picture &source, const palette_shades &palette) {
-    picture result = {source.width, source.height, {}};
+raster reduce_with(const raster &source, const palette_shades &palette) {
+    raster result = {source.width, source.height, {}};
     result.pixels.reserve(source.pixels.size());
     std::size_t at = 0;
     for (i32 y = 0; y < source.height; ++y)
@@ -86,7 +86,7 @@ picture reduce_with(const picture &source, const palette_shades &palette) {
     return result;
 }
 
-bool fits_an_xpm(const picture &reduced) {
+bool fits_an_xpm(const raster &reduced) {
     const std::unordered_set<u32> colors(reduced.pixels.begin(), reduced.pixels.end());
     return colors.size() <= PICTURE_MAX_COLORS;
 }
@@ -95,7 +95,7 @@ bool is_accident(u32 argb) {
     return argb >> 24 != 0 && picture_to_565(argb) == picture_to_565(PICTURE_KEY);
 }
 
-std::string accident_text(const picture &source, const picture &checked) {
+std::string accident_text(const raster &source, const raster &checked) {
     for (std::size_t i = 0; i < checked.pixels.size(); ++i) {
         if (!is_accident(checked.pixels[i]))
             continue;
@@ -114,12 +114,12 @@ std::string picture_size_text(i32 width, i32 height) {
     return std::to_string(width) + "x" + std::to_string(height);
 }
 
-std::string picture_accident(const picture &source) {
+std::string picture_accident(const raster &source) {
     return accident_text(source, source);
 }
 
-picture picture_reduce(const picture &source, const std::string &name) {
-    picture result = reduce_with(source, FINE);
+raster picture_reduce(const raster &source, const std::string &name) {
+    raster result = reduce_with(source, FINE);
     if (!fits_an_xpm(result))
         result = reduce_with(source, COARSE);
     const std::string accident = accident_text(source, result);

@@ -25,21 +25,21 @@ struct png_guard {
 
 } // namespace
 
-picture picture_from_png(std::string_view bytes, const std::string &name) {
+raster picture_from_png(std::string_view bytes, const std::string &name) {
     png_guard png;
     if (png_image_begin_read_from_memory(&png.image, bytes.data(), bytes.size()) == 0)
         fail(name + ": not a PNG picture (" + png.image.message + ")");
     if (png.image.width > PICTURE_MAX_SIDE || png.image.height > PICTURE_MAX_SIDE)
         fail(name + ": the picture is larger than " + std::to_string(PICTURE_MAX_SIDE) + " pixels");
     png.image.format = PNG_FORMAT_BGRA;
-    picture result = {static_cast<i32>(png.image.width), static_cast<i32>(png.image.height), {}};
+    raster result = {static_cast<i32>(png.image.width), static_cast<i32>(png.image.height), {}};
     result.pixels.resize(std::size_t{png.image.width} * png.image.height);
     if (png_image_finish_read(&png.image, nullptr, result.pixels.data(), 0, nullptr) == 0)
         fail(name + ": the PNG picture is damaged (" + png.image.message + ")");
     return result;
 }
 
-std::string picture_to_png(const picture &source, const std::string &name) {
+std::string picture_to_png(const raster &source, const std::string &name) {
     png_guard png;
     png.image.width = static_cast<png_uint_32>(source.width);
     png.image.height = static_cast<png_uint_32>(source.height);

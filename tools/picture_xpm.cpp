@@ -19,7 +19,7 @@ std::string symbol(std::size_t number, bool two_characters) {
 }
 
 xpm_reading read_rows(xpm *source) {
-    picture result = {source->width, source->height, {}};
+    raster result = {source->width, source->height, {}};
     result.pixels.resize(static_cast<std::size_t>(source->width) * static_cast<std::size_t>(source->height));
     if (!xpm_read_pixels(source, result.pixels.data()))
         return {{}, source->color_count, "its rows are damaged or end early"};
@@ -39,7 +39,7 @@ xpm_reading picture_from_xpm(std::string_view bytes) {
     return reading;
 }
 
-std::string picture_to_xpm(const picture &reduced) {
+std::string picture_to_xpm(const raster &reduced) {
     std::unordered_map<u32, std::size_t> numbers; // of the colours, in the order of their first pixels
     std::vector<u32> colors;
     for (const u32 pixel : reduced.pixels)

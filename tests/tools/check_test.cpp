@@ -134,8 +134,8 @@ TEST(check, reports_damage_of_the_archive_itself_with_all_the_rest) {
 
 TEST(reduce, keeps_what_is_reduced_already_and_the_mean_of_what_is_not) {
     const u32 level = 0xFF808080;
-    const picture grey = {8, 8, std::vector<u32>(64, level)};
-    const picture reduced = picture_reduce(grey, "grey");
+    const raster grey = {8, 8, std::vector<u32>(64, level)};
+    const raster reduced = picture_reduce(grey, "grey");
     u32 sum = 0;
     for (const u32 pixel : reduced.pixels)
         sum += pixel & 0xFF;
@@ -145,7 +145,7 @@ TEST(reduce, keeps_what_is_reduced_already_and_the_mean_of_what_is_not) {
 }
 
 TEST(reduce, brings_any_number_of_colours_into_an_xpm) {
-    picture many = {256, 200, {}};
+    raster many = {256, 200, {}};
     for (u32 i = 0; i < 256 * 200; ++i)
         many.pixels.push_back(0xFF000000 | i * 2654435761u % 0xE00000);
     const xpm_reading reading = picture_from_xpm(picture_to_xpm(picture_reduce(many, "many")));
@@ -155,7 +155,7 @@ TEST(reduce, brings_any_number_of_colours_into_an_xpm) {
 }
 
 TEST(reduce, makes_thin_edges_transparent) {
-    const picture p = {2, 2, {0x00EA008A, 0x7F123456, 0x80123456, 0xFF000000}};
+    const raster p = {2, 2, {0x00EA008A, 0x7F123456, 0x80123456, 0xFF000000}};
     EXPECT_EQ(picture_reduce(p, "edges").pixels, (std::vector<u32>{0, 0, 0xFF103452, 0xFF000000}));
 }
 

@@ -22,7 +22,7 @@ TEST(entries, are_all_in_the_real_archive) {
 }
 
 // From the splash screen into a run of one puzzle, by way of its study screen, whose buttons have a size of their own.
-void start_and_play(int position, const picture &study_button) {
+void start_and_play(int position, const raster &study_button) {
     leave_splash();
     select_puzzle(position);
     study_selected();
@@ -55,7 +55,7 @@ TEST(variations, that_pass_the_check_start_and_play) {
             ADD_FAILURE() << finding_text(f);
         const game_folder folder;
         archive_write(folder.file("data/data.dar"), archive.entries);
-        const picture button = *archive_picture(archive, "xpm/study/001.xpm").result;
+        const raster button = *archive_picture(archive, "xpm/study/001.xpm").result;
         const int depth = seed % 2 == 0 ? 16 : 32, position = static_cast<int>(seed % PUZZLE_COUNT);
         const game_result result = play_game(folder, depth, [=] { start_and_play(position, button); });
         EXPECT_EQ(result.exit_code, 0) << result.said;
