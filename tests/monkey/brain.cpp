@@ -14,6 +14,7 @@
 #include "sprites/sprite.h"
 
 #include <SDL.h>
+#include <algorithm>
 
 namespace {
 
@@ -93,8 +94,8 @@ void carry(int label, bool right) {
             if (cell == nullptr)
                 continue;
             const int off = right ? roll(3) - 1 : roll(41) - 20;
-            devices.x += b->x + cell->x + CELL_MARGIN - piece->x + off;
-            devices.y += b->y + cell->y + CELL_MARGIN - piece->y + off;
+            devices.x = std::clamp(devices.x + b->x + cell->x + CELL_MARGIN - piece->x + off, 0, SCREEN_WIDTH - 1);
+            devices.y = std::clamp(devices.y + b->y + cell->y + CELL_MARGIN - piece->y + off, 0, SCREEN_HEIGHT - 1);
         }
     });
     hold(false);
