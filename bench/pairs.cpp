@@ -14,6 +14,7 @@
 static constexpr double BATCH_SECONDS = 60e-6; // long enough for the clock, short enough to be left alone mostly
 static constexpr int MAX_BATCH = 4096;
 static constexpr int TRIES = 7; // of each of several ways, before the fastest is measured
+static constexpr int MEASUREMENTS_OF_SETUP = 17;
 
 static std::deque<table_row> rows; // keeps the places of its elements
 
@@ -50,12 +51,16 @@ void compare(const std::string &figure, way setup, way ours, std::vector<rival> 
     for (const rival &other : rivals)
         rows.push_back({figure, other.name, {}, {true, other.at_least}});
     const auto body = [=](benchmark::State &state) {
-        setup();
-        const int batch = batch_for(ours);
+        int batch = 0, taken = 0;
         std::vector<way> others;
-        for (const rival &other : rivals)
-            others.push_back(fastest(other, batch));
         for ([[maybe_unused]] const auto _ : state) {
+            if (taken++ % MEASUREMENTS_OF_SETUP == 0) {
+                setup();
+                batch = batch_for(ours);
+                others.clear();
+                for (const rival &other : rivals)
+                    others.push_back(fastest(other, batch));
+            }
             double own = 0;
             for (std::size_t i = 0; i < rivals.size(); ++i) {
                 own = batch_seconds(ours, batch);

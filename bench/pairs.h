@@ -23,13 +23,13 @@ struct rival {
     double at_least;
 };
 
-inline constexpr int SHORT_MEASUREMENTS = 201, LONG_MEASUREMENTS = 15;
+inline constexpr int SHORT_MEASUREMENTS = 204, LONG_MEASUREMENTS = 15;
 
-// Registers a benchmark; its rows are printed by pairs_print, in the order of registering. setup runs before the
-// first measurement.
+// Registers a benchmark; its rows are printed by pairs_print, in the order of registering. setup runs before the first
+// measurement and every 17 later.
 void compare(const std::string &figure, way setup, way ours, std::vector<rival> rivals, int measurements);
 
-// The same for a figure without a rival: seconds of one run, made into a value by the scale.
+// The same for a figure without a rival, set up once: seconds of one run, made into a value by the scale.
 void measure(const std::string &figure, const std::string &unit, way setup, way ours,
              const std::function<double(double)> &value, aim wanted, int measurements);
 

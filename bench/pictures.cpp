@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <random>
 
 static SDL_Surface *own_surface = nullptr, *their_surface = nullptr;
 
@@ -39,6 +40,13 @@ void use_depth(i32 depth) {
     their_surface = create(depth);
     video_format = {depth, depth / 8, depth == pixel16::BITS ? pixel16::SHIFT : pixel32::SHIFT};
     require(frame_buffers_create(own_surface) && prim_init() == 1 && blit_init() == 1, "cannot draw");
+}
+
+void move_on_the_heap() {
+    constexpr std::size_t STEP = 16, STEPS = 4096 / STEP;
+    static std::minstd_rand dice;
+    static std::vector<std::vector<u8>> gaps;
+    gaps.emplace_back(STEP * (1 + dice() % STEPS));
 }
 
 image *picture_of(const std::string &name) {

@@ -18,7 +18,10 @@ inline constexpr i32 DEPTHS[] = {16, 32};
 // Turns this program's drawing to a depth, onto a surface of SDL's; pictures loaded before are of no use any more.
 void use_depth(i32 depth);
 
-// A picture of the archive at the current depth. Kept to the end.
+// What is allocated from now on lies elsewhere within a page than it would have.
+void move_on_the_heap();
+
+// A picture of the archive at the current depth. Owned by the caller.
 image *picture_of(const std::string &name);
 
 SDL_Surface *sdl_screen();                                 // where the others draw

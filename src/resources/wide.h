@@ -95,15 +95,15 @@ template <class Pixel> void wide_copy(typename Pixel::value *to, const typename 
         std::memcpy(to, from, bytes);
 }
 
-// The same pixel count times; the last lanes are laid over the end of those before.
+// The same pixel count times; the last block is laid over the end of those before.
 template <class Pixel> void wide_fill(typename Pixel::value *to, i32 count, typename Pixel::value pixel) {
-    constexpr i32 LANES = sizeof(wide) / sizeof(pixel);
-    const wide pixels = wide_of<Pixel>(pixel);
+    const wide block[] = {wide_of<Pixel>(pixel), wide_of<Pixel>(pixel)};
+    constexpr i32 LANES = 2 * sizeof(wide) / sizeof pixel;
     if (count < LANES) {
         std::fill_n(to, count, pixel);
         return;
     }
     for (i32 i = 0; i + LANES < count; i += LANES)
-        std::memcpy(to + i, &pixels, sizeof pixels);
-    std::memcpy(to + count - LANES, &pixels, sizeof pixels);
+        std::memcpy(to + i, block, sizeof block);
+    std::memcpy(to + count - LANES, block, sizeof block);
 }
