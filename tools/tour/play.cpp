@@ -17,6 +17,7 @@
 static constexpr point GRIP = {-3, -3};    // from a piece's lower right corner to where it is held
 static constexpr point CARELESS = {2, -2}; // a drop is this far from the exact place, and must snap
 static constexpr int LYING_VIEWS = 20;     // in which a piece lies where it was dropped before it counts as not placed
+static constexpr int PULSING_VIEWS = 60;   // in which it is seen nowhere before the mouse leaves it
 static constexpr int BEGIN_BOTTOM = WINDOW_HEIGHT - 5;
 static constexpr point HELP_BUTTON = {730, 5}, RETURN_BUTTON = {730, 35}, RETURN_MIDDLE = {760, 47};
 
@@ -46,17 +47,21 @@ void play_lift(point piece) {
     hands_move_away();
 }
 
-// A drop that fits may be seen where it was dropped for a moment before it snaps.
+// A drop that fits may be seen where it was dropped for a moment before it snaps. One that does not may lie under the
+// mouse and pulse.
 bool play_place(point piece, point grip, int cell, bool last) {
     drag(piece, grip, play_near(cell));
     if (last)
         return true;
     bool snapped = false;
-    int views = 0;
+    int lying = 0, neither = 0; // views in a row
     eyes_until("a piece in cell " + std::to_string(cell) + ", or where it was dropped there", [&] {
         snapped = pieces_body_seen(pieces_place(cell));
-        views = !snapped && pieces_body_seen(play_near(cell)) ? views + 1 : 0;
-        return snapped || views >= LYING_VIEWS;
+        lying = !snapped && pieces_body_seen(play_near(cell)) ? lying + 1 : 0;
+        neither = snapped || lying > 0 ? 0 : neither + 1;
+        if (neither == PULSING_VIEWS)
+            hands_move_away();
+        return snapped || lying >= LYING_VIEWS;
     });
     return snapped;
 }
