@@ -81,29 +81,42 @@ static bool reserve_runs(run_table *table, i32 more) {
     return true;
 }
 
-// Which of up to 64 pixels are transparent, one bit a pixel, the first the lowest. Through the bits that carry colour.
-template <class P> static u64 transparent_pixels(const typename P::value *row, i32 count, u32 key) {
-    u64 bits = 0;
-    i32 x = 0;
+// Which of BLOCK pixels are transparent, one bit a pixel, the first the lowest. Through the bits that carry colour.
+static constexpr i32 BLOCK = 16;
+template <class P> static u32 transparent_block(const typename P::value *pixels, u32 key) {
 #ifdef __SSE2__
-    constexpr i32 LANES = sizeof(__m128i) / sizeof(typename P::value);
     const bool narrow = P::BITS == pixel16::BITS;
     const __m128i keys = narrow ? _mm_set1_epi16(static_cast<i16>(key)) : _mm_set1_epi32(static_cast<i32>(key));
     const __m128i rgb_bits = _mm_set1_epi32(static_cast<i32>(P::RGB_MASK));
-    for (; x + LANES <= count; x += LANES) {
-        const __m128i pixels = _mm_loadu_si128(reinterpret_cast<const __m128i *>(row + x));
-        if (narrow) {
-            const __m128i equal = _mm_cmpeq_epi16(pixels, keys);
-            bits |= static_cast<u64>(_mm_movemask_epi8(_mm_packs_epi16(equal, _mm_setzero_si128()))) << x;
-        } else {
-            const __m128i equal = _mm_cmpeq_epi32(_mm_and_si128(pixels, rgb_bits), keys);
-            bits |= static_cast<u64>(_mm_movemask_ps(_mm_castsi128_ps(equal))) << x;
-        }
-    }
-#endif
-    for (; x < count; ++x)
-        bits |= static_cast<u64>(((row[x] ^ key) & P::RGB_MASK) == 0) << x;
+    const auto equal = [=](i32 lane) {
+        const __m128i some = _mm_loadu_si128(reinterpret_cast<const __m128i *>(pixels) + lane);
+        return narrow ? _mm_cmpeq_epi16(some, keys) : _mm_cmpeq_epi32(_mm_and_si128(some, rgb_bits), keys);
+    };
+    if (narrow)
+        return static_cast<u32>(_mm_movemask_epi8(_mm_packs_epi16(equal(0), equal(1))));
+    return static_cast<u32>(
+        _mm_movemask_epi8(_mm_packs_epi16(_mm_packs_epi32(equal(0), equal(1)), _mm_packs_epi32(equal(2), equal(3)))));
+#else
+    u32 bits = 0;
+    for (i32 i = 0; i < BLOCK; ++i)
+        bits |= static_cast<u32>(((pixels[i] ^ key) & P::RGB_MASK) == 0) << i;
     return bits;
+#endif
+}
+
+// The same of up to 64 pixels of a row from the x-th on. The last block reaches back over pixels before it.
+template <class P> static u64 transparent_pixels(const typename P::value *row, i32 x, i32 count, u32 key) {
+    u64 bits = 0;
+    i32 i = 0;
+    if (x + count < BLOCK) {
+        for (; i < count; ++i)
+            bits |= static_cast<u64>(((row[x + i] ^ key) & P::RGB_MASK) == 0) << i;
+        return bits;
+    }
+    for (; i + BLOCK <= count; i += BLOCK)
+        bits |= u64{transparent_block<P>(row + x + i, key)} << i;
+    const u64 last = transparent_block<P>(row + x + count - BLOCK, key);
+    return bits | (count < BLOCK ? last >> (BLOCK - count) : last << (count - BLOCK));
 }
 
 // Appends a row's runs, beginning with a transparent one. There must be room for width + 2 entries.
@@ -114,7 +127,7 @@ template <class P> static void add_row(run_table *table, const typename P::value
     i32 start = 0;
     for (i32 x = 0; x < width; x += AT_ONCE) {
         const i32 count = std::min(width - x, AT_ONCE);
-        const u64 transparent = transparent_pixels<P>(row + x, count, key);
+        const u64 transparent = transparent_pixels<P>(row, x, count, key);
         u64 ends = (transparent ^ (transparent << 1 | last)) & (~u64{0} >> (AT_ONCE - count));
         for (; ends != 0; ends &= ends - 1) {
             const i32 end = x + std::countr_zero(ends);

@@ -9,12 +9,14 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <bit>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 // --- alphabet ------------------------------------------------------------------------------------
 
@@ -36,11 +38,15 @@ static constexpr auto RANKS = [] {
     return ranks;
 }();
 
-// The flat table of short symbols.
-static constexpr i32 ROW_LENGTH = 256;
-static constexpr std::size_t ROW_BYTES = ROW_LENGTH * sizeof(u32);
+// The flat table of short symbols: rows of the first characters, and one of symbols of one character. It is kept from
+// picture to picture, since filling it takes longer than decoding most; a picture puts back the rows that it changes.
+static constexpr i32 ROW_LENGTH = 256, SINGLE_ROW = 256, ROW_COUNT = 257;
 static constexpr u32 SYMBOL_UNKNOWN = u32{1} << 31;
 static_assert((pixel32::from_rgb({0xFF, 0xFF, 0xFF}) & SYMBOL_UNKNOWN) == 0, "no pixel looks like it");
+
+static u32 flat[ROW_COUNT * ROW_LENGTH]; // pixels; SYMBOL_UNKNOWN at characters outside the alphabet
+static bool flat_changed[ROW_COUNT];
+static std::atomic_flag flat_taken;
 
 static constexpr auto UNDEFINED_ROW = [] {
     std::array<u32, ROW_LENGTH> row = {};
@@ -125,43 +131,41 @@ static i32 to_number(std::span<const char> token) {
 
 // --- palette -------------------------------------------------------------------------------------
 
-// The index of the first entry of a new row of the flat table: black where the alphabet has a character.
-static u32 add_flat_row(xpm_palette *palette) {
-    const std::size_t index = ROW_LENGTH * static_cast<std::size_t>(palette->rows++);
-    std::memcpy(palette->flat + index, UNDEFINED_ROW.data(), ROW_BYTES);
-    return static_cast<u32>(index);
+static void clear_row(i32 row) {
+    std::ranges::copy(UNDEFINED_ROW, flat + row * ROW_LENGTH);
 }
 
-// The first row is that of characters outside the alphabet, the second that of undefined first characters, and of all
-// symbols of one character.
-static bool create_flat(xpm_palette *palette, i32 color_count, i32 symbol_length) {
-    constexpr i32 FIXED_ROWS = 2;
-    const i32 first_characters = symbol_length == 1 ? 0 : std::min(color_count, static_cast<i32>(ALPHABET.size()));
-    palette->flat =
-        static_cast<u32 *>(std::malloc(static_cast<std::size_t>(FIXED_ROWS + first_characters) * ROW_BYTES));
-    if (palette->flat == nullptr)
+static bool take_flat() {
+    static bool filled = false;
+    if (flat_taken.test_and_set(std::memory_order_acquire))
         return false;
-    std::fill_n(palette->flat, ROW_LENGTH, SYMBOL_UNKNOWN);
-    palette->rows = 1;
-    add_flat_row(palette);
-    for (i32 c = 0; c < ROW_LENGTH; ++c)
-        palette->row_of[c] = UNDEFINED_ROW[static_cast<std::size_t>(c)] == SYMBOL_UNKNOWN ? 0 : ROW_LENGTH;
+    if (!filled) {
+        std::ranges::fill(flat, SYMBOL_UNKNOWN);
+        for (const char c : ALPHABET)
+            clear_row(static_cast<u8>(c));
+        clear_row(SINGLE_ROW);
+    }
+    filled = true;
     return true;
 }
 
+static void give_flat_back() {
+    for (i32 r = 0; r < ROW_COUNT; ++r)
+        if (std::exchange(flat_changed[r], false))
+            clear_row(r);
+    flat_taken.clear(std::memory_order_release);
+}
+
 static bool palette_create(xpm_palette *palette, i32 color_count, i32 symbol_length) {
-    bool created = false;
-    if (symbol_length <= MAX_FLAT_LENGTH) {
-        created = create_flat(palette, color_count, symbol_length);
-    } else {
-        const std::size_t slots = std::bit_ceil(static_cast<std::size_t>(color_count) * 2); // half of them stay free
-        palette->slots = static_cast<xpm_palette::slot *>(std::calloc(slots, sizeof(xpm_palette::slot)));
-        palette->mask = static_cast<u32>(slots - 1);
-        created = palette->slots != nullptr;
-    }
-    if (!created)
+    palette->flat = symbol_length <= MAX_FLAT_LENGTH && take_flat();
+    if (palette->flat)
+        return true;
+    const std::size_t slots = std::bit_ceil(static_cast<std::size_t>(color_count) * 2); // half of them stay free
+    palette->slots = static_cast<xpm_palette::slot *>(std::calloc(slots, sizeof(xpm_palette::slot)));
+    palette->mask = static_cast<u32>(slots - 1);
+    if (palette->slots == nullptr)
         std::fprintf(stderr, "Warning: could not allocate memory for palette node\n");
-    return created;
+    return palette->slots != nullptr;
 }
 
 // The slot that holds this key, or the free one where it belongs.
@@ -174,53 +178,42 @@ static xpm_palette::slot *find_slot(const xpm_palette *palette, u64 key) {
     return &palette->slots[at];
 }
 
-static void flat_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
-    u32 row = ROW_LENGTH;
-    if (symbol.size() > 1) {
-        u32 &of_first = palette->row_of[static_cast<u8>(symbol[0])];
-        if (of_first == ROW_LENGTH)
-            of_first = add_flat_row(palette);
-        row = of_first;
+static void palette_set(const xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
+    if (palette->flat) {
+        const i32 row = symbol.size() == 1 ? SINGLE_ROW : static_cast<u8>(symbol.front());
+        flat[row * ROW_LENGTH + static_cast<u8>(symbol.back())] = pixel;
+        flat_changed[row] = true;
+        return;
     }
-    palette->flat[row + static_cast<u8>(symbol.back())] = pixel;
-}
-
-static void palette_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
-    if (palette->flat != nullptr)
-        return flat_set(palette, symbol, pixel);
     const u64 key = symbol_key(symbol.data(), static_cast<i32>(symbol.size()));
     *find_slot(palette, key) = {key + 1, pixel};
 }
 
-static u32 to_pixel(rgb color) {
+static u32 to_pixel(const char *digits) {
+    const rgb color = {hex_byte(digits), hex_byte(digits + 2), hex_byte(digits + 4)};
     return video_format.depth == pixel16::BITS ? pixel16::from_rgb(color) : pixel32::from_rgb(color);
 }
 
-static rgb hex_color(const char *digits) {
-    return {hex_byte(digits), hex_byte(digits + 2), hex_byte(digits + 4)};
-}
-
-// Reads a colour: "#" and six digits; anything else is black. False when the text ends.
-static bool read_color(xpm *picture, rgb *color) {
+// The digits of a colour: "#" and six of them; anything else is black. Null when the text ends.
+static const char *read_color(xpm *picture) {
     const char *mark = take(picture, 1);
-    const char *digits = mark != nullptr && *mark == '#' ? take(picture, COLOR_DIGITS) : "000000";
-    if (mark == nullptr || digits == nullptr)
-        return false;
-    *color = hex_color(digits);
-    return true;
+    if (mark == nullptr)
+        return nullptr;
+    return *mark == '#' ? take(picture, COLOR_DIGITS) : "000000";
 }
 
-// What follows a symbol, to the end of the string. Nearly every line has the first form, which is told at a glance.
-static bool read_definition(xpm *picture, rgb *color) {
+// The colour's digits in what follows a symbol, to the end of the string; null when the text ends. Nearly every line
+// has the first form, which is told at a glance.
+static const char *read_definition(xpm *picture) {
     constexpr std::string_view BEFORE = " c #";
     constexpr std::size_t QUOTE = BEFORE.size() + COLOR_DIGITS;
     const std::string_view text(picture->text.data(), picture->text.size());
     if (text.size() > QUOTE && text.starts_with(BEFORE) && text[QUOTE] == '"') {
-        *color = hex_color(text.data() + BEFORE.size());
         picture->text = picture->text.subspan(QUOTE + 1);
-        return true;
+        return text.data() + BEFORE.size();
     }
-    return skip_past(picture, 'c') && skip_past(picture, ' ') && read_color(picture, color) && skip_past(picture, '"');
+    const char *digits = skip_past(picture, 'c') && skip_past(picture, ' ') ? read_color(picture) : nullptr;
+    return digits != nullptr && skip_past(picture, '"') ? digits : nullptr;
 }
 
 static bool read_palette_line(xpm *picture) {
@@ -228,10 +221,10 @@ static bool read_palette_line(xpm *picture) {
         return false;
     const auto length = static_cast<std::size_t>(picture->symbol_length);
     const char *symbol = take(picture, length);
-    rgb color = {};
-    if (symbol == nullptr || !read_definition(picture, &color) || !symbols_known({symbol, length}))
+    const char *digits = symbol != nullptr ? read_definition(picture) : nullptr;
+    if (digits == nullptr || !symbols_known({symbol, length}))
         return false;
-    palette_set(&picture->palette, {symbol, length}, to_pixel(color));
+    palette_set(&picture->palette, {symbol, length}, to_pixel(digits));
     return true;
 }
 
@@ -277,36 +270,50 @@ bool xpm_open(xpm *picture, std::span<const char> text) {
 }
 
 void xpm_close(xpm *picture) {
-    std::free(picture->palette.flat);
+    if (picture->palette.flat)
+        give_flat_back();
     std::free(picture->palette.slots);
     picture->palette = {};
 }
 
 // --- rows ----------------------------------------------------------------------------------------
 
+// The indices of the four symbols of two characters from here on, the first in the highest bits.
+static u64 four_indices(const char *symbols) {
+    u64 four = 0;
+    std::memcpy(&four, symbols, sizeof four);
+    return std::endian::native == std::endian::little ? __builtin_bswap64(four) : four;
+}
+
 // One and two characters a pixel. What the entries say of unknown characters is gathered and judged once a row, so the
 // loop has no branches.
-template <class Pixel, i32 LENGTH>
-static bool decode_flat(const xpm_palette &palette, const char *row, Pixel *out, i32 width) {
-    const u32 *flat = palette.flat + (LENGTH == 1 ? ROW_LENGTH : 0);
+template <class Pixel, i32 LENGTH> static bool decode_flat(const char *row, Pixel *out, i32 width) {
     u32 seen = 0;
-    for (i32 x = 0; x < width; ++x, row += LENGTH) {
-        u32 entry = static_cast<u8>(row[0]);
-        if (LENGTH > 1)
-            entry = palette.row_of[entry] + static_cast<u8>(row[LENGTH - 1]);
-        entry = flat[entry];
+    i32 x = 0;
+    const auto put = [&](u64 index) {
+        const u32 entry = flat[index];
         seen |= entry;
-        out[x] = static_cast<Pixel>(entry);
+        out[x++] = static_cast<Pixel>(entry);
+    };
+    while (LENGTH == 2 && x + 4 <= width) {
+        const u64 four = four_indices(row + x * LENGTH);
+        put(four >> 48);
+        put(four >> 32 & 0xFFFF);
+        put(four >> 16 & 0xFFFF);
+        put(four & 0xFFFF);
+    }
+    while (x < width) {
+        const char *symbol = row + x * LENGTH;
+        const u32 in_row = LENGTH == 1 ? SINGLE_ROW : static_cast<u8>(symbol[0]);
+        put(in_row * ROW_LENGTH + static_cast<u8>(symbol[LENGTH - 1]));
     }
     return (seen & SYMBOL_UNKNOWN) == 0;
 }
 
 template <class Pixel> static bool decode_row(const xpm *picture, const char *row, Pixel *out) {
     const i32 length = picture->symbol_length;
-    if (length == 1)
-        return decode_flat<Pixel, 1>(picture->palette, row, out, picture->width);
-    if (length == 2)
-        return decode_flat<Pixel, 2>(picture->palette, row, out, picture->width);
+    if (picture->palette.flat)
+        return (length == 1 ? decode_flat<Pixel, 1> : decode_flat<Pixel, 2>)(row, out, picture->width);
     for (i32 x = 0; x < picture->width; ++x, row += length)
         out[x] = static_cast<Pixel>(find_slot(&picture->palette, symbol_key(row, length))->pixel);
     return true;
@@ -316,7 +323,6 @@ template <class Pixel> static bool decode_row(const xpm *picture, const char *ro
 template <class Pixel> static bool decode_rows(xpm *picture, Pixel *out) {
     const auto width = static_cast<std::size_t>(picture->width);
     const std::size_t length = width * static_cast<std::size_t>(picture->symbol_length);
-    const bool long_symbols = picture->symbol_length > MAX_FLAT_LENGTH;
     const char *above = nullptr;
     for (i32 y = 0; y < picture->height; ++y, out += width) {
         const char *row = skip_past(picture, '"') ? take(picture, length) : nullptr;
@@ -327,7 +333,7 @@ template <class Pixel> static bool decode_rows(xpm *picture, Pixel *out) {
             continue;
         }
         above = row;
-        if (long_symbols && !symbols_known({row, length}))
+        if (!picture->palette.flat && !symbols_known({row, length}))
             return false;
         if (!decode_row(picture, row, out))
             return symbols_known({row, length}); // names the stranger

@@ -14,19 +14,17 @@
 
 inline constexpr i32 XPM_MAX_SIDE = 8192; // pixels in a direction
 
-// Symbols to pixels. Symbols of one and two characters index a flat table by their last character, in rows of 256, one
-// for each first character that occurs; longer ones are searched for in an open-addressed table. A symbol that was
-// never defined is black.
+// Symbols to pixels. Symbols of one and two characters index a flat table; longer ones are searched for in an
+// open-addressed table, and so are short ones while another picture has the flat table, of which there is one. A symbol
+// that was never defined is black.
 struct xpm_palette {
     struct slot {
         u64 key; // the symbol's, plus one; 0 while free
         u32 pixel;
     };
-    u32 *flat;       // owned, or null; a pixel, or SYMBOL_UNKNOWN at characters outside the alphabet
-    u32 row_of[256]; // first character to the index of its row in flat
-    i32 rows;        // of flat in use
-    slot *slots;     // owned, or null
-    u32 mask;        // number of slots less one
+    slot *slots; // owned; null for the flat table
+    u32 mask;    // number of slots less one
+    bool flat;   // has the flat table, until xpm_close
 };
 
 struct xpm {
@@ -43,4 +41,4 @@ struct xpm {
 // Decodes the rows that follow into width x height pixels of the screen's format, rows without padding.
 [[nodiscard]] bool xpm_read_pixels(xpm *picture, void *pixels);
 
-void xpm_close(xpm *picture); // frees the palette
+void xpm_close(xpm *picture); // frees the palette, or gives it back

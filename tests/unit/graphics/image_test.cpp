@@ -6,6 +6,7 @@
 #include "resources/archive.h"
 #include "resources/image.h"
 #include "resources/pixel.h"
+#include "resources/xpm.h"
 #include "support/archive_builder.h"
 
 #include <gtest/gtest.h>
@@ -90,12 +91,20 @@ TEST_P(image_test, symbols_of_any_length_give_the_same_picture) {
         for (std::string &row : rows)
             for (int x = 0; x < 30; ++x)
                 row += prefix + letters[dice() % letters.size()];
-        const picture_ptr picture = load(make_xpm(colors, rows, static_cast<int>(prefix.size()) + 1));
-        ASSERT_NE(picture, nullptr) << prefix;
-        EXPECT_EQ(picture->width, 30);
-        if (expected.empty())
-            expected = pixels_of(*picture);
-        EXPECT_EQ(pixels_of(*picture), expected) << prefix;
+        const std::string last = prefix + letters.back();
+        const int length = static_cast<int>(last.size());
+        const std::string other_text = make_xpm({last + " c #123456"}, {last}, length);
+        xpm other = {}; // has been opened before and is closed afterwards
+        for (const bool alone : {false, true}) {
+            EXPECT_TRUE(alone || xpm_open(&other, {other_text.data(), other_text.size()}));
+            const picture_ptr picture = load(make_xpm(colors, rows, length));
+            xpm_close(&other);
+            ASSERT_NE(picture, nullptr) << prefix;
+            EXPECT_EQ(picture->width, 30);
+            if (expected.empty())
+                expected = pixels_of(*picture);
+            EXPECT_EQ(pixels_of(*picture), expected) << prefix;
+        }
     }
     EXPECT_EQ(std::count(expected.begin(), expected.end(), pixel(0x004080)), 0);
     EXPECT_GT(std::count(expected.begin(), expected.end(), pixel(0xFFFFFF)), 0);
