@@ -131,7 +131,7 @@ static i32 to_number(std::span<const char> token) {
 
 // --- palette -------------------------------------------------------------------------------------
 
-static void clear_row(i32 row) {
+static void clear_row(std::size_t row) {
     std::ranges::copy(UNDEFINED_ROW, flat + row * ROW_LENGTH);
 }
 
@@ -150,7 +150,7 @@ static bool take_flat() {
 }
 
 static void give_flat_back() {
-    for (i32 r = 0; r < ROW_COUNT; ++r)
+    for (std::size_t r = 0; r < ROW_COUNT; ++r)
         if (std::exchange(flat_changed[r], false))
             clear_row(r);
     flat_taken.clear(std::memory_order_release);
@@ -290,22 +290,21 @@ static u64 four_indices(const char *symbols) {
 template <class Pixel, i32 LENGTH> static bool decode_flat(const char *row, Pixel *out, i32 width) {
     u32 seen = 0;
     i32 x = 0;
-    const auto put = [&](u64 index) {
+    const auto put = [&](i32 at, u64 index) {
         const u32 entry = flat[index];
         seen |= entry;
-        out[x++] = static_cast<Pixel>(entry);
+        out[at] = static_cast<Pixel>(entry);
     };
-    while (LENGTH == 2 && x + 4 <= width) {
-        const u64 four = four_indices(row + x * LENGTH);
-        put(four >> 48);
-        put(four >> 32 & 0xFFFF);
-        put(four >> 16 & 0xFFFF);
-        put(four & 0xFFFF);
+    for (; LENGTH == 2 && x + 4 <= width; x += 4, row += sizeof(u64)) {
+        const u64 four = four_indices(row);
+        put(x, four >> 48);
+        put(x + 1, four >> 32 & 0xFFFF);
+        put(x + 2, four >> 16 & 0xFFFF);
+        put(x + 3, four & 0xFFFF);
     }
-    while (x < width) {
-        const char *symbol = row + x * LENGTH;
-        const u32 in_row = LENGTH == 1 ? SINGLE_ROW : static_cast<u8>(symbol[0]);
-        put(in_row * ROW_LENGTH + static_cast<u8>(symbol[LENGTH - 1]));
+    for (; x < width; ++x, row += LENGTH) {
+        const u32 in_row = LENGTH == 1 ? SINGLE_ROW : static_cast<u8>(row[0]);
+        put(x, in_row * ROW_LENGTH + static_cast<u8>(row[LENGTH - 1]));
     }
     return (seen & SYMBOL_UNKNOWN) == 0;
 }
