@@ -98,6 +98,9 @@ TEST_F(entry_test, typed_digits_fly_into_a_row_and_on_when_entered) {
     EXPECT_EQ(e->flags, ENTRY_ENTERED | ENTRY_CORRECT);
     update(1);
     EXPECT_EQ(e->flags, ENTRY_ENTERED | ENTRY_CORRECT | ENTRY_ARRIVED);
+    e->flags = ENTRY_CLOSED;
+    type("<");
+    EXPECT_STREQ(e->text, "42") << "the shown solution stays";
 }
 
 TEST_F(entry_test, a_digit_deleted_in_flight_is_not_waited_for) {
