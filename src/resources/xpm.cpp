@@ -135,6 +135,7 @@ static void clear_row(std::size_t row) {
     std::ranges::copy(UNDEFINED_ROW, flat + row * ROW_LENGTH);
 }
 
+// False while another picture has it.
 static bool take_flat() {
     static bool filled = false;
     if (flat_taken.test_and_set(std::memory_order_acquire))

@@ -1,8 +1,9 @@
 // xpm.h: the decoder of XPM texts into the screen's pixels.
 //
-// It scans the text for its quoted strings and reads no declarations. All state lies in the caller's record;
-// the text is borrowed and must outlive it. Any thread, one per record. Damaged text ends the decoding with
-// false: nothing is read beyond the text, and sizes are checked against it before anybody allocates by them.
+// It scans the text for its quoted strings and reads no declarations. State lies in the caller's record, but for one
+// table, which is lent to one record at a time; the text is borrowed and must outlive the record. Any thread, one per
+// record. Damaged text ends the decoding with false: nothing is read beyond the text, and sizes are checked against it
+// before anybody allocates by them.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
