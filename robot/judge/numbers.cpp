@@ -3,8 +3,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "numbers.h"
-#include "tour/library.h"
-#include "tour/robot.h"
+#include "player/library.h"
+#include "player/robot.h"
 
 #include <algorithm>
 #include <cstdlib>

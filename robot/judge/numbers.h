@@ -7,7 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "tour/puzzle_kinds.h"
+#include "player/puzzle_kinds.h"
 
 // Every label is the product of its row and column: gives up on one that shows another number. Puzzles whose labels
 // are not products pass.

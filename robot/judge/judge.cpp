@@ -5,15 +5,15 @@
 #include "judge.h"
 #include "ears.h"
 #include "numbers.h"
+#include "player/eyes.h"
+#include "player/game.h"
+#include "player/letters.h"
+#include "player/library.h"
+#include "player/moments.h"
+#include "player/pieces.h"
+#include "player/robot.h"
+#include "player/screens.h"
 #include "records.h"
-#include "tour/eyes.h"
-#include "tour/game.h"
-#include "tour/letters.h"
-#include "tour/library.h"
-#include "tour/moments.h"
-#include "tour/pieces.h"
-#include "tour/robot.h"
-#include "tour/screens.h"
 
 #include <array>
 #include <chrono>

@@ -3,10 +3,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "album.h"
-#include "display.h"
-#include "eyes.h"
-#include "moments.h"
-#include "robot.h"
+#include "player/display.h"
+#include "player/eyes.h"
+#include "player/moments.h"
+#include "player/robot.h"
 
 #include <algorithm>
 #include <array>

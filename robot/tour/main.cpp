@@ -3,12 +3,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "album.h"
-#include "display.h"
-#include "game.h"
-#include "hands.h"
-#include "robot.h"
-#include "screens.h"
-#include "visit.h"
+#include "player/display.h"
+#include "player/game.h"
+#include "player/hands.h"
+#include "player/robot.h"
+#include "player/screens.h"
+#include "player/visit.h"
 
 #include <getopt.h>
 

@@ -4,14 +4,14 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "ears.h"
 #include "judge.h"
-#include "tour/display.h"
-#include "tour/eyes.h"
-#include "tour/game.h"
-#include "tour/hands.h"
-#include "tour/process.h"
-#include "tour/robot.h"
-#include "tour/screens.h"
-#include "tour/visit.h"
+#include "player/display.h"
+#include "player/eyes.h"
+#include "player/game.h"
+#include "player/hands.h"
+#include "player/process.h"
+#include "player/robot.h"
+#include "player/screens.h"
+#include "player/visit.h"
 
 #include <getopt.h>
 

@@ -3,9 +3,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "ears.h"
-#include "tour/game.h"
-#include "tour/library.h"
-#include "tour/robot.h"
+#include "player/game.h"
+#include "player/library.h"
+#include "player/robot.h"
 
 #include <vorbis/vorbisfile.h>
 
