@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/puzzle_info.h"
-#include "core/screen.h"
+#include "core/base/puzzle_info.h"
+#include "core/ui/screen.h"
 #include "frame_meter.h"
 #include "program/player.h"
 #include "puzzles/board.h"

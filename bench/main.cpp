@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "benches.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "pairs.h"
 #include "resources/archive.h"
 

@@ -4,9 +4,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app.h"
-#include "core/app_state.h"
-#include "core/screen.h"
+#include "core/app/app.h"
+#include "core/base/app_state.h"
+#include "core/ui/screen.h"
 #include "graphics/render.h"
 #include "monkey/monkey.h"
 #include "support/temp_folder.h"

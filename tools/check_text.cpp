@@ -3,7 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "check.h"
-#include "core/puzzle_info.h"
+#include "core/base/puzzle_info.h"
 #include "graphics/font.h"
 #include "graphics/glyphs.h"
 #include "picture.h"

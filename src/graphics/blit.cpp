@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/blit.h"
 
-#include "core/log.h"
-#include "core/strings.h"
+#include "core/base/log.h"
+#include "core/base/strings.h"
 #include "graphics/blit_routines.h"
 #include "graphics/noise.h"
 #include "graphics/span_walk.h"

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 // Each: 1, or -1 (logged) at a depth other than 16 or 32 bits.
 [[nodiscard]] i32 prim_init();

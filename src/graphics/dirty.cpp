@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/dirty.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/locks.h"
 #include "graphics/render.h"

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/draw_list.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/draw_ops.h"
 #include "graphics/draw_queue.h"
 #include "graphics/locks.h"

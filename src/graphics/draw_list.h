@@ -8,7 +8,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 #include "resources/image.h"
 
 enum draw_opcode : u8 {

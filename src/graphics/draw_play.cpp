@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/draw_play.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/blit_routines.h"
 #include "graphics/draw_ops.h"
 #include "graphics/frame_buffers.h"

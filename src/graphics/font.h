@@ -7,7 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 inline constexpr i32 TEXT_LINE_HEIGHT = 17; // pixels
 

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/frame_buffers.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/locks.h"
 #include "resources/pixel.h"
 

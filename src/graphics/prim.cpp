@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/blit.h"
 #include "graphics/blit_routines.h"
 #include "graphics/noise.h"

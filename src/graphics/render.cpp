@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/render.h"
 
-#include "core/app_state.h"
+#include "core/base/app_state.h"
 #include "graphics/dirty.h"
 #include "graphics/draw_play.h"
 #include "graphics/draw_queue.h"

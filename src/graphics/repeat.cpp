@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/repeat.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/draw_ops.h"
 #include "graphics/draw_queue.h"
 #include "graphics/frame_buffers.h"

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/video.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/dirty.h"
 #include "graphics/draw_queue.h"
 #include "graphics/frame_buffers.h"

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 // Sets the 800 x 600 mode (16 bits before 32, full screen before a window), makes the locks and the buffers.
 // 1, or -1 with the reason logged.

@@ -6,7 +6,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 inline constexpr i32 CURSOR_ARROW = 0, CURSOR_OPEN_HAND = 1, CURSOR_CLOSED_HAND = 2;
 

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "input/input.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 
 #include <SDL.h>
 

@@ -8,7 +8,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 inline i32 mouse_x = 0, mouse_y = 0; // window pixels, as of the last poll
 

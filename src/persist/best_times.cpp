@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "persist/best_times.h"
 
-#include "core/puzzle_info.h"
-#include "core/strings.h"
+#include "core/base/puzzle_info.h"
+#include "core/base/strings.h"
 #include "persist/best_times_table.h"
 
 #include <iterator>

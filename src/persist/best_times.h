@@ -7,8 +7,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/containers.h"
-#include "core/types.h"
+#include "core/base/containers.h"
+#include "core/base/types.h"
 
 inline constexpr i32 MASTER_PLACES = 3;
 inline constexpr i32 LOG_LENGTH = 20;           // entries kept a puzzle

@@ -3,7 +3,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/strings.h"
+#include "core/base/strings.h"
 #include "persist/best_times_table.h"
 #include "persist/stored_file.h"
 

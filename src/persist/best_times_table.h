@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/puzzle_info.h"
+#include "core/base/puzzle_info.h"
 #include "persist/best_times.h"
 
 struct best_times_table {

@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "persist/prefs.h"
 
-#include "core/app_state.h"
-#include "core/settings.h"
+#include "core/base/app_state.h"
+#include "core/base/settings.h"
 #include "persist/stored_file.h"
 
 static constexpr const char *PREFS_PATH = "..\\data\\prefs";

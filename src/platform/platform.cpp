@@ -77,22 +77,22 @@ template <class Byte, class Call> static std::ptrdiff_t transfer(Call call, int 
 }
 
 std::ptrdiff_t platform_read(int fd, void *bytes, std::size_t count) {
-    return transfer(read, fd, static_cast<u8 *>(bytes), count);
+    return transfer(read, fd, static_cast<unsigned char *>(bytes), count);
 }
 
 std::ptrdiff_t platform_write(int fd, const void *bytes, std::size_t count) {
-    return transfer(write, fd, static_cast<const u8 *>(bytes), count);
+    return transfer(write, fd, static_cast<const unsigned char *>(bytes), count);
 }
 
-i32 platform_seek(int fd, i32 offset) {
-    return static_cast<i32>(lseek(fd, offset, SEEK_SET));
+int platform_seek(int fd, int offset) {
+    return static_cast<int>(lseek(fd, offset, SEEK_SET));
 }
 
-i32 platform_size(int fd) {
+int platform_size(int fd) {
     struct stat status = {};
     if (fstat(fd, &status) != 0)
         return -1;
-    return static_cast<i32>(std::min<off_t>(status.st_size, std::numeric_limits<i32>::max()));
+    return static_cast<int>(std::min<off_t>(status.st_size, std::numeric_limits<int>::max()));
 }
 
 void platform_close(int fd) {
@@ -104,7 +104,7 @@ static bool write_all(int fd, const void *bytes, std::size_t count) {
 }
 
 static int copy_descriptor(int from, int to) {
-    u8 chunk[COPY_CHUNK];
+    unsigned char chunk[COPY_CHUNK];
     for (;;) {
         const std::ptrdiff_t n = platform_read(from, chunk, sizeof chunk);
         if (n < 0)
@@ -168,8 +168,8 @@ int platform_copy_file(const char *from, const char *to) {
     return result;
 }
 
-i32 platform_process_id() {
-    return static_cast<i32>(getpid());
+int platform_process_id() {
+    return static_cast<int>(getpid());
 }
 
 // In the grandchild: nothing but calls that are safe between fork and exec. Each opener that is not there makes way

@@ -8,8 +8,6 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
-
 #include <cstddef>
 
 int platform_open_read(const char *path);  // read-only
@@ -22,11 +20,11 @@ std::ptrdiff_t platform_write(int fd, const void *bytes, std::size_t count); // 
 // written in place. 0 or -1.
 int platform_overwrite(int fd, const char *path, const void *bytes, std::size_t count);
 
-i32 platform_seek(int fd, i32 offset);                    // from the file's start; the new position, or -1
-i32 platform_size(int fd);                                // bytes of the file, at most the largest i32; -1 on failure
+int platform_seek(int fd, int offset);                    // from the file's start; the new position, or -1
+int platform_size(int fd);                                // bytes of the file, at most the largest int; -1 on failure
 void platform_close(int fd);                              // whatever comes of it
 int platform_copy_file(const char *from, const char *to); // replaces `to` and waits for the disk; 0 or -1
-i32 platform_process_id();                                // for the log
+int platform_process_id();                                // for the log
 
 // Asks the desktop to open the address, without a shell in between and without waiting for it.
 void platform_open_web_page(const char *address);

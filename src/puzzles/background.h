@@ -6,7 +6,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 #include "resources/image.h"
 
 i32 board_reset_background();              // start-up: nothing wanted, nothing loaded; returns 1

@@ -4,10 +4,10 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/board.h"
 
-#include "core/help.h"
-#include "core/log.h"
-#include "core/settings.h"
-#include "core/strings.h"
+#include "core/base/log.h"
+#include "core/base/settings.h"
+#include "core/base/strings.h"
+#include "core/ui/help.h"
 #include "input/input.h"
 #include "puzzles/background.h"
 #include "puzzles/board_pictures.h"

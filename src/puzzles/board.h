@@ -9,10 +9,10 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/app_state.h"
-#include "core/button.h"
-#include "core/containers.h"
-#include "core/types.h"
+#include "core/base/app_state.h"
+#include "core/base/containers.h"
+#include "core/base/types.h"
+#include "core/ui/button.h"
 #include "resources/image.h"
 #include "sprites/sprite.h"
 

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/board_pictures.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/render.h"
 
 #include <cstdio>

@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/settings.h"
-#include "core/strings.h"
+#include "core/base/settings.h"
+#include "core/base/strings.h"
 #include "input/input.h"
 #include "puzzles/board.h"
 #include "puzzles/deck.h"

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/cells.h"
 
-#include "core/random.h"
+#include "core/base/random.h"
 #include "graphics/draw_list.h"
 #include "puzzles/puzzle_type.h"
 #include "sprites/sprite.h"

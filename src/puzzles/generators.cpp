@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/generators.h"
 
-#include "core/strings.h"
+#include "core/base/strings.h"
 #include "puzzles/cells.h"
 #include "puzzles/deck.h"
 #include "puzzles/placement.h"

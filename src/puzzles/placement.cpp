@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/placement.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "puzzles/cells.h"
 #include "puzzles/deck.h"
 #include "sound/sound.h"

@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/puzzle_help.h"
 
-#include "core/help.h"
-#include "core/puzzle_info.h"
+#include "core/base/puzzle_info.h"
+#include "core/ui/help.h"
 #include "graphics/font.h"
 
 #include <array>

@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/puzzle_type.h"
 
-#include "core/log.h"
-#include "core/strings.h"
+#include "core/base/log.h"
+#include "core/base/strings.h"
 #include "puzzles/background.h"
 #include "sprites/number_entry.h"
 

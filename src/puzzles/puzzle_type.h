@@ -6,7 +6,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/puzzle_info.h"
+#include "core/base/puzzle_info.h"
 #include "puzzles/board.h"
 
 #include <algorithm>

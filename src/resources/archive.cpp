@@ -8,8 +8,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "resources/archive.h"
 
-#include "core/hash.h"
-#include "core/strings.h"
+#include "core/base/hash.h"
+#include "core/base/strings.h"
 #include "platform/platform.h"
 #include "resources/archive_format.h"
 #include "resources/file_reader.h"

@@ -8,7 +8,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 inline constexpr i32 ARCHIVE_INT_BYTES = 4;
 inline constexpr i32 ARCHIVE_HEADER_BYTES = ARCHIVE_INT_BYTES;

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "resources/file_reader.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "platform/platform.h"
 #include "resources/archive_format.h"
 

@@ -7,7 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 inline constexpr i32 FILE_READER_CAPACITY = 204800; // bytes
 inline constexpr i32 FILE_READER_NO_LIMIT = -1;

@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "resources/image.h"
 
-#include "core/log.h"
-#include "core/strings.h"
+#include "core/base/log.h"
+#include "core/base/strings.h"
 #include "resources/archive.h"
 #include "resources/file_reader.h"
 #include "resources/pixel.h"

@@ -6,7 +6,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 // 16 bits: R in bits 15..11, G in 10..5, B in 4..0, little-endian.
 struct pixel16 {

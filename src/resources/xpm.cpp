@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "resources/xpm.h"
 
-#include "core/strings.h"
+#include "core/base/strings.h"
 #include "resources/pixel.h"
 
 #include <algorithm>

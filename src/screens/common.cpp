@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/common.h"
 
-#include "core/app_state.h"
-#include "core/screen_id.h"
+#include "core/base/app_state.h"
+#include "core/base/screen_id.h"
 #include "input/input.h"
 #include "screens/title_pictures.h"
 

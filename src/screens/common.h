@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/button.h"
-#include "core/types.h"
+#include "core/base/types.h"
+#include "core/ui/button.h"
 
 inline constexpr i32 RENDER_ALL_SHOWN = 2; // for render_pause: wait until all that was recorded is on the screen
 inline constexpr i32 COLUMN_RIGHT = 795;   // right end of the button columns

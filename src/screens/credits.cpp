@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/credits.h"
 
-#include "core/screen_id.h"
+#include "core/base/screen_id.h"
 #include "graphics/draw_list.h"
 #include "graphics/font.h"
 #include "input/input.h"

@@ -4,12 +4,12 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/play.h"
 
-#include "core/app_state.h"
-#include "core/button.h"
-#include "core/puzzle_info.h"
-#include "core/screen_id.h"
-#include "core/settings.h"
-#include "core/strings.h"
+#include "core/base/app_state.h"
+#include "core/base/puzzle_info.h"
+#include "core/base/screen_id.h"
+#include "core/base/settings.h"
+#include "core/base/strings.h"
+#include "core/ui/button.h"
 #include "graphics/draw_list.h"
 #include "graphics/font.h"
 #include "graphics/render.h"

@@ -4,9 +4,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/score_log.h"
 
-#include "core/puzzle_info.h"
-#include "core/screen_id.h"
-#include "core/strings.h"
+#include "core/base/puzzle_info.h"
+#include "core/base/screen_id.h"
+#include "core/base/strings.h"
 #include "graphics/draw_list.h"
 #include "graphics/font.h"
 #include "input/cursor.h"

@@ -4,6 +4,6 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/screen.h"
+#include "core/ui/screen.h"
 
 extern const screen_operations screen_table;

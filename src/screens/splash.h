@@ -5,7 +5,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 // The screen's operations, for the screen table.
 [[nodiscard]] i32 splash_init(); // 1, or -1 when a picture cannot be loaded or memory is short (logged)

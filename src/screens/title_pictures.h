@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 #include "resources/image.h"
 
 // Places of the single pictures in the set; the eleven list rows and puzzle pictures are indexed by type.

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "sound/sound.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "sound/mixer.h"
 #include "sound/sound_bank.h"
 #include "sound/sound_channel.h"

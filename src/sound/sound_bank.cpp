@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "sound/sound_bank.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "platform/platform.h"
 #include "resources/archive.h"
 

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "sound/sound_channel.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 
 #include <algorithm>
 #include <bit>

@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "sprites/effect.h"
 
-#include "core/log.h"
-#include "core/random.h"
+#include "core/base/log.h"
+#include "core/base/random.h"
 #include "graphics/draw_list.h"
 #include "sprites/motion.h"
 

@@ -7,7 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 #include "resources/image.h"
 
 enum effect_kind : i32 { EFFECT_FLARE = 0, EFFECT_BURN = 1, EFFECT_CONFETTI = 2, EFFECT_KIND_COUNT };

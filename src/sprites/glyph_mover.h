@@ -6,7 +6,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 #include "resources/image.h"
 
 inline constexpr u32 GLYPH_ARRIVED = 0x1; // stands on its target

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "sprites/number_entry.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "sprites/sprite.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "input/input.h"
 #include "sound/sound.h"
 #include "sprites/motion.h"

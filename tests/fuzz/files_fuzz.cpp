@@ -4,9 +4,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "fuzz/fuzz.h"
 
-#include "core/app_state.h"
-#include "core/settings.h"
-#include "core/strings.h"
+#include "core/base/app_state.h"
+#include "core/base/settings.h"
+#include "core/base/strings.h"
 #include "persist/best_times.h"
 #include "persist/prefs.h"
 #include "platform/platform.h"

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "fuzz/fuzz.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/blit.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/glyphs.h"

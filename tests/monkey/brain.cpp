@@ -4,9 +4,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app_state.h"
-#include "core/screen.h"
-#include "core/settings.h"
+#include "core/base/app_state.h"
+#include "core/base/settings.h"
+#include "core/ui/screen.h"
 #include "monkey/monkey.h"
 #include "puzzles/board.h"
 #include "puzzles/placement.h"

@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/puzzle_info.h"
-#include "core/screen_id.h"
+#include "core/base/puzzle_info.h"
+#include "core/base/screen_id.h"
 #include "support/whole_program/hands.h"
 
 // Lies in memory that the processes share.

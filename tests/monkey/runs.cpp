@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app.h"
-#include "core/screen.h"
+#include "core/app/app.h"
+#include "core/ui/screen.h"
 #include "graphics/draw_queue.h"
 #include "monkey/monkey.h"
 

@@ -6,8 +6,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app_state.h"
-#include "core/screen.h"
+#include "core/base/app_state.h"
+#include "core/ui/screen.h"
 #include "monkey/monkey.h"
 #include "persist/best_times.h"
 #include "persist/prefs.h"

@@ -2,10 +2,10 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "program/player.h"
 
-#include "core/app.h"
-#include "core/help.h"
-#include "core/screen.h"
-#include "core/settings.h"
+#include "core/app/app.h"
+#include "core/base/settings.h"
+#include "core/ui/help.h"
+#include "core/ui/screen.h"
 #include "graphics/render.h"
 #include "input/input.h"
 #include "puzzles/board.h"

@@ -6,8 +6,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/screen_id.h"
-#include "core/types.h"
+#include "core/base/screen_id.h"
+#include "core/base/types.h"
 #include "support/temp_folder.h"
 
 #include <filesystem>

@@ -4,10 +4,10 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "program/player.h"
 
-#include "core/app_state.h"
-#include "core/puzzle_info.h"
-#include "core/screen.h"
-#include "core/settings.h"
+#include "core/base/app_state.h"
+#include "core/base/puzzle_info.h"
+#include "core/base/settings.h"
+#include "core/ui/screen.h"
 #include "input/input.h"
 #include "persist/best_times.h"
 #include "puzzles/board.h"

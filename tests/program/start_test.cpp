@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "program/player.h"
 
-#include "core/app_state.h"
-#include "core/strings.h"
+#include "core/base/app_state.h"
+#include "core/base/strings.h"
 #include "persist/best_times.h"
 
 #include <SDL.h>

@@ -4,9 +4,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "program/player.h"
 
-#include "core/app_state.h"
-#include "core/screen.h"
-#include "core/settings.h"
+#include "core/base/app_state.h"
+#include "core/base/settings.h"
+#include "core/ui/screen.h"
 #include "graphics/locks.h"
 #include "graphics/render.h"
 #include "input/input.h"

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "support/temp_folder.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 
 #include <cstdlib>
 #include <fstream>

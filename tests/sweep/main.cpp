@@ -6,7 +6,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app.h"
+#include "core/app/app.h"
 #include "resources/archive_format.h"
 #include "support/stored_files.h"
 #include "support/whole_program/whole_program.h"

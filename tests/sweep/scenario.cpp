@@ -3,9 +3,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app_state.h"
-#include "core/puzzle_info.h"
-#include "core/screen.h"
+#include "core/base/app_state.h"
+#include "core/base/puzzle_info.h"
+#include "core/ui/screen.h"
 #include "puzzles/board.h"
 #include "puzzles/debug_actions.h"
 #include "screens/dialog.h"

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "archive_file.h"
-#include "core/types.h"
+#include "core/base/types.h"
 
 #include <string>
 

@@ -3,7 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "check.h"
-#include "core/puzzle_info.h"
+#include "core/base/puzzle_info.h"
 #include "picture.h"
 #include "program/player.h"
 #include "screens/common.h"

@@ -2,11 +2,11 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app.h"
+#include "core/app/app.h"
 
-#include "core/help.h"
-#include "core/log.h"
-#include "core/screen.h"
+#include "core/base/log.h"
+#include "core/ui/help.h"
+#include "core/ui/screen.h"
 #include "graphics/blit.h"
 #include "graphics/font.h"
 #include "graphics/render.h"

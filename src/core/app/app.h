@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/app_state.h"
+#include "core/base/app_state.h"
 
 [[nodiscard]] app_state *app_state_create(); // with its board; null when out of memory (logged)
 void app_state_destroy(app_state *state);    // accepts null

@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app.h"
+#include "core/app/app.h"
 
 #include <SDL.h>
 

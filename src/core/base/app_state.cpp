@@ -2,10 +2,10 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app_state.h"
+#include "core/base/app_state.h"
 
-#include "core/log.h"
-#include "core/strings.h"
+#include "core/base/log.h"
+#include "core/base/strings.h"
 
 void app_state_set_name(app_state *state, const char *name) {
     if (string_set(&state->player_name, name) < 0) {

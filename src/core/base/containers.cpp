@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/containers.h"
+#include "core/base/containers.h"
 
 #include <limits>
 

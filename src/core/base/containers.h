@@ -7,8 +7,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/log.h"
-#include "core/types.h"
+#include "core/base/log.h"
+#include "core/base/types.h"
 
 #include <cstdlib>
 #include <cstring>

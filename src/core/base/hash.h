@@ -7,7 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/containers.h"
+#include "core/base/containers.h"
 
 #include <cstdio>
 

@@ -7,7 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 inline constexpr i32 LOG_STDERR = 1; // the mode at start
 inline constexpr i32 LOG_FILE = 2;   // append to the named file; any other mode drops messages

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 inline constexpr u32 SETTINGS_HELP = 0x2;      // help bubbles are showing
 inline constexpr u32 SETTINGS_COMPLETED = 0x8; // a completion dialog has been confirmed; kept in the preferences

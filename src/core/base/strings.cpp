@@ -2,9 +2,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/strings.h"
+#include "core/base/strings.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 
 #include <cstdarg>
 #include <cstdio>

@@ -2,9 +2,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/button.h"
+#include "core/ui/button.h"
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/draw_list.h"
 #include "sound/sound.h"
 

@@ -7,8 +7,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/containers.h"
-#include "core/types.h"
+#include "core/base/containers.h"
+#include "core/base/types.h"
 #include "resources/image.h"
 
 #include <cstdint>

@@ -2,12 +2,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/help.h"
+#include "core/ui/help.h"
 
-#include "core/app_state.h"
-#include "core/containers.h"
-#include "core/settings.h"
-#include "core/strings.h"
+#include "core/base/app_state.h"
+#include "core/base/containers.h"
+#include "core/base/settings.h"
+#include "core/base/strings.h"
 #include "graphics/draw_list.h"
 #include "graphics/font.h"
 #include "input/cursor.h"

@@ -6,7 +6,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/types.h"
+#include "core/base/types.h"
 
 inline constexpr i32 HELP_LINES = 3; // pointer lines of a bubble, at most
 

@@ -2,9 +2,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/screen.h"
+#include "core/ui/screen.h"
 
-#include "core/help.h"
+#include "core/ui/help.h"
 #include "graphics/draw_list.h"
 #include "graphics/render.h"
 #include "input/input.h"

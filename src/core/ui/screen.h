@@ -7,7 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/screen_id.h"
+#include "core/base/screen_id.h"
 
 // Operations of the seven screens, operation-major. A null entry is skipped.
 struct screen_operations {

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "support/whole_program/whole_program.h"
 
-#include "core/screen.h"
+#include "core/ui/screen.h"
 #include "graphics/locks.h"
 #include "graphics/render.h"
 

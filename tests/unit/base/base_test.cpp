@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/containers.h"
-#include "core/strings.h"
+#include "core/base/containers.h"
+#include "core/base/strings.h"
 #include "platform/platform.h"
 #include "support/temp_folder.h"
 

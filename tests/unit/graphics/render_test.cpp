@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app_state.h"
+#include "core/base/app_state.h"
 #include "graphics/draw_play.h"
 #include "graphics/draw_queue.h"
 #include "graphics/locks.h"

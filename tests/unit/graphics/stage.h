@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/log.h"
+#include "core/base/log.h"
 #include "graphics/blit.h"
 #include "graphics/draw_ops.h"
 #include "graphics/frame_buffers.h"

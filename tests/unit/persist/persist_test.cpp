@@ -3,9 +3,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app_state.h"
-#include "core/puzzle_info.h"
-#include "core/settings.h"
+#include "core/base/app_state.h"
+#include "core/base/puzzle_info.h"
+#include "core/base/settings.h"
 #include "persist/best_times.h"
 #include "persist/prefs.h"
 #include "support/stored_files.h"

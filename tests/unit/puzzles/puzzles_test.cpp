@@ -5,8 +5,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/help.h"
-#include "core/settings.h"
+#include "core/base/settings.h"
+#include "core/ui/help.h"
 #include "graphics/blit.h"
 #include "input/input.h"
 #include "puzzles/background.h"

@@ -3,12 +3,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "core/app_state.h"
-#include "core/button.h"
-#include "core/help.h"
-#include "core/log.h"
-#include "core/screen.h"
-#include "core/settings.h"
+#include "core/base/app_state.h"
+#include "core/base/log.h"
+#include "core/base/settings.h"
+#include "core/ui/button.h"
+#include "core/ui/help.h"
+#include "core/ui/screen.h"
 #include "input/input.h"
 #include "sound/sound.h"
 #include "support/fake_sdl.h"
