@@ -58,10 +58,6 @@ inline u8 *frame_row(const frame_buffer &buffer, i32 y) {
     return buffer.pixels + static_cast<std::ptrdiff_t>(y) * buffer.pitch;
 }
 
-// Whether no pixel lies in it.
-constexpr bool rect_is_empty(const rect &area) {
-    return area.w < 1 || area.h < 1;
-}
 rect rect_cut(const rect &area, i32 width, i32 height);     // what lies in a buffer of this size
 rect rect_push_in(const rect &area, i32 width, i32 height); // the same, but a negative corner moves to 0 and the
                                                             // size is kept

@@ -18,14 +18,10 @@ constexpr i32 LABEL_TOP_MARGIN = 3; // pixels
 constexpr u32 SILHOUETTE = BLIT_FILL | BLIT_NO_DIRTY;
 constexpr u32 TINT = BLIT_TINT | BLIT_NO_DIRTY;
 
-struct place {
-    i32 x, y;
-};
-
-place label_place(const sprite *s) {
-    const i32 centred = s->y + half(s->body->height) - half(s->label->height);
-    return {s->x + half(s->body->width) - half(s->label->width),
-            (s->flags & SPRITE_LABEL_TOP) != 0 ? s->y + LABEL_TOP_MARGIN : centred};
+point label_place(const sprite *s) {
+    return {centre_in(s->x, s->body->width, s->label->width), (s->flags & SPRITE_LABEL_TOP) != 0
+                                                                  ? s->y + LABEL_TOP_MARGIN
+                                                                  : centre_in(s->y, s->body->height, s->label->height)};
 }
 
 const image *edge_picture(const sprite *s, sprite_edge e) {
@@ -70,7 +66,7 @@ void draw_growing(const sprite *s) {
                          s->grow_h};
     draw_image_clipped(s->body, s->x, s->y, window);
     if (s->label != nullptr) {
-        const place at = label_place(s);
+        const point at = label_place(s);
         draw_image_clipped(s->label, at.x, at.y, window);
     }
     draw_restore_next(window);
@@ -101,7 +97,7 @@ void draw_unfolding(const sprite *s) {
     for (const sprite_edge e : {EDGE_TOP, EDGE_LEFT, EDGE_BOTTOM, EDGE_RIGHT})
         draw_unfolding_edge(s, e);
     if (s->label != nullptr) {
-        const place at = label_place(s);
+        const point at = label_place(s);
         const rgb colour = {static_cast<u8>(s->unfold_r), static_cast<u8>(s->unfold_g), static_cast<u8>(s->unfold_b)};
         draw_image(s->label, at.x, at.y, false);
         draw_image_ex(s->label, at.x, at.y, SILHOUETTE, colour);
@@ -131,7 +127,7 @@ void draw_whole(const sprite *s) {
     if ((s->flags & SPRITE_PULSE) != 0)
         draw_image_ex(s->body, s->x, s->y, TINT, s->pulse_cur);
     if (s->label != nullptr) {
-        const place at = label_place(s);
+        const point at = label_place(s);
         draw_image(s->label, at.x, at.y, false);
     }
     draw_edge(s, EDGE_TOP);

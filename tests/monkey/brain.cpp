@@ -34,7 +34,7 @@ bool is_sensible() {
 }
 
 void point_anywhere() {
-    point(roll(SCREEN_WIDTH), roll(SCREEN_HEIGHT));
+    move_mouse(roll(SCREEN_WIDTH), roll(SCREEN_HEIGHT));
 }
 
 int any_key() {
@@ -102,7 +102,7 @@ void carry(int label, bool right) {
 }
 
 void drag_piece(const sprite *piece) {
-    point(piece->x + roll(piece->w + 1), piece->y + roll(piece->h + 1));
+    move_mouse(piece->x + roll(piece->w + 1), piece->y + roll(piece->h + 1));
     hold(true);
     wait_frames(1);
     if (const bool right = is_sensible(); right || one_in(2))
@@ -142,7 +142,7 @@ void turn_deck(const board *b) {
 }
 
 void take_card(const board *b) {
-    point(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
+    move_mouse(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
     hold(true);
     wait_frames(2);
     carry(b->slot[0]->label_index, is_sensible());

@@ -1,4 +1,4 @@
-// types.h: the integer names, the rectangle and the colour that every module shares.
+// types.h: the integer names, the point, the rectangle and the colour that every module shares.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -15,10 +15,30 @@ using u16 = std::uint16_t;
 using u32 = std::uint32_t;
 using u64 = std::uint64_t;
 
+// A place in pixels, or the way from one to another.
+struct point {
+    i32 x, y;
+    bool operator==(const point &) const = default;
+};
+constexpr point operator+(point a, point b) {
+    return {a.x + b.x, a.y + b.y};
+}
+constexpr point operator-(point a, point b) {
+    return {a.x - b.x, a.y - b.y};
+}
+
 // A rectangle in window pixels, origin at the top left.
 struct rect {
     i32 x, y, w, h;
 };
+
+// Whether no pixel lies in it.
+constexpr bool rect_is_empty(const rect &area) {
+    return area.w < 1 || area.h < 1;
+}
+constexpr bool rect_holds(const rect &area, point p) {
+    return p.x >= area.x && p.x < area.x + area.w && p.y >= area.y && p.y < area.y + area.h;
+}
 
 // A colour, 0..255 a channel.
 struct rgb {
@@ -40,7 +60,11 @@ constexpr i32 half(i32 n) {
     return n >> 1;
 }
 
-// Where something of this size starts when it is centred in the window.
+// Where something of this size starts when its middle lies on that of the stretch.
+constexpr i32 centre_in(i32 start, i32 length, i32 size) {
+    return start + half(length) - half(size);
+}
+// The same when it is centred in the window.
 constexpr i32 center_x(i32 w) {
     return half(SCREEN_WIDTH - w);
 }

@@ -12,13 +12,9 @@ namespace {
 
 constexpr i32 RELEASE_DELAY = 4; // frames that a press by key shows
 
-struct point {
-    i32 x, y;
-};
-
 // Where the label goes on a picture whose corner is at (x, y).
 point label_place(const image *picture, const image *label, i32 x, i32 y) {
-    return {x + half(picture->width) - half(label->width), y + half(picture->height) - half(label->height)};
+    return {centre_in(x, picture->width, label->width), centre_in(y, picture->height, label->height)};
 }
 
 } // namespace

@@ -34,7 +34,7 @@ void wait_frames(int count) {
     moves.insert(moves.end(), static_cast<std::size_t>(count), [] {});
 }
 
-void point(int x, int y) {
+void move_mouse(int x, int y) {
     then([x, y] {
         devices.x = std::clamp(x, 0, SCREEN_WIDTH - 1);
         devices.y = std::clamp(y, 0, SCREEN_HEIGHT - 1);
@@ -60,7 +60,7 @@ void click() {
 }
 
 void click(int x, int y) {
-    point(x, y);
+    move_mouse(x, y);
     click();
 }
 

@@ -14,7 +14,7 @@ void hands_move();
 
 void then(std::function<void()> move);
 void wait_frames(int count);
-void point(int x, int y);
+void move_mouse(int x, int y);
 void hold(bool down); // the left button
 void set_key(int key, bool down);
 void press(int key);
