@@ -13,6 +13,7 @@
 #include "core/base/containers.h"
 #include "core/base/types.h"
 #include "core/ui/button.h"
+#include "puzzles/puzzle_layout.h"
 #include "resources/image.h"
 #include "sprites/sprite.h"
 
@@ -29,23 +30,10 @@ inline constexpr u32 BOARD_DECK_OPENING = 0x10; // the first deal is being anima
 inline constexpr u32 BOARD_STUDY = 0x20;        // shown by the study screen
 inline constexpr u32 BOARD_CLOCK = 0x40;        // the clock runs
 
-// Features of a puzzle type.
-inline constexpr u32 BOARD_HAS_DECK = 0x1;      // pieces are dealt from a deck
-inline constexpr u32 BOARD_HAS_KEYPAD = 0x2;    // problems are answered on the keypad
-inline constexpr u32 BOARD_HAS_BOX = 0x4;       // all pieces start laid out in a box
-inline constexpr u32 BOARD_KEEP_DROPPED = 0x8;  // a wrongly dropped piece stays when another one is taken
-inline constexpr u32 BOARD_CARD_TEXT = 0x10;    // cards show the problem as text, not the piece's label
-inline constexpr u32 BOARD_LARGE_BURN = 0x20;   // burns use the large pictures
-inline constexpr u32 BOARD_BLINK_PLACED = 0x40; // a placed piece blinks out and disappears
-
 inline constexpr i32 BOARD_NO_TYPE = 255; // value of type while no type is loaded
 
 inline constexpr i32 DECK_CARDS = 3; // visible cards, the top one first
 inline constexpr i32 CONSOLE_BUTTONS = 2;
-inline constexpr i32 KEY_PICTURES = 6;     // keypad key and next button, three looks each
-inline constexpr i32 CONSOLE_PICTURES = 6; // help and return button, three looks each
-inline constexpr i32 KEY_SYMBOLS = 12;
-inline constexpr i32 ENTRY_DIGITS = 10;
 inline constexpr i32 CARD_CHARACTERS = 255; // characters that a card text can be made of
 
 struct board {

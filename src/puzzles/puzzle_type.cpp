@@ -1,4 +1,4 @@
-// puzzle_type.cpp: the table of places, and setting a board up from the tables.
+// puzzle_type.cpp: setting a board up from the tables.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -14,56 +14,9 @@
 
 namespace {
 
-struct place {
-    i32 x, y;
-};
-
-// Where things stand on the screen, in pixels; unused ones are 0.
-struct puzzle_places {
-    place box;
-    place deck;
-    place keypad;
-    place entry;      // answer display
-    place entry_dest; // where entered digits fly
-    place card_label; // offset of a label on a card
-};
-
-// clang-format off
-constexpr puzzle_places PLACES[PUZZLE_COUNT] = {
-    // box         deck        keypad      entry       entry_dest  card_label
-    {{94, 295},    {},         {},         {},         {},         {}},
-    {{},           {330, 345}, {330, 390}, {405, 358}, {342, 358}, {}},
-    {{94, 295},    {},         {},         {},         {},         {}},
-    {{},           {330, 345}, {330, 390}, {405, 358}, {342, 358}, {}},
-    {{},           {380, 415}, {340, 420}, {415, 388}, {352, 388}, {}},
-    {{},           {380, 415}, {340, 420}, {415, 388}, {352, 388}, {}},
-    {{},           {350, 495}, {340, 320}, {415, 288}, {352, 288}, {}},
-    {{},           {370, 395}, {340, 420}, {415, 388}, {352, 388}, {3, 2}},
-    {{},           {384, 481}, {340, 320}, {415, 288}, {352, 288}, {}},
-    {{},           {},         {},         {},         {},         {}},
-    {{},           {370, 476}, {340, 420}, {415, 388}, {352, 388}, {3, 2}},
-};
-// clang-format on
-
-constexpr bool places_fit_features() {
-    for (i32 type = 0; type < PUZZLE_COUNT; ++type) {
-        const puzzle_places &p = PLACES[type];
-        const u32 features = PUZZLE_LAYOUTS[type].features;
-        const bool box = (features & BOARD_HAS_BOX) != 0, deck = (features & BOARD_HAS_DECK) != 0;
-        if ((p.box.x > 0) != box || (p.deck.x > 0) != deck || ((features & BOARD_HAS_KEYPAD) != 0 && p.keypad.x == 0))
-            return false;
-    }
-    return true;
-}
-static_assert(places_fit_features());
-
 constexpr i32 BACKGROUND_NUMBER = 1; // all types share one background picture
 constexpr i32 SNAP_RADIUS = 5;       // pixels
-constexpr place CONSOLE_PLACES[CONSOLE_BUTTONS] = {{730, 5}, {730, 35}};
-
-// The characters of a card text, in the order of the card symbols.
-constexpr char CARD_TEXT_CHARACTERS[] = "0123456789x";
-constexpr i32 CARD_TEXT_COUNT = static_cast<i32>(std::size(CARD_TEXT_CHARACTERS)) - 1;
+constexpr point CONSOLE_PLACES[CONSOLE_BUTTONS] = {{730, 5}, {730, 35}};
 
 void set_geometry(board *b, const puzzle_layout &l) {
     b->cols = l.cols;
@@ -105,9 +58,9 @@ void set_card_text(board *b) {
     b->card_symbol_count = 0;
     if (!board_has(b, BOARD_CARD_TEXT))
         return;
-    b->card_symbol_count = CARD_TEXT_COUNT;
-    for (i32 i = 0; i < CARD_TEXT_COUNT; ++i)
-        b->char_map[static_cast<u8>(CARD_TEXT_CHARACTERS[i])] = i;
+    b->card_symbol_count = CARD_SYMBOLS;
+    for (i32 i = 0; i < CARD_SYMBOLS; ++i)
+        b->char_map[static_cast<u8>(CARD_TEXT_CHARACTERS[static_cast<std::size_t>(i)])] = i;
 }
 
 } // namespace
@@ -120,7 +73,7 @@ i32 puzzle_type_init(board *b, i32 type) {
     }
     board_set_background(BACKGROUND_NUMBER);
     set_geometry(b, layout);
-    set_places(b, PLACES[type]);
+    set_places(b, PUZZLE_PLACES[type]);
     set_card_text(b);
     return 1;
 }
