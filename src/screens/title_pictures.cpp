@@ -6,16 +6,16 @@
 
 namespace {
 
-image *pictures[TITLE_PICTURE_COUNT];
+image *pictures[TITLE_SET.count];
 
 } // namespace
 
 i32 title_pictures_load() {
-    return image_load_sequence(pictures, TITLE_PICTURE_COUNT, "title/");
+    return image_load_sequence(pictures, TITLE_SET.count, TITLE_SET.prefix);
 }
 
 void title_pictures_free() {
-    image_free_array(pictures, TITLE_PICTURE_COUNT);
+    image_free_array(pictures, TITLE_SET.count);
 }
 
 const image *title_image(i32 place) {

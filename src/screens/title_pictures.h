@@ -6,20 +6,7 @@
 
 #include "core/base/types.h"
 #include "resources/image.h"
-
-// Places of the single pictures in the set; the eleven list rows and puzzle pictures are indexed by type.
-enum title_picture : i32 {
-    TITLE_BACKGROUND = 0,
-    TITLE_ROW = 1,     // + type
-    TITLE_PUZZLE = 12, // + type
-    TITLE_HEADING = 41,
-    TITLE_TABLE = 42, // shown on the way into study mode
-    TITLE_MASTER_MARK = 46,
-    TITLE_WEB = 47, // + button_look
-    TITLE_FOOTER = 50,
-    TITLE_SUBHEADING = 54,
-    TITLE_PICTURE_COUNT = 58
-};
+#include "screens/picture_sets.h"
 
 [[nodiscard]] i32 title_pictures_load(); // 1, or -1 when one cannot be loaded
 void title_pictures_free();              // safe when none was loaded

@@ -9,6 +9,7 @@
 
 #include "core/base/containers.h"
 #include "core/base/types.h"
+#include "core/ui/button_look.h"
 #include "resources/image.h"
 
 #include <cstdint>
@@ -16,8 +17,6 @@
 inline constexpr u32 BUTTON_PRESSED = 0x1;         // has been pressed and not yet released
 inline constexpr u32 BUTTON_HOVER = 0x2;           // under the mouse
 inline constexpr u32 BUTTON_RELEASE_PENDING = 0x4; // release_timer runs
-
-enum button_look : i32 { BUTTON_LOOK_NORMAL, BUTTON_LOOK_HOVER, BUTTON_LOOK_PRESSED, BUTTON_LOOK_COUNT };
 
 struct button;
 using button_callback = void (*)(button *pressed, std::intptr_t arg1, std::intptr_t arg2);
