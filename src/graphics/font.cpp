@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/font.h"
 
+#include "graphics/glyph_names.h"
 #include "graphics/glyphs.h"
 
 #include <algorithm>
@@ -13,38 +14,9 @@
 
 static constexpr std::size_t PATH_SIZE = 64; // bytes
 
-// Characters whose picture is not named by the character itself.
-static constexpr struct named_glyph {
-    char character;
-    const char *name;
-} NAMED_GLYPHS[] = {
-    {' ', "space"},       {'!', "exclamation"}, {'"', "quote"},      {'$', "dollarsign"},  {'%', "percent"},
-    {'\'', "apostrophe"}, {'(', "lparen"},      {')', "rparen"},     {'*', "asterisk"},    {'+', "plus"},
-    {',', "comma"},       {'-', "dash"},        {'.', "period"},     {'/', "slash"},       {':', "colon"},
-    {';', "semicolon"},   {'<', "lessthan"},    {'=', "tavimo"},     {'>', "greaterthan"}, {'?', "question"},
-    {'@', "copy"},        {'[', "lbracket"},    {'\\', "backslash"}, {']', "rbracket"},    {'_', "underscore"},
-};
-static_assert(std::is_sorted(std::begin(NAMED_GLYPHS), std::end(NAMED_GLYPHS),
-                             [](const named_glyph &a, const named_glyph &b) { return a.character < b.character; }));
-
-static bool is_letter_or_digit(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
-}
-
-// The archive's name of the character's picture; false when it has none.
-static bool glyph_path(char c, char (&path)[PATH_SIZE]) {
-    const char itself[] = {c, '\0'};
-    const char *name = is_letter_or_digit(c) ? itself : nullptr;
-    for (const named_glyph &row : NAMED_GLYPHS)
-        if (row.character == c)
-            name = row.name;
-    if (name == nullptr)
-        return false;
-    std::snprintf(path, PATH_SIZE, "font/normal/%s.xpm", name);
-    return true;
-}
-
-static bool glyph_load(glyph *g, const char *path) {
+static bool glyph_load(glyph *g, std::string_view name) {
+    char path[PATH_SIZE];
+    std::snprintf(path, PATH_SIZE, "%s%.*s.xpm", GLYPH_FOLDER, static_cast<int>(name.size()), name.data());
     g->source = image_load(path);
     if (g->source == nullptr)
         return false;
@@ -61,12 +33,10 @@ static bool glyph_load(glyph *g, const char *path) {
 
 i32 font_init() {
     std::fill(std::begin(glyphs), std::end(glyphs), glyph{});
-    for (i32 code = 0; code < GLYPH_SLOTS; ++code) {
-        char path[PATH_SIZE];
-        if (glyph_path(static_cast<char>(code), path) && !glyph_load(&glyphs[code], path))
-            return -1;
-    }
-    return 1;
+    bool loaded = true;
+    each_glyph(
+        [&loaded](char c, std::string_view name) { loaded = loaded && glyph_load(&glyphs[static_cast<u8>(c)], name); });
+    return loaded ? 1 : -1;
 }
 
 void font_shutdown() {
