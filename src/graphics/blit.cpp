@@ -5,14 +5,12 @@
 #include "graphics/blit.h"
 
 #include "core/base/log.h"
-#include "core/base/strings.h"
 #include "graphics/blit_routines.h"
 #include "graphics/noise.h"
 #include "graphics/span_walk.h"
 #include "resources/pixel.h"
 #include "resources/wide.h"
-
-static constexpr char KEY_TEXT[] = "EA008A";
+#include "resources/xpm_format.h"
 
 static rect bounds_of(const frame_buffer &buffer) {
     return {0, 0, buffer.width, buffer.height};
@@ -84,7 +82,7 @@ template <class Pixel> static void use_depth(rgb key) {
 }
 
 i32 blit_init() {
-    const rgb key = {hex_byte(KEY_TEXT), hex_byte(KEY_TEXT + 2), hex_byte(KEY_TEXT + 4)};
+    const rgb key = pixel32::to_rgb(XPM_KEY);
     if (video_format.bytes_per_pixel == sizeof(pixel16::value)) {
         use_depth<pixel16>(key);
     } else if (video_format.bytes_per_pixel == sizeof(pixel32::value)) {

@@ -20,21 +20,19 @@
 
 // --- alphabet ------------------------------------------------------------------------------------
 
-static constexpr std::string_view ALPHABET =
-    " .+@#$%&*=-;>,')!~{]^/(_:<[}|1234567890abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ`";
 static constexpr i32 RANK_BITS = 7;           // a symbol's key has this many bits a character
 static constexpr u8 NO_RANK = 1 << RANK_BITS; // a character outside the alphabet
 static constexpr i32 MAX_SYMBOL_LENGTH = 9;
 static constexpr i32 MAX_FLAT_LENGTH = 2;
 static constexpr i32 COLOR_DIGITS = 6;
-static_assert(ALPHABET.size() == 92 && ALPHABET.size() < NO_RANK);
+static_assert(XPM_ALPHABET.size() < NO_RANK);
 static_assert(RANK_BITS * MAX_SYMBOL_LENGTH < 64, "a key, plus one, fits its integer");
 
 static constexpr auto RANKS = [] {
     std::array<u8, 256> ranks = {};
     ranks.fill(NO_RANK);
-    for (std::size_t i = 0; i < ALPHABET.size(); ++i)
-        ranks[static_cast<u8>(ALPHABET[i])] = static_cast<u8>(i);
+    for (std::size_t i = 0; i < XPM_ALPHABET.size(); ++i)
+        ranks[static_cast<u8>(XPM_ALPHABET[i])] = static_cast<u8>(i);
     return ranks;
 }();
 
@@ -142,7 +140,7 @@ static bool take_flat() {
         return false;
     if (!filled) {
         std::ranges::fill(flat, SYMBOL_UNKNOWN);
-        for (const char c : ALPHABET)
+        for (const char c : XPM_ALPHABET)
             clear_row(static_cast<u8>(c));
         clear_row(SINGLE_ROW);
     }
@@ -244,7 +242,7 @@ static bool read_values(xpm *picture) {
 static bool symbols_suffice(const xpm *picture) {
     i64 symbols = 1;
     for (i32 i = 0; i < picture->symbol_length && symbols < picture->color_count; ++i)
-        symbols *= static_cast<i64>(ALPHABET.size());
+        symbols *= static_cast<i64>(XPM_ALPHABET.size());
     return picture->color_count <= symbols;
 }
 

@@ -9,11 +9,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/base/types.h"
+#include "resources/xpm_format.h"
 
 #include <span>
-
-inline constexpr i32 XPM_MAX_SIDE = 8192; // pixels in a direction
 
 // Symbols to pixels. Symbols of one and two characters index a flat table; longer ones are searched for in an
 // open-addressed table, and so are short ones while another picture has the flat table, of which there is one. A symbol

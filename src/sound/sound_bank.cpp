@@ -44,7 +44,7 @@ bool load(sound_file *file, const char *path) {
 const sound_file *sound_bank_get(i32 number) {
     sound_file *file = &files[number];
     char path[PATH_BYTES];
-    std::snprintf(path, sizeof path, "%s/%s", "ogg", SOUND_TABLE[number].name);
+    std::snprintf(path, sizeof path, "%s%s", SOUND_FOLDER, SOUND_TABLE[number].name);
     return file->data != nullptr || load(file, path) ? file : nullptr;
 }
 

@@ -13,8 +13,10 @@
 
 inline constexpr i32 SOUND_UNLIMITED = 0;
 
+inline constexpr char SOUND_FOLDER[] = "ogg/"; // in the archive
+
 struct sound_info {
-    const char *name; // of the file in the archive's sound folder
+    const char *name; // of the file in that folder
     i32 at_most;      // channels that may play it at once, or SOUND_UNLIMITED
 };
 
