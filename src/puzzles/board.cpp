@@ -5,7 +5,6 @@
 #include "puzzles/board.h"
 
 #include "core/base/log.h"
-#include "core/base/settings.h"
 #include "core/base/strings.h"
 #include "core/ui/help.h"
 #include "input/input.h"
@@ -210,11 +209,8 @@ i32 board_master_rank(const board *b) {
 }
 
 void board_show_help(const board *b) {
-    if (settings_help_showing() || !board_loaded(b))
-        return;
-    help_clear();
-    puzzle_add_help(b->type);
-    help_start();
+    if (board_loaded(b))
+        help_show(puzzle_help(b->type));
 }
 
 i32 board_add_button(board *b, button *added) {

@@ -5,16 +5,13 @@
 #include "puzzles/puzzle_help.h"
 
 #include "core/base/puzzle_info.h"
-#include "core/ui/help.h"
-#include "graphics/font.h"
 
+#include <algorithm>
 #include <array>
-#include <span>
 
 namespace {
 
-constexpr i32 RIGHT_ALIGNED = -1; // in place of x: the text ends at RIGHT_EDGE
-constexpr i32 RIGHT_EDGE = 775;   // pixels
+constexpr i32 RIGHT_ALIGNED = HELP_RIGHT_ALIGNED;
 
 constexpr char NEXT_PIECE[] = "Click the button to show the next piece.";
 constexpr char DRAG[] = "Drag the piece to its position on the board.";
@@ -108,13 +105,10 @@ constexpr std::span<const help_row> HELP[PUZZLE_COUNT] = {
     CONSUMER, FRACTIONS, FACTORS, MONEY, TIME,
 };
 // clang-format on
+static_assert(std::ranges::all_of(HELP, [](auto rows) { return rows.size() <= HELP_BUBBLES; }));
 
 } // namespace
 
-void puzzle_add_help(i32 type) {
-    for (help_row row : HELP[type]) {
-        if (row.x == RIGHT_ALIGNED)
-            row.x = RIGHT_EDGE - text_measure(row.text).width;
-        help_add_row(row);
-    }
+std::span<const help_row> puzzle_help(i32 type) {
+    return HELP[type];
 }

@@ -4,7 +4,6 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/base/types.h"
+#include "core/ui/help.h"
 
-// Adds the type's bubbles, after help_clear and before help_start; a bubble for which memory is short is left out.
-void puzzle_add_help(i32 type);
+std::span<const help_row> puzzle_help(i32 type); // for help_show

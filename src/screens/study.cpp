@@ -41,11 +41,11 @@ constexpr i32 TEXT_WIDTH = 510, TEXT_Y = 595;
 constexpr u32 STUDY_REDRAW = 0x1; // draw the background again
 constexpr u32 STUDY_BROKEN = 0x2; // the board could not be loaded; on the way back to the title screen
 
-// Centred; its heights count from the board's height.
-constexpr help_row BOARD_HELP = {
-    "Click spaces on the board to place or remove pieces.", 0, 30, 0, 1, {{378, 12, 402, -35}}};
-constexpr help_row BUTTON_HELP = {
-    "Use these buttons to fill or clear the board completely.", 390, 550, 100, 1, {{715, 535, 742, 486}}};
+// The first one's heights count from the board's height.
+constexpr help_row HELP_ROWS[] = {
+    {"Click spaces on the board to place or remove pieces.", HELP_CENTRED, 30, 0, 1, {{378, 12, 402, -35}}},
+    {"Use these buttons to fill or clear the board completely.", 390, 550, 100, 1, {{715, 535, 742, 486}}},
+};
 
 image *study_pictures[PICTURE_COUNT];
 ptr_array<button> *buttons = nullptr;
@@ -70,17 +70,10 @@ void fill_board(button *, std::intptr_t, std::intptr_t) {
 }
 
 void show_help(button *, std::intptr_t, std::intptr_t) {
-    if (settings_help_showing())
-        return;
-    help_row board_row = BOARD_HELP;
-    board_row.x = center_x(text_measure(board_row.text).width);
-    board_row.y += app->board->height;
-    board_row.lines[0].from_y += app->board->height;
-    board_row.lines[0].to_y += app->board->height;
-    help_clear();
-    help_add_row(board_row);
-    help_add_row(BUTTON_HELP);
-    help_start();
+    help_row rows[] = {HELP_ROWS[0], HELP_ROWS[1]};
+    for (i32 *y : {&rows[0].y, &rows[0].lines[0].from_y, &rows[0].lines[0].to_y})
+        *y += app->board->height;
+    help_show(rows);
 }
 
 // The column's buttons, from the bottom up in the order in which they are made.

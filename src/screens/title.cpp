@@ -74,12 +74,7 @@ void ask_exit(button *, std::intptr_t, std::intptr_t) {
 }
 
 void show_help(button *, std::intptr_t, std::intptr_t) {
-    if (settings_help_showing())
-        return;
-    help_clear();
-    for (const help_row &row : HELP_ROWS)
-        help_add_row(row);
-    help_start();
+    help_show(HELP_ROWS);
 }
 
 void study_selected(button *, std::intptr_t, std::intptr_t) {

@@ -67,7 +67,6 @@ void app_exit_handler() {
     screen_shutdown_all();
     effects_shutdown();
     board_free_background();
-    help_shutdown();
     best_times_destroy();
     app_state_destroy(app);
     app = nullptr;

@@ -72,7 +72,6 @@ struct puzzle_table {
         board_destroy(b);
         board_free_background();
         effects_shutdown();
-        help_shutdown();
         input_shutdown();
         draw_queue_free();
         data_archive_close();

@@ -43,7 +43,6 @@ struct ui_stage {
         draw_queue.idle = true;
     }
     ~ui_stage() {
-        help_shutdown();
         draw_queue_free();
         app = nullptr;
         input_shutdown();
@@ -120,10 +119,10 @@ struct help_stage : ui_stage {
         }
     }
     static void show_at(std::initializer_list<i32> start_frames) {
-        help_clear();
+        std::vector<help_row> rows;
         for (const i32 start : start_frames)
-            help_add_row({"", 300, 300, start, 0, {}});
-        help_start();
+            rows.push_back({"", 300, 300, start, 0, {}});
+        help_show(rows);
     }
     // Bubbles that the frame draws: each has one frame around it.
     static int drawn() {
@@ -144,7 +143,9 @@ TEST(help, a_click_brings_the_next_bubble_and_the_last_one_ends_the_help) {
         for (const auto &[frame, bubbles] : ROWS) {
             const help_stage stage;
             stage.show_at({900});
+            help_stop();
             stage.show_at({250, 0, 100, 100}); // which forgets the other one
+            stage.show_at({800});              // which is not heard
             stage.step(frame - 1);
             by_key ? fake_key(SDLK_SPACE, true) : fake_mouse_button(MOUSE_LEFT, true);
             stage.step();
