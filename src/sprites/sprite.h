@@ -11,6 +11,7 @@
 #include "core/base/containers.h"
 #include "core/base/types.h"
 #include "resources/image.h"
+#include "sprites/sprite_edge.h"
 
 // States.
 inline constexpr u32 SPRITE_INERT = 0x1;            // not found by the hit test, so it cannot be taken
@@ -36,9 +37,6 @@ inline constexpr u32 SPRITE_UNFOLD = 0x2000;     // edge features grow out, the 
 inline constexpr u32 SPRITE_VANISH = 0x4000;     // counts down to being put home, hidden
 inline constexpr u32 SPRITE_FOLLOW = 0x8000;     // moves with the mouse
 inline constexpr u32 SPRITE_BLINK_OUT = 0x20000; // counts down, flickering, to being hidden
-
-// The edge features, in the order of every list of them: tabs above and left, sockets right and below.
-enum sprite_edge : i32 { EDGE_TOP, EDGE_RIGHT, EDGE_BOTTOM, EDGE_LEFT, EDGE_COUNT };
 
 struct sprite {
     u32 flags;
