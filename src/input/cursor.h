@@ -6,9 +6,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/base/types.h"
-
-inline constexpr i32 CURSOR_ARROW = 0, CURSOR_OPEN_HAND = 1, CURSOR_CLOSED_HAND = 2;
+#include "input/cursor_shapes.h"
 
 [[nodiscard]] i32 cursor_init(); // 1, or -1 when a picture cannot be loaded (logged); hides the system's pointer
 void cursor_shutdown();          // frees the pictures and shows the system's pointer again

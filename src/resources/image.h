@@ -8,6 +8,7 @@
 #pragma once
 
 #include "core/base/types.h"
+#include "resources/picture_set.h"
 
 // One opaque run, in pixels of the picture.
 struct image_span {
@@ -47,5 +48,8 @@ u32 image_changes();
 
 // Loads "PREFIX001.xpm" .. into array[0 .. count - 1]; 1, or -1 at the first failure (earlier ones stay).
 [[nodiscard]] i32 image_load_sequence(image **array, i32 count, const char *prefix);
+[[nodiscard]] inline i32 image_load_sequence(image **array, const picture_set &set) {
+    return image_load_sequence(array, set.count, set.prefix);
+}
 
 void image_free_array(image **array, i32 count); // frees and empties every slot

@@ -11,7 +11,7 @@ image *pictures[TITLE_SET.count];
 } // namespace
 
 i32 title_pictures_load() {
-    return image_load_sequence(pictures, TITLE_SET.count, TITLE_SET.prefix);
+    return image_load_sequence(pictures, TITLE_SET);
 }
 
 void title_pictures_free() {

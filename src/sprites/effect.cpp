@@ -7,6 +7,7 @@
 #include "core/base/log.h"
 #include "core/base/random.h"
 #include "graphics/draw_list.h"
+#include "sprites/effect_pictures.h"
 #include "sprites/motion.h"
 
 #include <algorithm>
@@ -17,15 +18,11 @@ namespace {
 
 constexpr i32 FRAMES_PER_PICTURE = 2;
 
-constexpr i32 FLARE_PICTURES = 5;
 enum flare_phase : i32 { FLARE_GROWING, FLARE_SHRINKING };
 constexpr i32 FLARE_SHRINK_FRAMES = 1; // a picture, on the way back
 
-constexpr i32 BURN_PICTURES = 18;
 constexpr i32 BURN_RISE = 2; // pixels with each picture
 
-constexpr i32 CONFETTI_COLOURS = 15;
-constexpr i32 CONFETTI_FLUTTER = 4;                         // pictures of a colour
 constexpr i32 CONFETTI_PHASES = 2 * (CONFETTI_FLUTTER - 1); // there and back
 constexpr i32 CONFETTI_SWAY = 50;                           // largest sideways speed, hundredths of a pixel per frame
 constexpr i32 CONFETTI_FALL_MIN = 100, CONFETTI_FALL_MAX = 300; // likewise
@@ -33,10 +30,10 @@ constexpr i32 CONFETTI_MARGIN = 50; // pixels between the window's sides and whe
 constexpr i32 CONFETTI_TURN_MIN = 2, CONFETTI_TURN_RANGE = 5; // frames a picture shows: 2..6
 
 // All the pictures, shared by all effects; null until loaded.
-image *flare_pictures[FLARE_PICTURES];
-image *burn_small_pictures[BURN_PICTURES];
-image *burn_large_pictures[BURN_PICTURES];
-image *confetti_pictures[CONFETTI_COLOURS * CONFETTI_FLUTTER];
+image *flare_pictures[FLARE_SET.count];
+image *burn_small_pictures[BURN_SMALL_SET.count];
+image *burn_large_pictures[BURN_LARGE_SET.count];
+image *confetti_pictures[CONFETTI_SET.count];
 
 void set_picture(effect *e, i32 frame) {
     e->picture = e->frames[frame];
@@ -74,11 +71,11 @@ void draw_plain(const effect *e) {
 // --- Flare: grows through its pictures, waits, and shrinks back twice as fast ---------------------
 
 i32 flare_load() {
-    return image_load_sequence(flare_pictures, FLARE_PICTURES, "field/flare/");
+    return image_load_sequence(flare_pictures, FLARE_SET);
 }
 
 void flare_unload() {
-    image_free_array(flare_pictures, FLARE_PICTURES);
+    image_free_array(flare_pictures, FLARE_SET.count);
 }
 
 void flare_start(effect *e) {
@@ -91,7 +88,7 @@ void flare_update(effect *e) {
         return;
     if (e->phase == FLARE_GROWING) {
         e->timer = FRAMES_PER_PICTURE;
-        if (++e->frame == FLARE_PICTURES)
+        if (++e->frame == FLARE_SET.count)
             e->phase = FLARE_SHRINKING;
         else
             set_picture_keeping_center(e, e->frame, true);
@@ -107,13 +104,13 @@ void flare_update(effect *e) {
 // --- Burn: rises as it burns out -----------------------------------------------------------------
 
 i32 burn_load() {
-    const i32 loaded = image_load_sequence(burn_small_pictures, BURN_PICTURES, "field/burn/small/");
-    return loaded < 0 ? loaded : image_load_sequence(burn_large_pictures, BURN_PICTURES, "field/burn/large/");
+    const i32 loaded = image_load_sequence(burn_small_pictures, BURN_SMALL_SET);
+    return loaded < 0 ? loaded : image_load_sequence(burn_large_pictures, BURN_LARGE_SET);
 }
 
 void burn_unload() {
-    image_free_array(burn_small_pictures, BURN_PICTURES);
-    image_free_array(burn_large_pictures, BURN_PICTURES);
+    image_free_array(burn_small_pictures, BURN_SMALL_SET.count);
+    image_free_array(burn_large_pictures, BURN_SMALL_SET.count);
 }
 
 void burn_start(effect *e) {
@@ -124,7 +121,7 @@ void burn_update(effect *e) {
     if (--e->timer > 0)
         return;
     e->timer = FRAMES_PER_PICTURE;
-    if (++e->frame >= BURN_PICTURES) {
+    if (++e->frame >= BURN_SMALL_SET.count) {
         e->flags |= EFFECT_FINISHED;
         return;
     }
@@ -135,11 +132,11 @@ void burn_update(effect *e) {
 // --- Confetti: falls, sways and flutters ---------------------------------------------------------
 
 i32 confetti_load() {
-    return image_load_sequence(confetti_pictures, CONFETTI_COLOURS * CONFETTI_FLUTTER, "field/confetti/");
+    return image_load_sequence(confetti_pictures, CONFETTI_SET);
 }
 
 void confetti_unload() {
-    image_free_array(confetti_pictures, CONFETTI_COLOURS * CONFETTI_FLUTTER);
+    image_free_array(confetti_pictures, CONFETTI_SET.count);
 }
 
 void confetti_start(effect *e) {
