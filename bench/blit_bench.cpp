@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "benches.h"
 
-#include "graphics/blit_routines.h"
+#include "graphics/blit.h"
 #include "pairs.h"
 #include "pictures.h"
 #include "resources/pixel.h"

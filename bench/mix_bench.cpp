@@ -5,7 +5,7 @@
 #include "benches.h"
 
 #include "pairs.h"
-#include "sound/mixer.h"
+#include "sound/sound.h"
 #include "sound/sound_channel.h"
 
 #include <SDL.h>

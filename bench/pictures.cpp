@@ -5,6 +5,7 @@
 #include "pictures.h"
 
 #include "graphics/blit.h"
+#include "graphics/prim.h"
 #include "platform/platform.h"
 #include "resources/archive.h"
 #include "resources/pixel.h"

@@ -4,8 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "check.h"
 #include "core/base/puzzle_info.h"
-#include "graphics/font.h"
 #include "graphics/glyphs.h"
+#include "graphics/text.h"
 #include "picture.h"
 
 #include <algorithm>

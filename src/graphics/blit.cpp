@@ -5,7 +5,6 @@
 #include "graphics/blit.h"
 
 #include "core/base/log.h"
-#include "graphics/blit_routines.h"
 #include "graphics/noise.h"
 #include "graphics/span_walk.h"
 #include "resources/pixel.h"

@@ -2,9 +2,11 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "graphics/blit_routines.h"
+#include "graphics/direct.h"
+
+#include "graphics/blit.h"
 #include "graphics/frame_buffers.h"
-#include "graphics/render.h"
+#include "graphics/prim.h"
 #include "graphics/repeat.h"
 
 // The screen's pixels, for something that is not in a list.
@@ -17,17 +19,17 @@ void screen_show_background(i32 x, i32 y, i32 w, i32 h) {
     frame_show_background({x, y, w, h});
 }
 
-void screen_store_background(const rect &area) {
+void direct_store_background(const rect &area) {
     const direct_access access;
     frame_copy(frames.background, frames.screen, area);
 }
 
-void screen_fill(const rect &area, rgb colour) {
+void direct_fill(const rect &area, rgb colour) {
     const direct_access access;
     prim->fill(frames.screen, area, colour);
 }
 
-void screen_blit(const image *picture, i32 x, i32 y) {
+void direct_image(const image *picture, i32 x, i32 y) {
     const direct_access access;
     blit->plain(frames.screen, *picture, x, y);
 }

@@ -7,7 +7,6 @@
 #include "core/base/log.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/locks.h"
-#include "graphics/render.h"
 #include "resources/pixel.h"
 
 #include <algorithm>

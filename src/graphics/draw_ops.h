@@ -97,28 +97,28 @@ enum draw_reach : u8 {
 // clang-format off
 #define DRAW_MANIFEST(ROW)                                                                    \
     /*  id                      operands                player                  reach     */  \
-    ROW(DRAW_IMAGE,             image_operands,         play_image,             REACH_SCREEN) \
-    ROW(DRAW_RESTORE,           area_operands,          play_restore,           REACH_SCREEN) \
-    ROW(DRAW_IMAGE_EX,          image_ex_operands,      play_image_ex,          REACH_MODE)   \
-    ROW(DRAW_IMAGE_BG,          image_operands,         play_image_bg,          REACH_FURTHER)\
-    ROW(DRAW_DARKEN,            area_operands,          play_darken,            REACH_SCREEN) \
-    ROW(DRAW_FREE_IMAGE,        free_image_operands,    play_free_image,        REACH_FURTHER)\
-    ROW(DRAW_FILL,              fill_operands,          play_fill,              REACH_SCREEN) \
-    ROW(DRAW_DARKEN_BG,         area_operands,          play_darken_bg,         REACH_FURTHER)\
-    ROW(DRAW_FILL_BG,           fill_operands,          play_fill_bg,           REACH_FURTHER)\
-    ROW(DRAW_PIXEL,             pixel_operands,         play_pixel,             REACH_SCREEN) \
-    ROW(DRAW_SAVE,              slot_operands,          play_save,              REACH_SLOT)   \
-    ROW(DRAW_RESTORE_SAVED,     slot_operands,          play_restore_saved,     REACH_SLOT)   \
-    ROW(DRAW_STORE_BG,          area_operands,          play_store_bg,          REACH_FURTHER)\
-    ROW(DRAW_IMAGE_CLIPPED,     image_clipped_operands, play_image_clipped,     REACH_SCREEN) \
-    ROW(DRAW_IMAGE_CLIPPED_BG,  image_clipped_operands, play_image_clipped_bg,  REACH_FURTHER)\
-    ROW(DRAW_FRAME,             fill_operands,          play_frame,             REACH_SCREEN) \
-    ROW(DRAW_PUSH_BG,           no_operands,            play_push_bg,           REACH_FURTHER)\
-    ROW(DRAW_POP_BG,            no_operands,            play_pop_bg,            REACH_FURTHER)\
-    ROW(DRAW_DIRTY,             area_operands,          play_dirty,             REACH_SCREEN) \
-    ROW(DRAW_NOISE_BG,          noise_operands,         play_noise_bg,          REACH_FURTHER)\
-    ROW(DRAW_LINE,              line_operands,          play_line,              REACH_SCREEN) \
-    ROW(DRAW_TEXT,              text_operands,          play_text,              REACH_TARGET)
+    ROW(DRAW_IMAGE,             image_operands,         perform_image,             REACH_SCREEN) \
+    ROW(DRAW_RESTORE,           area_operands,          perform_restore,           REACH_SCREEN) \
+    ROW(DRAW_IMAGE_EX,          image_ex_operands,      perform_image_ex,          REACH_MODE)   \
+    ROW(DRAW_IMAGE_BG,          image_operands,         perform_image_bg,          REACH_FURTHER)\
+    ROW(DRAW_DARKEN,            area_operands,          perform_darken,            REACH_SCREEN) \
+    ROW(DRAW_FREE_IMAGE,        free_image_operands,    perform_free_image,        REACH_FURTHER)\
+    ROW(DRAW_FILL,              fill_operands,          perform_fill,              REACH_SCREEN) \
+    ROW(DRAW_DARKEN_BG,         area_operands,          perform_darken_bg,         REACH_FURTHER)\
+    ROW(DRAW_FILL_BG,           fill_operands,          perform_fill_bg,           REACH_FURTHER)\
+    ROW(DRAW_PIXEL,             pixel_operands,         perform_pixel,             REACH_SCREEN) \
+    ROW(DRAW_SAVE,              slot_operands,          perform_save,              REACH_SLOT)   \
+    ROW(DRAW_RESTORE_SAVED,     slot_operands,          perform_restore_saved,     REACH_SLOT)   \
+    ROW(DRAW_STORE_BG,          area_operands,          perform_store_bg,          REACH_FURTHER)\
+    ROW(DRAW_IMAGE_CLIPPED,     image_clipped_operands, perform_image_clipped,     REACH_SCREEN) \
+    ROW(DRAW_IMAGE_CLIPPED_BG,  image_clipped_operands, perform_image_clipped_bg,  REACH_FURTHER)\
+    ROW(DRAW_FRAME,             fill_operands,          perform_frame,             REACH_SCREEN) \
+    ROW(DRAW_PUSH_BG,           no_operands,            perform_push_bg,           REACH_FURTHER)\
+    ROW(DRAW_POP_BG,            no_operands,            perform_pop_bg,            REACH_FURTHER)\
+    ROW(DRAW_DIRTY,             area_operands,          perform_dirty,             REACH_SCREEN) \
+    ROW(DRAW_NOISE_BG,          noise_operands,         perform_noise_bg,          REACH_FURTHER)\
+    ROW(DRAW_LINE,              line_operands,          perform_line,              REACH_SCREEN) \
+    ROW(DRAW_TEXT,              text_operands,          perform_text,              REACH_TARGET)
 // clang-format on
 
 // Bytes that a record takes in a list.

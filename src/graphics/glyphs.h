@@ -29,3 +29,5 @@ inline bool glyph_exists(const glyph &g) {
 
 // The first pixel that is not the colour key, counted from 0 in row order; -1 when there is none.
 i32 glyph_first_ink(const image &picture);
+
+void glyph_use_colour(glyph *g, i32 red, i32 green, i32 blue); // the working picture; under the surface lock

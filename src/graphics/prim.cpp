@@ -2,9 +2,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "graphics/prim.h"
+
 #include "core/base/log.h"
-#include "graphics/blit.h"
-#include "graphics/blit_routines.h"
 #include "graphics/noise.h"
 #include "resources/pixel.h"
 #include "resources/wide.h"

@@ -1,4 +1,4 @@
-// render.h: the render thread, its lock for recording, and direct drawing while it is paused.
+// render.h: the render thread, its lock for recording, and pausing it.
 //
 // Main thread. Which lock guards what stands in graphics/locks.h. Drawing reports no failure: what cannot be shown is
 // left out.
@@ -8,7 +8,6 @@
 #pragma once
 
 #include "core/base/types.h"
-#include "resources/image.h"
 
 #include <SDL_thread.h>
 
@@ -33,11 +32,3 @@ void render_resume(); // gives the surface lock back, if it is held
 // Waits until every recorded list has been played: pictures that they refer to may then be freed. Without a running
 // render thread nothing happens.
 void render_wait_until_played();
-
-// Direct drawing, between render_pause and render_resume.
-void screen_show_background(i32 x, i32 y, i32 w, i32 h); // background to screen, cut to the window
-void screen_store_background(const rect &area);          // screen to background; the area must lie on the screen
-void screen_fill(const rect &area, rgb colour);          // the area must lie on the screen
-void screen_blit(const image *picture, i32 x, i32 y);    // picture onto the screen
-void dirty_add(i32 x, i32 y, i32 w, i32 h);              // marks a rectangle as changed, cut to the window
-void dirty_flush();                                      // shows what was marked

@@ -2,8 +2,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "graphics/text.h"
+
 #include "graphics/draw_list.h"
-#include "graphics/font.h"
 #include "graphics/glyphs.h"
 
 #include <algorithm>

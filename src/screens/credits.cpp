@@ -6,7 +6,7 @@
 
 #include "core/base/screen_id.h"
 #include "graphics/draw_list.h"
-#include "graphics/font.h"
+#include "graphics/text.h"
 #include "input/input.h"
 #include "screens/title_pictures.h"
 #include "sprites/glyph_mover.h"

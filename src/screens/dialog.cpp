@@ -12,7 +12,7 @@
 #include "core/base/strings.h"
 #include "core/ui/button.h"
 #include "graphics/draw_list.h"
-#include "graphics/font.h"
+#include "graphics/text.h"
 #include "input/cursor.h"
 #include "input/input.h"
 #include "persist/best_times.h"

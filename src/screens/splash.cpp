@@ -8,9 +8,11 @@
 #include "core/base/puzzle_info.h"
 #include "core/base/screen_id.h"
 #include "core/ui/button.h"
+#include "graphics/direct.h"
+#include "graphics/dirty.h"
 #include "graphics/draw_list.h"
-#include "graphics/font.h"
 #include "graphics/render.h"
+#include "graphics/text.h"
 #include "input/cursor.h"
 #include "input/input.h"
 #include "screens/common.h"
@@ -57,11 +59,11 @@ i32 reveal_end() {
 void wipe_to_black() {
     sound_update();
     render_pause(RENDER_ALL_SHOWN);
-    screen_store_background(WHOLE_SCREEN);
+    direct_store_background(WHOLE_SCREEN);
     screen_show_background(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
     dirty_add(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
     dirty_flush();
-    screen_fill(WHOLE_SCREEN, BLACK);
+    direct_fill(WHOLE_SCREEN, BLACK);
     i32 gap = SCREEN_WIDTH / 2, band = 0, step = 1;
     u32 pass_start = SDL_GetTicks();
     while (gap > 0) {

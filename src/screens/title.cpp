@@ -11,7 +11,7 @@
 #include "core/ui/button.h"
 #include "core/ui/help.h"
 #include "graphics/draw_list.h"
-#include "graphics/font.h"
+#include "graphics/text.h"
 #include "input/cursor.h"
 #include "input/input.h"
 #include "persist/best_times.h"

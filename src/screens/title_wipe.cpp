@@ -4,6 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/title_wipe.h"
 
+#include "graphics/direct.h"
+#include "graphics/dirty.h"
 #include "graphics/render.h"
 #include "screens/common.h"
 #include "screens/title_pictures.h"
@@ -51,9 +53,9 @@ void reveal_from_centre(u32 pass_limit) {
 void title_wipe_to_study() {
     sound_update();
     render_pause(RENDER_ALL_SHOWN);
-    screen_blit(title_image(TITLE_TABLE), 0, 0);
+    direct_image(title_image(TITLE_TABLE), 0, 0);
     reveal_from_centre(TABLE_PASS_MS);
-    screen_blit(title_image_background(), 0, 0);
+    direct_image(title_image_background(), 0, 0);
     reveal_from_centre(BACKGROUND_PASS_MS);
     render_resume();
 }

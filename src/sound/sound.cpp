@@ -5,7 +5,6 @@
 #include "sound/sound.h"
 
 #include "core/base/log.h"
-#include "sound/mixer.h"
 #include "sound/sound_bank.h"
 #include "sound/sound_channel.h"
 

@@ -7,6 +7,7 @@
 #include "graphics/draw_ops.h"
 #include "graphics/font.h"
 #include "graphics/render.h"
+#include "graphics/text.h"
 #include "resources/pixel.h"
 #include "resources/xpm.h"
 #include "support/recorded_pictures.h"

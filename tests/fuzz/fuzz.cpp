@@ -8,6 +8,7 @@
 #include "graphics/blit.h"
 #include "graphics/frame_buffers.h"
 #include "graphics/glyphs.h"
+#include "graphics/prim.h"
 #include "resources/pixel.h"
 
 #include <SDL.h>

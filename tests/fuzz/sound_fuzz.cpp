@@ -6,7 +6,6 @@
 #include "fuzz/fuzz.h"
 
 #include "resources/archive.h"
-#include "sound/mixer.h"
 #include "sound/sound.h"
 #include "support/archive_builder.h"
 

@@ -9,6 +9,7 @@
 #include "core/ui/screen.h"
 #include "graphics/blit.h"
 #include "graphics/font.h"
+#include "graphics/prim.h"
 #include "graphics/render.h"
 #include "graphics/video.h"
 #include "input/cursor.h"

@@ -7,7 +7,7 @@
 #include "core/base/app_state.h"
 #include "core/base/settings.h"
 #include "graphics/draw_list.h"
-#include "graphics/font.h"
+#include "graphics/text.h"
 #include "input/cursor.h"
 #include "input/input.h"
 #include "sound/sound.h"

@@ -72,7 +72,7 @@ std::vector<std::size_t> play_random(u32 seed, bool always) {
             outcomes.push_back(hash_of_all());
         }
         if (run % 4 == 3)
-            screen_fill({pick(dice, 0, 50), 0, 9, 90}, RED);
+            direct_fill({pick(dice, 0, 50), 0, 9, 90}, RED);
         if (run % 5 == 4) {
             std::memset(picture->pixels, run, 99);
             EXPECT_TRUE(image_build_runs(picture));
@@ -123,8 +123,8 @@ TEST(repeat, only_what_changes_nothing_is_left_out) {
         {"picture to the background", [] { draw_image_ex(dot, 0, 0, BLIT_TO_BG, RED); }, [] {}, true},
         {"noise", [] { draw_image_ex(dot, 0, 0, BLIT_NOISE, GREEN); }, [] {}, true},
         {"whole window shown", [] { draw_record<DRAW_DIRTY>({WHOLE_SCREEN}); }, [] {}, true},
-        {"drawn directly", [] {}, [] { screen_fill(PART, GREEN); }, true},
-        {"background changed", [] {}, [] { screen_store_background(PART); }, true},
+        {"drawn directly", [] {}, [] { direct_fill(PART, GREEN); }, true},
+        {"background changed", [] {}, [] { direct_store_background(PART); }, true},
         {"picture freed", [] {}, [] { image_free(image_create(1, 1)); }, true},
         {"picture changed", [] {}, [] { EXPECT_TRUE(image_build_runs(dot)); }, true},
         {"nothing recorded", [] {}, render_pass, false},

@@ -147,7 +147,7 @@ TEST(locking, a_screen_that_cannot_be_locked_loses_nothing_else) {
         draw_record<DRAW_FILL_BG>({WHOLE_SCREEN, BLUE, 0, 0});
         draw_record<DRAW_FREE_IMAGE>({picture});
     });
-    screen_fill(WHOLE_SCREEN, RED);
+    direct_fill(WHOLE_SCREEN, RED);
     fake_video.fail_lock = false;
     on.show([] { draw_fill({0, 0, 5, 5}, WHITE, true); });
     EXPECT_EQ(pixel_at(0, 0), WHITE_PIXEL);
@@ -235,8 +235,8 @@ TEST(thread, a_pause_waits_for_what_was_recorded) {
         record_when_idle([&] { draw_fill(WHOLE_SCREEN, colour, true); });
         render_pause(2);
         EXPECT_EQ(pixel_at(799, 599), pixel16::from_rgb(colour));
-        screen_fill({0, 0, 9, 9}, WHITE);
-        screen_store_background({0, 0, 9, 9});
+        direct_fill({0, 0, 9, 9}, WHITE);
+        direct_store_background({0, 0, 9, 9});
         screen_show_background(0, 0, 20, 20);
         dirty_add(0, 0, 20, 20);
         dirty_flush();

@@ -6,8 +6,11 @@
 
 #include "core/base/log.h"
 #include "graphics/blit.h"
+#include "graphics/direct.h"
+#include "graphics/dirty.h"
 #include "graphics/draw_ops.h"
 #include "graphics/frame_buffers.h"
+#include "graphics/prim.h"
 #include "graphics/render.h"
 #include "graphics/video.h"
 #include "resources/pixel.h"
@@ -39,7 +42,7 @@ struct stage {
         fake_video.extra_pixels = extra_pitch;
         fake_video.refuse = bits == pixel16::BITS ? nullptr : refuse_16_bits;
         EXPECT_TRUE(video_init() == 1 && prim_init() == 1 && blit_init() == 1 && video_format.depth == bits);
-        screen_fill(WHOLE_SCREEN, BLACK); // a new mode may show anything
+        direct_fill(WHOLE_SCREEN, BLACK); // a new mode may show anything
         render_pass();
     }
     ~stage() {

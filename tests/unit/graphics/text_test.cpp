@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "graphics/font.h"
 #include "graphics/glyphs.h"
+#include "graphics/text.h"
 #include "support/recording.h"
 #include "unit/graphics/stage.h"
 

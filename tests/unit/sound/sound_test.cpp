@@ -8,7 +8,6 @@
 
 #include "ogg_maker.h"
 #include "resources/archive.h"
-#include "sound/mixer.h"
 #include "sound/sound_bank.h"
 #include "support/archive_builder.h"
 #include "support/fake_sdl.h"

@@ -1,12 +1,10 @@
-// glyph_play.cpp: drawing a character in its colour.
+// glyphs.cpp: what a glyph shows, and its colour.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "graphics/blit_routines.h"
-#include "graphics/draw_play.h"
 #include "graphics/glyphs.h"
+
 #include "graphics/locks.h"
-#include "graphics/render.h"
 #include "resources/pixel.h"
 
 #include <algorithm>
@@ -44,24 +42,15 @@ template <class Pixel> static void recolour(const glyph &g) {
     });
 }
 
-static void use_colour(glyph *g, const text_operands &op) {
-    if (g->red == op.red && g->green == op.green && g->blue == op.blue)
+void glyph_use_colour(glyph *g, i32 red, i32 green, i32 blue) {
+    lock_assert(surface_lock);
+    if (g->red == red && g->green == green && g->blue == blue)
         return;
-    g->red = op.red;
-    g->green = op.green;
-    g->blue = op.blue;
+    g->red = red;
+    g->green = green;
+    g->blue = blue;
     if (video_format.depth == pixel16::BITS)
         recolour<pixel16>(*g);
     else
         recolour<pixel32>(*g);
-}
-
-void play_text(const text_operands &op) {
-    lock_assert(surface_lock);
-    glyph *g = &glyphs[op.slot];
-    if (!glyph_exists(*g) || !draw_is_visible(*g->working, op.x, op.y))
-        return;
-    use_colour(g, op);
-    blit->plain(op.to_background != 0 ? frames.background : frames.screen, *g->working, op.x, op.y);
-    dirty_add(op.x, op.y, g->width, g->height);
 }
