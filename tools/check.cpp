@@ -4,7 +4,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "check.h"
 
-#include "picture.h"
+#include "check_sound.h"
+#include "check_text.h"
+#include "entries.h"
 #include "progress.h"
 
 #include <set>
@@ -20,6 +22,30 @@ std::string description(const kit_entry &entry) {
     if (entry.kind == ENTRY_PICTURE)
         text += ", " + size_rule_text(entry.size);
     return text + ": " + entry.role;
+}
+
+void check_picture(const kit_entry &entry, const archive_file &archive, std::vector<finding> *findings) {
+    const xpm_reading reading = archive_picture(archive, entry.name);
+    if (!reading.result) {
+        findings->push_back({entry.name, "a picture that the game cannot read: " + reading.fault,
+                             "an XPM picture, " + size_rule_text(entry.size)});
+        return;
+    }
+    const raster &p = *reading.result;
+    const std::string size = picture_size_text(p.width, p.height);
+    if (!size_fits(entry.size, p.width, p.height)) {
+        findings->push_back({entry.name, size, size_rule_text(entry.size) + ": " + entry.role});
+    } else if (!entry.alike.empty()) {
+        const xpm_reading model = archive_picture(archive, entry.alike);
+        if (model.result && (model.result->width != p.width || model.result->height != p.height))
+            findings->push_back(
+                {entry.name, size,
+                 picture_size_text(model.result->width, model.result->height) + ", the size of " + entry.alike});
+    }
+    const std::string accident = picture_accident(p, p);
+    if (!accident.empty())
+        findings->push_back({entry.name, "a visible pixel that turns transparent on 16-bit screens: " + accident,
+                             "another colour, or #EA008A itself for transparent"});
 }
 
 void check_entry(const kit_entry &entry, const archive_file &archive, std::vector<finding> *findings) {
@@ -70,30 +96,6 @@ std::string finding_text(const finding &f) {
 xpm_reading archive_picture(const archive_file &archive, const std::string &name) {
     const archive_entry *stored = archive_find(archive, name);
     return stored != nullptr ? picture_from_xpm(stored->bytes) : xpm_reading{{}, 0, "missing"};
-}
-
-void check_picture(const kit_entry &entry, const archive_file &archive, std::vector<finding> *findings) {
-    const xpm_reading reading = archive_picture(archive, entry.name);
-    if (!reading.result) {
-        findings->push_back({entry.name, "a picture that the game cannot read: " + reading.fault,
-                             "an XPM picture, " + size_rule_text(entry.size)});
-        return;
-    }
-    const raster &p = *reading.result;
-    const std::string size = picture_size_text(p.width, p.height);
-    if (!size_fits(entry.size, p.width, p.height)) {
-        findings->push_back({entry.name, size, size_rule_text(entry.size) + ": " + entry.role});
-    } else if (!entry.alike.empty()) {
-        const xpm_reading model = archive_picture(archive, entry.alike);
-        if (model.result && (model.result->width != p.width || model.result->height != p.height))
-            findings->push_back(
-                {entry.name, size,
-                 picture_size_text(model.result->width, model.result->height) + ", the size of " + entry.alike});
-    }
-    const std::string accident = picture_accident(p);
-    if (!accident.empty())
-        findings->push_back({entry.name, "a visible pixel that turns transparent on 16-bit screens: " + accident,
-                             "another colour, or #EA008A itself for transparent"});
 }
 
 std::vector<finding> check_archive(const archive_file &archive) {

@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "check.h"
+#include "check_sound.h"
 
 #include <algorithm>
 #include <array>

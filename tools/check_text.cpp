@@ -2,38 +2,20 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "check.h"
+#include "check_text.h"
+
 #include "core/base/puzzle_info.h"
+#include "graphics/glyph_names.h"
 #include "graphics/glyphs.h"
 #include "graphics/text.h"
-#include "picture.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
 
 namespace {
 
-// Characters whose picture has a name of its own.
-const std::map<std::string, char> NAMED = {
-    {"space", ' '},       {"exclamation", '!'}, {"quote", '"'},      {"dollarsign", '$'},  {"percent", '%'},
-    {"apostrophe", '\''}, {"lparen", '('},      {"rparen", ')'},     {"asterisk", '*'},    {"plus", '+'},
-    {"comma", ','},       {"dash", '-'},        {"period", '.'},     {"slash", '/'},       {"colon", ':'},
-    {"semicolon", ';'},   {"lessthan", '<'},    {"tavimo", '='},     {"greaterthan", '>'}, {"question", '?'},
-    {"copy", '@'},        {"lbracket", '['},    {"backslash", '\\'}, {"rbracket", ']'},    {"underscore", '_'},
-};
-
-constexpr std::string_view FONT_FOLDER = "xpm/font/normal/", PICTURE_SUFFIX = ".xpm";
-
 // The table's glyphs need a picture only to exist: measuring never looks at it.
 image measured_glyph = {};
-
-char glyph_character(const std::string &entry_name) {
-    const std::string name =
-        entry_name.substr(FONT_FOLDER.size(), entry_name.size() - FONT_FOLDER.size() - PICTURE_SUFFIX.size());
-    const auto named = NAMED.find(name);
-    return named != NAMED.end() ? named->second : name[0];
-}
 
 // Rows without ink above the ink; 0 where there is none at all.
 i32 empty_rows(const raster &p) {
@@ -41,18 +23,18 @@ i32 empty_rows(const raster &p) {
     return ink == p.pixels.end() ? 0 : static_cast<i32>(ink - p.pixels.begin()) / p.width;
 }
 
-void load_glyph(const kit_entry &entry, const raster &p, std::vector<finding> *findings) {
+void load_glyph(char c, const std::string &name, const raster &p, std::vector<finding> *findings) {
     const i32 below = empty_rows(p), above = p.height - below;
-    glyphs[static_cast<u8>(glyph_character(entry.name))] = {.working = &measured_glyph,
-                                                            .source = nullptr,
-                                                            .width = p.width,
-                                                            .height = p.height,
-                                                            .top = below,
-                                                            .red = 0,
-                                                            .green = 0,
-                                                            .blue = 0};
+    glyphs[static_cast<u8>(c)] = {.working = &measured_glyph,
+                                  .source = nullptr,
+                                  .width = p.width,
+                                  .height = p.height,
+                                  .top = below,
+                                  .red = 0,
+                                  .green = 0,
+                                  .blue = 0};
     if (above > KIT_GLYPH_ABOVE || below > KIT_GLYPH_BELOW)
-        findings->push_back({entry.name,
+        findings->push_back({name,
                              "a letter that reaches " + std::to_string(above) + " above and " + std::to_string(below) +
                                  " below its line",
                              "at most " + std::to_string(KIT_GLYPH_ABOVE) + " above and " +
@@ -98,19 +80,18 @@ std::string wrapped(const std::string &text) {
 void check_font(const archive_file &archive, std::vector<finding> *findings) {
     std::fill(std::begin(glyphs), std::end(glyphs), glyph{});
     bool complete = true;
-    for (const kit_entry &entry : kit_entries()) {
-        if (!entry.name.starts_with(FONT_FOLDER))
-            continue;
-        const xpm_reading reading = archive_picture(archive, entry.name);
+    each_glyph([&](char c, std::string_view glyph_name) {
+        const std::string name = kit_glyph_entry(glyph_name);
+        const xpm_reading reading = archive_picture(archive, name);
         complete = complete && reading.result;
         if (reading.result)
-            load_glyph(entry, *reading.result, findings);
-    }
+            load_glyph(c, name, *reading.result, findings);
+    });
     for (const puzzle_info &puzzle : PUZZLE_INFOS) {
         const i32 width = text_measure(puzzle.title).width;
         if (complete && width > KIT_TITLE_WIDTH)
             findings->push_back(
-                {std::string(FONT_FOLDER),
+                {KIT_PICTURES + std::string(GLYPH_FOLDER),
                  "letters that make the title \"" + std::string(puzzle.title) + "\" " + std::to_string(width) + " wide",
                  "at most " + std::to_string(KIT_TITLE_WIDTH) + ": the list of puzzles is no wider"});
     }
@@ -127,12 +108,12 @@ void check_text(const kit_entry &entry, const archive_file &archive, std::vector
     if (size.width > KIT_TEXT_WIDTH)
         findings->push_back({entry.name, "a word or line " + std::to_string(size.width) + " wide that cannot be broken",
                              "spaces, so that lines are at most " + std::to_string(KIT_TEXT_WIDTH) + " wide"});
-    const std::string folder = "xpm/" + kit_puzzle_folder(entry.puzzle) + "/";
-    const xpm_reading board = archive_picture(archive, folder + "board/base.xpm");
-    const xpm_reading strip = archive_picture(archive, folder + "study_help.xpm");
+    const xpm_reading board = archive_picture(archive, kit_puzzle_entry(entry.puzzle, PICTURE_BOARD));
+    const xpm_reading strip = archive_picture(archive, kit_puzzle_entry(entry.puzzle, PICTURE_STUDY_HELP));
     if (!board.result || !strip.result)
         return;
-    const i32 first_row = kit_study_top(entry.puzzle) + board.result->height + KIT_STRIP_GAP + strip.result->height;
+    const i32 first_row =
+        PUZZLE_LAYOUTS[entry.puzzle].study_top + board.result->height + KIT_STRIP_GAP + strip.result->height;
     if (KIT_TEXT_BOTTOM - size.height < first_row) {
         const i32 room = (KIT_TEXT_BOTTOM - first_row) / TEXT_LINE_HEIGHT;
         findings->push_back(

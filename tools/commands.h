@@ -1,4 +1,4 @@
-// commands.h: what the tool does: one function a command. Failures are exceptions (fail.h).
+// commands.h: what all commands of the tool take and return.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -17,12 +17,5 @@ struct command_options {
     std::filesystem::path output; // replace: the archive to write; empty for the one that is read
 };
 
-// Each takes the arguments after its name and returns the exit code.
+// Those after the command's name.
 using command_arguments = std::vector<std::string>;
-int command_pack(const command_arguments &arguments, const command_options &options);
-int command_list(const command_arguments &arguments, const command_options &options);
-int command_extract(const command_arguments &arguments, const command_options &options);
-int command_replace(const command_arguments &arguments, const command_options &options);
-int command_check(const command_arguments &arguments, const command_options &options);
-int command_diff(const command_arguments &arguments, const command_options &options);
-int command_rules(const command_arguments &arguments, const command_options &options);

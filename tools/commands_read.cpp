@@ -2,10 +2,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "commands_read.h"
+
 #include "check.h"
-#include "commands.h"
+#include "check_sound.h"
+#include "entries.h"
 #include "matching.h"
-#include "picture.h"
 
 #include <algorithm>
 #include <array>

@@ -2,12 +2,15 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "commands_write.h"
+
 #include "check.h"
-#include "commands.h"
+#include "entries.h"
 #include "fail.h"
 #include "files.h"
 #include "matching.h"
-#include "picture.h"
+#include "picture_png.h"
+#include "picture_reduce.h"
 #include "progress.h"
 
 #include <cstdio>

@@ -5,7 +5,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/base/types.h"
+#include "puzzles/puzzle_pictures.h"
 
 #include <string>
 #include <string_view>
@@ -49,5 +49,8 @@ inline constexpr i32 KIT_GLYPH_ABOVE = 15;          // rows of ink above the ref
 inline constexpr i32 KIT_GLYPH_BELOW = 4;           // and below it
 inline constexpr i32 KIT_TITLE_WIDTH = 142;         // pixels that the list leaves for a puzzle's title
 
-i32 kit_study_top(i32 puzzle);             // where its board begins in study mode, from the window's top
-std::string kit_puzzle_folder(i32 puzzle); // such as "puzzle/money"
+inline constexpr char KIT_PICTURES[] = "xpm/"; // the archive's folder of pictures
+
+// Entries' names: of a glyph's picture, and of a puzzle's, the k-th of a series, from 0.
+std::string kit_glyph_entry(std::string_view glyph_name);
+std::string kit_puzzle_entry(i32 type, puzzle_picture id, i32 k = 0);

@@ -2,11 +2,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "commands.h"
+#include "commands_read.h"
+#include "commands_write.h"
+#include "fail.h"
 #include "progress.h"
 
 #include <cstdio>
-#include <exception>
 #include <getopt.h>
 #include <string_view>
 
@@ -116,10 +117,5 @@ int run(int argc, char **argv) {
 } // namespace
 
 int main(int argc, char **argv) {
-    try {
-        return run(argc, argv);
-    } catch (const std::exception &failure) {
-        std::fprintf(stderr, "tavimo-archive: %s\n", failure.what());
-        return EXIT_FOUND;
-    }
+    return exit_code_of("tavimo-archive", [=] { return run(argc, argv); });
 }

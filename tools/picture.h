@@ -1,17 +1,15 @@
-// picture.h: pictures on their way into an archive and out of it: PNG, XPM, and the reduction in between.
+// picture.h: a picture in memory, and its XPM text.
 //
-// An archive's pictures have 5-6-5 colours and no half-transparent pixels; transparent is one key colour. The game's
-// own decoder reads the XPM, so what it refuses is refused here. Failures are exceptions (fail.h) unless said.
+// An archive's pictures have 5-6-5 colours and no half-transparent pixels; transparent is one key colour.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "core/base/types.h"
+#include "resources/pixel.h"
+#include "resources/xpm_format.h"
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 struct raster {
@@ -19,27 +17,25 @@ struct raster {
     std::vector<u32> pixels; // 0xAARRGGBB, row after row; one of alpha 0 is transparent
 };
 
+inline constexpr u32 PICTURE_RGB = 0xFFFFFF, PICTURE_OPAQUE = 0xFF000000;
+
+// The 0..255 level of a 5- or 6-bit shade, its high bits repeated below.
+constexpr i32 picture_expand(i32 value, i32 bits) {
+    constexpr i32 level_bits = 8;
+    return value << (level_bits - bits) | value >> (2 * bits - level_bits);
+}
+
+constexpr u16 picture_to_565(u32 colour) {
+    return pixel16::from_rgb(pixel32::to_rgb(colour));
+}
+
 std::string picture_size_text(i32 width, i32 height); // such as "57x52"
 
-// Why an XPM could not be read; empty when it could.
-struct xpm_reading {
-    std::optional<raster> result; // alpha 0 or 255
-    i32 color_count;
-    std::string fault;
-};
-xpm_reading picture_from_xpm(std::string_view bytes);
+// The first opaque pixel of `reduced` that a 16-bit screen could not tell from the key colour, as a sentence about the
+// pixel as it was in `source`; empty for none.
+std::string picture_accident(const raster &reduced, const raster &source);
 
-// Of a reduced picture. The same picture always gives the same bytes.
+bool picture_fits_xpm(const raster &reduced); // whether an XPM has symbols for so many colours
+
+// Of a reduced picture that fits. The same picture always gives the same bytes.
 std::string picture_to_xpm(const raster &reduced);
-
-raster picture_from_png(std::string_view bytes, const std::string &name);
-std::string picture_to_png(const raster &source, const std::string &name);
-
-// The first opaque pixel that a 16-bit screen could not tell from the key colour, as a sentence about the pixel;
-// empty for none.
-std::string picture_accident(const raster &source);
-
-// Makes every pixel opaque or transparent and reduces the colours to 5-6-5 by ordered dithering; a colour that is
-// 5-6-5 already stays as it is. Where that leaves more colours than an XPM can hold, to fewer shades. Fails with
-// the name, the pixel and the way out where an opaque pixel would turn transparent.
-raster picture_reduce(const raster &source, const std::string &name);

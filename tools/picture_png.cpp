@@ -2,9 +2,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "picture_png.h"
+
 #include "fail.h"
-#include "picture.h"
-#include "picture_parts.h"
 
 #include <bit>
 #include <png.h>
@@ -29,8 +29,8 @@ raster picture_from_png(std::string_view bytes, const std::string &name) {
     png_guard png;
     if (png_image_begin_read_from_memory(&png.image, bytes.data(), bytes.size()) == 0)
         fail(name + ": not a PNG picture (" + png.image.message + ")");
-    if (png.image.width > PICTURE_MAX_SIDE || png.image.height > PICTURE_MAX_SIDE)
-        fail(name + ": the picture is larger than " + std::to_string(PICTURE_MAX_SIDE) + " pixels");
+    if (png.image.width > XPM_MAX_SIDE || png.image.height > XPM_MAX_SIDE)
+        fail(name + ": the picture is larger than " + std::to_string(XPM_MAX_SIDE) + " pixels");
     png.image.format = PNG_FORMAT_BGRA;
     raster result = {static_cast<i32>(png.image.width), static_cast<i32>(png.image.height), {}};
     result.pixels.resize(std::size_t{png.image.width} * png.image.height);

@@ -6,10 +6,13 @@
 #pragma once
 
 #include "puzzles/puzzle_layout.h"
+#include "resources/picture_set.h"
 #include "sprites/sprite_edge.h"
 
 #include <iterator>
 #include <string_view>
+
+inline constexpr picture_set BACKGROUND_SET = {"bg/", 1}; // behind all boards
 
 enum puzzle_picture : i32 {
     PICTURE_BOARD,

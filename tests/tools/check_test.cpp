@@ -3,7 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "check.h"
-#include "picture.h"
+#include "picture_reduce.h"
 #include "tools/sample.h"
 #include "unit/sound/ogg_maker.h"
 

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "check.h"
 #include "core/base/puzzle_info.h"
-#include "picture.h"
+#include "picture_png.h"
 #include "program/player.h"
 #include "screens/common.h"
 #include "tools/sample.h"
