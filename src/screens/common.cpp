@@ -9,8 +9,6 @@
 #include "input/input.h"
 #include "screens/title_pictures.h"
 
-#include <SDL.h>
-
 void quit_to_web_page(button *, std::intptr_t, std::intptr_t) {
     app_quit_to_web_page();
 }
@@ -44,11 +42,4 @@ void button_follow_mouse(button *hovered) {
         button_press(hovered);
     else if (!mouse_held(MOUSE_LEFT))
         button_release(hovered);
-}
-
-bool pass_took_longer(u32 *start, u32 limit) {
-    const u32 now = SDL_GetTicks();
-    const bool longer = now - *start > limit;
-    *start = now;
-    return longer;
 }

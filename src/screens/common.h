@@ -7,10 +7,9 @@
 #include "core/base/types.h"
 #include "core/ui/button.h"
 
-inline constexpr i32 RENDER_ALL_SHOWN = 2; // for render_pause: wait until all that was recorded is on the screen
-inline constexpr i32 COLUMN_RIGHT = 795;   // right end of the button columns
-inline constexpr i32 COLUMN_BOTTOM = 595;  // bottom of their lowest button
-inline constexpr i32 BUTTON_GAP = 5;       // between the buttons
+inline constexpr i32 COLUMN_RIGHT = 795;                      // right end of the button columns
+inline constexpr i32 COLUMN_BOTTOM = 595;                     // bottom of their lowest button
+inline constexpr i32 BUTTON_GAP = 5;                          // between the buttons
 inline constexpr i32 PLAYER_NAME_X = 15, PLAYER_NAME_Y = 582; // reference line of the name
 
 // Top of the nth button from the bottom (1 the lowest) in a column of buttons h pixels high.
@@ -30,6 +29,3 @@ void button_change_hover(button **hovered, button *hit);
 
 // Presses the hovered button when the left mouse button went down, releases it when that is not held.
 void button_follow_mouse(button *hovered);
-
-// Whether the pass that began at *start took longer than `limit` ms; the next pass begins now.
-bool pass_took_longer(u32 *start, u32 limit);

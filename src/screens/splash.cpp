@@ -8,19 +8,13 @@
 #include "core/base/puzzle_info.h"
 #include "core/base/screen_id.h"
 #include "core/ui/button.h"
-#include "graphics/direct.h"
-#include "graphics/dirty.h"
 #include "graphics/draw_list.h"
-#include "graphics/render.h"
 #include "graphics/text.h"
 #include "input/cursor.h"
 #include "input/input.h"
 #include "screens/common.h"
 #include "screens/title_pictures.h"
-#include "sound/sound.h"
-
-#include <SDL.h>
-#include <algorithm>
+#include "screens/wipes.h"
 
 namespace {
 
@@ -37,7 +31,6 @@ enum splash_picture : i32 {
 constexpr i32 BUTTON_X = 659, WEB_Y = 444, GO_Y = 480;
 constexpr i32 REVEALED_X = 234, REVEALED_Y = 145;
 constexpr i32 REVEAL_START = 3, REVEAL_STEP = 20, REVEAL_MARGIN = 10; // pixels of width
-constexpr u32 WIPE_PASS_MS = 10;                                      // a slower pass makes wider steps
 constexpr i32 AFTER_WIPE_QUIT = -1;
 
 constexpr u32 SPLASH_FIRST_FRAME = 0x1;
@@ -53,29 +46,6 @@ i32 after_wipe = SCREEN_TITLE; // or AFTER_WIPE_QUIT
 
 i32 reveal_end() {
     return splash_pictures[PICTURE_REVEALED]->width + REVEAL_MARGIN;
-}
-
-// A black band opens from the centre line outward over the window's last frame, on the main thread.
-void wipe_to_black() {
-    sound_update();
-    render_pause(RENDER_ALL_SHOWN);
-    direct_store_background(WHOLE_SCREEN);
-    screen_show_background(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
-    dirty_add(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
-    dirty_flush();
-    direct_fill(WHOLE_SCREEN, BLACK);
-    i32 gap = SCREEN_WIDTH / 2, band = 0, step = 1;
-    u32 pass_start = SDL_GetTicks();
-    while (gap > 0) {
-        gap = std::max(gap - step, 0);
-        band = std::min(band + 2 * step, SCREEN_WIDTH);
-        if (pass_took_longer(&pass_start, WIPE_PASS_MS))
-            ++step;
-        dirty_add(gap, 0, step, SCREEN_HEIGHT);
-        dirty_add(gap + band - step, 0, step, SCREEN_HEIGHT);
-        dirty_flush();
-    }
-    render_resume();
 }
 
 void wipe_and_go(button *, std::intptr_t, std::intptr_t) {

@@ -19,7 +19,7 @@
 #include "screens/dialog.h"
 #include "screens/score_log.h"
 #include "screens/title_pictures.h"
-#include "screens/title_wipe.h"
+#include "screens/wipes.h"
 #include "sound/sound.h"
 #include "sprites/glyph_mover.h"
 
@@ -81,7 +81,7 @@ void study_selected(button *, std::intptr_t, std::intptr_t) {
     if (selected < 0 || selected >= PUZZLE_COUNT)
         return;
     app_state_select_puzzle(app, PUZZLE_LIST_ORDER[selected]);
-    title_wipe_to_study();
+    wipe_to_study();
     title_flags |= TITLE_SKIP_DRAW;
     screen_request(SCREEN_STUDY);
 }
