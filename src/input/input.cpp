@@ -190,3 +190,7 @@ i32 first_pressed_key() {
             return key;
     return 0;
 }
+
+bool click_or_key_pressed() {
+    return mouse_pressed(MOUSE_LEFT) || first_pressed_key() != 0;
+}

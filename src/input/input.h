@@ -26,3 +26,4 @@ bool mouse_held(i32 button);    // down now
 char key_char(i32 key);         // the character that the key types, letters in lower case; 0 for none
 i32 key_count();                // number of key codes; 0 before input_init
 i32 first_pressed_key();        // lowest key code that went down, 0 for none
+bool click_or_key_pressed();    // the left mouse button or any key went down

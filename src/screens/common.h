@@ -1,4 +1,5 @@
-// common.h: the small things that several screens do alike. Main thread.
+// common.h: what several screens do alike: their buttons, the flags of their first frame, the player's name. Main
+// thread.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -6,26 +7,58 @@
 
 #include "core/base/types.h"
 #include "core/ui/button.h"
+#include "resources/picture_set.h"
 
-inline constexpr i32 COLUMN_RIGHT = 795;                      // right end of the button columns
-inline constexpr i32 COLUMN_BOTTOM = 595;                     // bottom of their lowest button
-inline constexpr i32 BUTTON_GAP = 5;                          // between the buttons
-inline constexpr i32 PLAYER_NAME_X = 15, PLAYER_NAME_Y = 582; // reference line of the name
+#include <span>
+
+// --- Making buttons; one for which memory is short is left out (logged) --------------------------
+
+inline constexpr i32 COLUMN_RIGHT = 795;  // right end of the button columns
+inline constexpr i32 COLUMN_BOTTOM = 595; // bottom of their lowest button
+inline constexpr i32 BUTTON_GAP = 5;      // between the buttons
 
 // Top of the nth button from the bottom (1 the lowest) in a column of buttons h pixels high.
 constexpr i32 column_top(i32 n, i32 h) {
-    return COLUMN_BOTTOM - BUTTON_GAP * (n - 1) - n * h;
+    return COLUMN_BOTTOM + BUTTON_GAP - n * (h + BUTTON_GAP);
 }
 
-// Button callbacks.
+// Callbacks.
 void quit_to_web_page(button *, std::intptr_t, std::intptr_t);
 void request_screen(button *, std::intptr_t id, std::intptr_t); // arg1: the screen_id
 
-// The web-page button with the title screen's pictures; left out when out of memory (logged).
-void add_web_button(ptr_array<button> *list, i32 x, i32 y);
+// A button whose looks are a part of the screen's set; null when out of memory.
+button *add_button(ptr_array<button> *list, const image *const *set, const set_part &looks, point corner,
+                   button_callback callback, std::intptr_t arg = 0);
 
-// Moves the hover from *hovered to `hit` (either may be null).
-void button_change_hover(button **hovered, button *hit);
+// The web-page button with the title screen's pictures.
+void add_web_button(ptr_array<button> *list, point corner);
 
-// Presses the hovered button when the left mouse button went down, releases it when that is not held.
-void button_follow_mouse(button *hovered);
+// A button of the column at the window's right edge.
+struct column_button {
+    set_part looks;
+    i32 n; // from the bottom up, 1 the lowest
+    button_callback callback;
+    std::intptr_t arg;
+};
+// All buttons of a column count as being as large as one of the set's pictures. The last one, or null.
+button *add_column(ptr_array<button> *list, const image *const *set, i32 size_picture,
+                   std::span<const column_button> rows);
+
+// --- Each frame ----------------------------------------------------------------------------------
+
+// Whether the left mouse button went down and help does not take the click.
+bool clicked();
+
+// Moves the hover from *hovered to `hit` (either may be null), presses that when it is clicked, and releases it when
+// the mouse button is not held. True when it has been pressed.
+bool buttons_follow_mouse(button **hovered, button *hit);
+
+void draw_buttons(const ptr_array<button> *list);
+void draw_player_name(rgb colour);
+
+// Whether the flag was set; clears it.
+constexpr bool take_flag(u32 *flags, u32 flag) {
+    const bool was_set = (*flags & flag) != 0;
+    *flags &= ~flag;
+    return was_set;
+}

@@ -8,16 +8,15 @@
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/input.h"
+#include "screens/common.h"
 #include "screens/title_pictures.h"
 #include "sprites/glyph_mover.h"
 
 #include <initializer_list>
+#include <iterator>
 
 namespace {
 
-constexpr i32 PICTURE_COUNT = 7;
-constexpr i32 PICTURE_LOWEST = 6, PICTURE_MIDDLE = 1, PICTURE_UPPER = 0; // the stack at the bottom
-constexpr i32 PICTURE_PLATE = 2, PLATE_COUNT = 4;                        // the "Developed using" row
 constexpr i32 STACK_BOTTOM = 597, STACK_GAP = 5;
 constexpr i32 PLATES_WIDTH = 506, PLATES_BOTTOM = 550, PLATE_GAP = 10;
 constexpr i32 DEVELOPED_Y = 543; // less the plates' height
@@ -27,7 +26,7 @@ constexpr i32 LOW_Y = 500, HIGH_Y = 100; // bottom of the lowered heading, top o
 constexpr i32 SINK_STEPS = 25, RISE_STEPS = 40, BACK_STEPS = 10, PAUSE = 40; // frames
 constexpr i32 ROLE_OUTDENT = 40, NAME_OUTDENT = 40;                          // beyond the heading's right and left edge
 
-constexpr u32 CREDITS_FIRST_FRAME = 0x1;
+constexpr u32 CREDITS_REDRAW = 0x1; // draw the background again
 constexpr u32 CREDITS_RISING = 0x2; // or risen
 constexpr u32 CREDITS_LEAVING = 0x4;
 
@@ -50,65 +49,64 @@ constexpr credit_row ROWS[] = {
     {"Concept / Design", 260, DESIGNERS},
 };
 
-image *credits_pictures[PICTURE_COUNT];
-glyph_mover heading_mover;
-u32 credits_flags = 0;
-i32 pause_frames = 0; // before rising
-i32 pulse = 1;
-rgb name_colours[2];
-
-void start_heading(i32 x, i32 y, i32 steps) {
-    glyph_mover_start(&heading_mover, title_image_heading(), heading_mover.x, heading_mover.y, x, y, steps);
-}
+struct credits_state {
+    image *credits_pictures[CREDITS_SET.count]; // owned
+    glyph_mover heading_mover;
+    u32 credits_flags;
+    i32 pause; // frames left before rising
+    i32 pulse; // of the colours, a frame
+    rgb name_colours[std::size(NAMES)];
+};
+credits_state credits;
 
 i32 heading_centre_x() {
     return center_x(title_image_heading()->width);
 }
 
 void rise() {
-    start_heading(heading_centre_x(), HIGH_Y, RISE_STEPS);
-    credits_flags |= CREDITS_RISING;
+    glyph_mover_send(&credits.heading_mover, {heading_centre_x(), HIGH_Y}, RISE_STEPS);
+    credits.credits_flags |= CREDITS_RISING;
 }
 
 bool risen() {
-    return (credits_flags & CREDITS_RISING) != 0 && glyph_mover_arrived(&heading_mover);
+    return (credits.credits_flags & CREDITS_RISING) != 0 && glyph_mover_arrived(&credits.heading_mover);
 }
 
 void pulse_names() {
-    name_colours[0].g = static_cast<u8>(name_colours[0].g + pulse);
-    name_colours[1].g = static_cast<u8>(name_colours[1].g - pulse);
-    if (name_colours[0].g == GREEN_MAX || name_colours[1].g == GREEN_MAX)
-        pulse = -pulse;
+    credits.name_colours[0].g = static_cast<u8>(credits.name_colours[0].g + credits.pulse);
+    credits.name_colours[1].g = static_cast<u8>(credits.name_colours[1].g - credits.pulse);
+    if (credits.name_colours[0].g == GREEN_MAX || credits.name_colours[1].g == GREEN_MAX)
+        credits.pulse = -credits.pulse;
 }
 
 void skip_or_leave() {
     if (risen()) {
-        start_heading(HEADING_X, HEADING_Y, BACK_STEPS);
-        credits_flags &= ~CREDITS_RISING;
-        credits_flags |= CREDITS_LEAVING;
+        glyph_mover_send(&credits.heading_mover, {HEADING_X, HEADING_Y}, BACK_STEPS);
+        credits.credits_flags &= ~CREDITS_RISING;
+        credits.credits_flags |= CREDITS_LEAVING;
     } else {
         rise();
-        glyph_mover_finish(&heading_mover);
+        glyph_mover_finish(&credits.heading_mover);
     }
 }
 
 void draw_rows() {
     const image *heading = title_image_heading();
     for (const credit_row &row : ROWS) {
-        if (heading_mover.y + heading->height >= row.y)
+        if (credits.heading_mover.y + heading->height >= row.y)
             continue;
-        const i32 right = heading_mover.x + heading->width + ROLE_OUTDENT;
+        const i32 right = credits.heading_mover.x + heading->width + ROLE_OUTDENT;
         text_draw(row.role, right - text_measure(row.role).width, row.y, LIGHT_GREY, TEXT_TRANSIENT);
         if (row.person != NOBODY)
-            text_draw(NAMES[row.person], heading_mover.x - NAME_OUTDENT, row.y, name_colours[row.person],
-                      TEXT_TRANSIENT);
+            text_draw(NAMES[row.person], credits.heading_mover.x - NAME_OUTDENT, row.y,
+                      credits.name_colours[row.person], TEXT_TRANSIENT);
     }
 }
 
 void draw_stack() {
     i32 bottom = STACK_BOTTOM;
-    for (const i32 k : {PICTURE_LOWEST, PICTURE_MIDDLE, PICTURE_UPPER}) {
-        const image *line = credits_pictures[k];
+    for (const i32 k : {CREDITS_LOWEST_LINE, CREDITS_MIDDLE_LINE, CREDITS_UPPER_LINE}) {
+        const image *line = credits.credits_pictures[k];
         draw_image(line, center_x(line->width), bottom - line->height, true);
         bottom -= line->height + STACK_GAP;
     }
@@ -116,56 +114,54 @@ void draw_stack() {
 
 void draw_plates() {
     i32 x = center_x(PLATES_WIDTH);
-    for (i32 k = 0; k < PLATE_COUNT; ++k) {
-        const image *plate = credits_pictures[PICTURE_PLATE + k];
+    const image *plate = nullptr;
+    for (i32 k = 0; k < CREDITS_PLATES.count; ++k) {
+        plate = credits.credits_pictures[CREDITS_PLATES[k]];
         draw_image(plate, x, PLATES_BOTTOM - plate->height, true);
         x += plate->width + PLATE_GAP;
     }
-    const i32 last_height = credits_pictures[PICTURE_PLATE + PLATE_COUNT - 1]->height;
-    text_draw("Developed using", 0, DEVELOPED_Y - last_height, WHITE, TEXT_TRANSIENT | TEXT_CENTER_X);
+    text_draw("Developed using", 0, DEVELOPED_Y - plate->height, WHITE, TEXT_TRANSIENT | TEXT_CENTER_X);
 }
 
 } // namespace
 
 i32 credits_init() {
-    return image_load_sequence(credits_pictures, PICTURE_COUNT, "credits/");
+    return image_load_sequence(credits.credits_pictures, CREDITS_SET.count, CREDITS_SET.prefix);
 }
 
 void credits_enter() {
     const image *heading = title_image_heading();
-    heading_mover = {};
-    glyph_mover_start(&heading_mover, heading, HEADING_X, HEADING_Y, heading_centre_x(), LOW_Y - heading->height,
-                      SINK_STEPS);
-    credits_flags = CREDITS_FIRST_FRAME;
-    pause_frames = PAUSE;
-    pulse = 1;
-    name_colours[0] = NAME_START[0];
-    name_colours[1] = NAME_START[1];
+    glyph_mover_start(&credits.heading_mover, heading, {HEADING_X, HEADING_Y},
+                      {heading_centre_x(), LOW_Y - heading->height}, SINK_STEPS);
+    credits.credits_flags = CREDITS_REDRAW;
+    credits.pause = PAUSE;
+    credits.pulse = 1;
+    credits.name_colours[0] = NAME_START[0];
+    credits.name_colours[1] = NAME_START[1];
 }
 
 void credits_update() {
-    glyph_mover_step(&heading_mover);
-    if ((credits_flags & CREDITS_RISING) == 0 && glyph_mover_arrived(&heading_mover)) {
-        if ((credits_flags & CREDITS_LEAVING) != 0)
+    glyph_mover_step(&credits.heading_mover);
+    if ((credits.credits_flags & CREDITS_RISING) == 0 && glyph_mover_arrived(&credits.heading_mover)) {
+        if ((credits.credits_flags & CREDITS_LEAVING) != 0)
             screen_request(SCREEN_TITLE);
-        else if (--pause_frames == 0)
+        else if (--credits.pause == 0)
             rise();
     }
-    if ((credits_flags & CREDITS_LEAVING) != 0)
+    if ((credits.credits_flags & CREDITS_LEAVING) != 0)
         return;
     pulse_names();
-    if (first_pressed_key() != 0 || mouse_pressed(MOUSE_LEFT))
+    if (click_or_key_pressed())
         skip_or_leave();
 }
 
 void credits_draw() {
-    if ((credits_flags & CREDITS_FIRST_FRAME) != 0) {
+    if (take_flag(&credits.credits_flags, CREDITS_REDRAW)) {
         draw_image_bg(title_image_background(), 0, 0);
         draw_restore(WHOLE_SCREEN);
-        credits_flags &= ~CREDITS_FIRST_FRAME;
     }
-    draw_image(title_image_heading(), heading_mover.x, heading_mover.y, true);
-    if ((credits_flags & CREDITS_RISING) == 0)
+    draw_image(title_image_heading(), credits.heading_mover.x, credits.heading_mover.y, true);
+    if ((credits.credits_flags & CREDITS_RISING) == 0)
         return;
     draw_rows();
     if (!risen())
@@ -176,5 +172,5 @@ void credits_draw() {
 }
 
 void credits_shutdown() {
-    image_free_array(credits_pictures, PICTURE_COUNT);
+    image_free_array(credits.credits_pictures, CREDITS_SET.count);
 }

@@ -10,7 +10,6 @@
 #include "core/base/screen_id.h"
 #include "core/base/settings.h"
 #include "core/base/strings.h"
-#include "core/ui/button.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/cursor.h"
@@ -18,6 +17,7 @@
 #include "persist/best_times.h"
 #include "puzzles/board.h"
 #include "screens/common.h"
+#include "screens/picture_sets.h"
 #include "screens/score_log.h"
 #include "screens/splash.h"
 #include "sprites/effect.h"
@@ -27,9 +27,6 @@
 #include <cstring>
 
 namespace {
-
-// Places in the set; each is followed by its hover and pressed picture.
-enum dialog_picture : i32 { PICTURE_FIRST = 0, PICTURE_SECOND = 3, PICTURE_OK = 6, PICTURE_COUNT = 9 };
 
 constexpr i32 ANSWER_Y = 290, ANSWER_GAP = 10;
 constexpr i32 NAME_OK_Y = 330, NAME_Y = 310;
@@ -52,8 +49,8 @@ constexpr u32 DIALOG_NAME_UNTOUCHED = 0x20; // the first typed character replace
 constexpr u32 DIALOG_ENTRANCE = DIALOG_SLIDE_IN | DIALOG_SETTLE;
 
 struct dialog_state {
-    image *pictures[PICTURE_COUNT];
-    char *title; // owned
+    image *pictures[DIALOG_SET.count]; // owned
+    char *title;                       // owned
     i32 title_x, title_y;
     char *lines[LINE_COUNT]; // owned
     i32 line_x[LINE_COUNT], line_y[LINE_COUNT];
@@ -109,18 +106,18 @@ void reset(const char *title) {
 }
 
 void add_answers(button_callback yes, std::intptr_t yes_arg, screen_id no) {
-    const i32 w = dialog.pictures[PICTURE_FIRST]->width;
+    const i32 w = dialog.pictures[DIALOG_YES_BUTTON.first]->width;
     const i32 x = center_x(2 * w + ANSWER_GAP);
-    button *first = button_add(dialog.buttons, dialog.pictures + PICTURE_FIRST, x, ANSWER_Y, yes, yes_arg);
-    button *second =
-        button_add(dialog.buttons, dialog.pictures + PICTURE_SECOND, x + w + ANSWER_GAP, ANSWER_Y, request_screen, no);
+    button *first = add_button(dialog.buttons, dialog.pictures, DIALOG_YES_BUTTON, {x, ANSWER_Y}, yes, yes_arg);
+    button *second = add_button(dialog.buttons, dialog.pictures, DIALOG_NO_BUTTON, {x + w + ANSWER_GAP, ANSWER_Y},
+                                request_screen, no);
     bind_key(SDLK_y, first);
     bind_key(SDLK_n, second);
 }
 
 void add_ok(i32 y, button_callback callback, std::intptr_t arg = 0) {
-    button *ok = button_add(dialog.buttons, dialog.pictures + PICTURE_OK,
-                            center_x(dialog.pictures[PICTURE_FIRST]->width), y, callback, arg);
+    const i32 x = center_x(dialog.pictures[DIALOG_YES_BUTTON.first]->width);
+    button *ok = add_button(dialog.buttons, dialog.pictures, DIALOG_OK_BUTTON, {x, y}, callback, arg);
     bind_key(SDLK_RETURN, ok);
     bind_key(SDLK_KP_ENTER, ok);
 }
@@ -161,18 +158,6 @@ void animate_title() {
             dialog.dialog_flags &= ~DIALOG_SETTLE;
         }
     }
-}
-
-void update_buttons() {
-    button *hit = button_tick_and_find(dialog.buttons, mouse_x, mouse_y);
-    if (hit != dialog.hovered) {
-        if (dialog.hovered != nullptr)
-            button_unhover(dialog.hovered);
-        if (hit != nullptr)
-            button_hover(hit);
-        dialog.hovered = hit;
-    }
-    button_follow_mouse(dialog.hovered);
 }
 
 // The character of the lowest key that went down and types one, or 0.
@@ -268,7 +253,7 @@ void dialog_completed(i32 master_place, const char *message) {
 }
 
 i32 dialog_init() {
-    if (image_load_sequence(dialog.pictures, PICTURE_COUNT, "dialog/") < 0)
+    if (image_load_sequence(dialog.pictures, DIALOG_SET.count, DIALOG_SET.prefix) < 0)
         return -1;
     dialog.key_buttons = static_cast<button **>(std::calloc(static_cast<std::size_t>(key_count()), sizeof(button *)));
     if (dialog.key_buttons == nullptr) {
@@ -294,7 +279,7 @@ void dialog_enter() {
 void dialog_update() {
     animate_title();
     if ((dialog.dialog_flags & DIALOG_ENTRANCE) == 0) {
-        update_buttons();
+        buttons_follow_mouse(&dialog.hovered, button_tick_and_find(dialog.buttons, mouse_x, mouse_y));
         if ((dialog.dialog_flags & DIALOG_NAME_ENTRY) != 0)
             type_name();
         press_bound_key();
@@ -306,16 +291,14 @@ void dialog_update() {
 }
 
 void dialog_draw() {
-    if ((dialog.dialog_flags & DIALOG_FIRST_FRAME) != 0) {
+    if (take_flag(&dialog.dialog_flags, DIALOG_FIRST_FRAME)) {
         draw_darken_bg(WHOLE_SCREEN);
         draw_restore(WHOLE_SCREEN);
-        dialog.dialog_flags &= ~DIALOG_FIRST_FRAME;
     }
     for (const effect *piece : each(dialog.confetti))
         effect_draw(piece);
     if ((dialog.dialog_flags & DIALOG_ENTRANCE) == 0) {
-        for (const button *b : each(dialog.buttons))
-            button_draw(b);
+        draw_buttons(dialog.buttons);
         if ((dialog.dialog_flags & DIALOG_NAME_ENTRY) != 0)
             text_draw(dialog.name_text, 0, NAME_Y, YELLOW, TEXT_TRANSIENT | TEXT_CENTER_X);
         for (i32 i = 0; i < LINE_COUNT; ++i)
@@ -328,7 +311,7 @@ void dialog_draw() {
 void dialog_shutdown() {
     std::free(dialog.title);
     ptr_array_destroy(dialog.buttons);
-    image_free_array(dialog.pictures, PICTURE_COUNT);
+    image_free_array(dialog.pictures, DIALOG_SET.count);
     std::free(dialog.key_buttons);
     for (char *line : dialog.lines)
         std::free(line);

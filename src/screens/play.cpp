@@ -9,7 +9,6 @@
 #include "core/base/screen_id.h"
 #include "core/base/settings.h"
 #include "core/base/strings.h"
-#include "core/ui/button.h"
 #include "graphics/draw_list.h"
 #include "graphics/render.h"
 #include "graphics/text.h"
@@ -42,11 +41,14 @@ constexpr i32 SEND_HOME_SPEED = 700;                      // hundredths of a pix
 constexpr i32 CLOCK_X = 760, CLOCK_Y = 550;
 constexpr i32 BEGIN_BOTTOM = 595;
 
-u32 play_flags = 0;
-sprite *play_hover_piece = nullptr; // under the mouse, or being dragged
-sprite *play_last_piece = nullptr;  // dragged last
-button *play_hover_button = nullptr;
-i32 play_drag_dx = 0, play_drag_dy = 0; // piece less mouse at the moment it was taken
+struct play_state {
+    u32 play_flags;
+    sprite *play_hover_piece; // under the mouse, or being dragged
+    sprite *play_last_piece;  // dragged last
+    button *play_hover_button;
+    i32 play_drag_dx, play_drag_dy; // piece less mouse at the moment it was taken
+};
+play_state play;
 
 void ask_return(button *, std::intptr_t, std::intptr_t) {
     dialog_ask_return_to_title();
@@ -59,9 +61,9 @@ bool start_new_run(board *b) {
     if (board_start(b) < 0)
         return false;
     const image *web = title_image_web(BUTTON_LOOK_NORMAL);
-    add_web_button(b->buttons, COLUMN_RIGHT - web->width, COLUMN_BOTTOM - web->height);
-    play_flags &= ~PLAY_NEW_RUN;
-    play_flags |= PLAY_FIRST_FRAME;
+    add_web_button(b->buttons, {COLUMN_RIGHT - web->width, COLUMN_BOTTOM - web->height});
+    play.play_flags &= ~PLAY_NEW_RUN;
+    play.play_flags |= PLAY_FIRST_FRAME;
     return true;
 }
 
@@ -75,36 +77,35 @@ void record_attempt(const board *b) {
         board_show_help(b);
     if (player != nullptr)
         player->seen |= bit;
-    play_flags &= ~PLAY_FIRST_FRAME;
 }
 
 void hover_piece(sprite *piece) {
-    if (piece == play_hover_piece)
+    if (piece == play.play_hover_piece)
         return;
-    if (play_hover_piece != nullptr)
-        sprite_pulse_stop(play_hover_piece);
-    play_hover_piece = piece;
+    if (play.play_hover_piece != nullptr)
+        sprite_pulse_stop(play.play_hover_piece);
+    play.play_hover_piece = piece;
     if (piece != nullptr)
         sprite_pulse(piece, HOVER_A, HOVER_B, 0);
 }
 
 void take_piece(const board *b, sprite *piece) {
-    play_flags |= PLAY_DRAGGING;
-    play_drag_dx = piece->x - mouse_x;
-    play_drag_dy = piece->y - mouse_y;
+    play.play_flags |= PLAY_DRAGGING;
+    play.play_drag_dx = piece->x - mouse_x;
+    play.play_drag_dy = piece->y - mouse_y;
     sprite_raise(piece);
     piece->flags |= SPRITE_HELD;
     piece->flags &= ~SPRITE_FOLLOW; // dragged, it would move twice as far as the mouse, and out of the window
-    if (play_last_piece != nullptr && play_last_piece != piece && !board_has(b, BOARD_KEEP_DROPPED))
-        sprite_send_home(play_last_piece, SEND_HOME_SPEED);
-    play_last_piece = piece;
+    if (play.play_last_piece != nullptr && play.play_last_piece != piece && !board_has(b, BOARD_KEEP_DROPPED))
+        sprite_send_home(play.play_last_piece, SEND_HOME_SPEED);
+    play.play_last_piece = piece;
 }
 
 // A dragged piece that the deck has taken back, or that a shortcut has placed, is no longer the player's to move.
 void let_go_of_inert_piece() {
-    if ((play_flags & PLAY_DRAGGING) == 0 || (play_hover_piece->flags & SPRITE_INERT) == 0)
+    if ((play.play_flags & PLAY_DRAGGING) == 0 || (play.play_hover_piece->flags & SPRITE_INERT) == 0)
         return;
-    play_flags &= ~PLAY_DRAGGING;
+    play.play_flags &= ~PLAY_DRAGGING;
     hover_piece(nullptr);
 }
 
@@ -113,34 +114,27 @@ i32 update_pieces(board *b) {
     let_go_of_inert_piece();
     // A piece is taken only where the mouse is now: one that a fast mouse has left would be dragged from afar, out of
     // the window. One that is let go is dropped below, even when the mouse has left it in the meantime.
-    if ((play_flags & PLAY_DRAGGING) == 0)
+    if ((play.play_flags & PLAY_DRAGGING) == 0)
         hover_piece(board_piece_at(b, mouse_x, mouse_y));
-    if (play_hover_piece == nullptr)
+    if (play.play_hover_piece == nullptr)
         return CURSOR_ARROW;
     if (!mouse_held(MOUSE_LEFT) || settings_help_showing()) {
-        if ((play_flags & PLAY_DRAGGING) != 0)
-            board_drop_piece(b, play_hover_piece);
-        play_flags &= ~PLAY_DRAGGING;
+        if ((play.play_flags & PLAY_DRAGGING) != 0)
+            board_drop_piece(b, play.play_hover_piece);
+        play.play_flags &= ~PLAY_DRAGGING;
         return CURSOR_OPEN_HAND;
     }
-    if ((play_flags & PLAY_DRAGGING) == 0)
-        take_piece(b, play_hover_piece);
-    play_hover_piece->x = mouse_x + play_drag_dx;
-    play_hover_piece->y = mouse_y + play_drag_dy;
+    if ((play.play_flags & PLAY_DRAGGING) == 0)
+        take_piece(b, play.play_hover_piece);
+    play.play_hover_piece->x = mouse_x + play.play_drag_dx;
+    play.play_hover_piece->y = mouse_y + play.play_drag_dy;
     return CURSOR_CLOSED_HAND;
 }
 
 void update_buttons(board *b) {
-    button_change_hover(&play_hover_button, board_button_at(b, mouse_x, mouse_y));
-    const bool click = mouse_pressed(MOUSE_LEFT) && !settings_help_showing();
-    if (play_hover_button == nullptr) {
-        if (click)
-            board_take_top_card(b, mouse_x, mouse_y);
-    } else if (click) {
-        button_press(play_hover_button);
-    } else if (!mouse_held(MOUSE_LEFT)) {
-        button_release(play_hover_button);
-    }
+    buttons_follow_mouse(&play.play_hover_button, board_button_at(b, mouse_x, mouse_y));
+    if (play.play_hover_button == nullptr && clicked())
+        board_take_top_card(b, mouse_x, mouse_y);
 }
 
 struct debug_action {
@@ -167,7 +161,7 @@ void complete(const board *b) {
     char *message = nullptr;
     string_printf(&message, "You have completed the %s puzzle.", puzzle_title(b->type));
     sound_play(SOUND_PUZZLE_COMPLETE);
-    play_flags |= PLAY_COMPLETED;
+    play.play_flags |= PLAY_COMPLETED;
     dialog_completed(board_master_rank(b), message);
     screen_request(SCREEN_DIALOG);
     std::free(message);
@@ -177,25 +171,24 @@ void complete(const board *b) {
 } // namespace
 
 i32 play_init() {
-    play_flags = 0;
+    play = {};
     board_set_return_action(ask_return);
     return 1;
 }
 
 void play_request_new_run() {
-    play_flags |= PLAY_NEW_RUN;
+    play.play_flags |= PLAY_NEW_RUN;
 }
 
 void play_enter() {
-    play_flags = (play_flags & PLAY_NEW_RUN) | PLAY_REDRAW;
+    const u32 new_run = play.play_flags & PLAY_NEW_RUN;
+    play = {};
+    play.play_flags = new_run | PLAY_REDRAW;
     cursor_select(CURSOR_ARROW);
     cursor_show(true);
-    play_drag_dx = play_drag_dy = 0;
-    play_hover_piece = play_last_piece = nullptr;
-    play_hover_button = nullptr;
     board *b = app->board;
-    if (board_prepare(app) < 0 || ((play_flags & PLAY_NEW_RUN) != 0 && !start_new_run(b))) {
-        play_flags = PLAY_BROKEN;
+    if (board_prepare(app) < 0 || (new_run != 0 && !start_new_run(b))) {
+        play.play_flags = PLAY_BROKEN;
         screen_request(SCREEN_TITLE);
         return;
     }
@@ -209,13 +202,13 @@ void play_enter() {
 }
 
 void play_update() {
-    if ((play_flags & PLAY_BROKEN) != 0)
+    if ((play.play_flags & PLAY_BROKEN) != 0)
         return;
     board *b = app->board;
-    if ((play_flags & PLAY_FIRST_FRAME) != 0)
+    if (take_flag(&play.play_flags, PLAY_FIRST_FRAME))
         record_attempt(b);
     cursor_select(update_pieces(b));
-    if (play_hover_piece == nullptr)
+    if (play.play_hover_piece == nullptr)
         update_buttons(b);
     update_debug(b);
     board_update(b);
@@ -224,20 +217,18 @@ void play_update() {
 }
 
 void play_draw() {
-    if ((play_flags & PLAY_BROKEN) != 0)
+    if ((play.play_flags & PLAY_BROKEN) != 0)
         return;
     const board *b = app->board;
-    if ((play_flags & PLAY_REDRAW) != 0) {
+    if (take_flag(&play.play_flags, PLAY_REDRAW)) {
         board_draw_background(b);
         draw_restore(WHOLE_SCREEN);
-        play_flags &= ~PLAY_REDRAW;
     }
     board_draw(b);
-    text_draw(app->player_name, PLAYER_NAME_X, PLAYER_NAME_Y, BLACK, TEXT_TRANSIENT);
-    if ((play_flags & PLAY_COMPLETED) != 0) {
+    draw_player_name(BLACK);
+    if (take_flag(&play.play_flags, PLAY_COMPLETED)) {
         draw_store_bg(WHOLE_SCREEN);
         draw_restore(WHOLE_SCREEN);
-        play_flags &= ~PLAY_COMPLETED;
     }
     if (app_has(APP_DEBUG))
         text_draw(b->clock_text, CLOCK_X, CLOCK_Y, BLACK, TEXT_TRANSIENT);

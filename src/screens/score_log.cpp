@@ -12,6 +12,7 @@
 #include "input/cursor.h"
 #include "input/input.h"
 #include "persist/best_times.h"
+#include "screens/common.h"
 #include "screens/title_pictures.h"
 #include "sound/sound.h"
 #include "sprites/glyph_mover.h"
@@ -38,7 +39,7 @@ constexpr i32 STEP_MASTERS_END = 11; // an empty log ends the show here
 constexpr i32 STEP_FINISHED = 16, STEP_NO_LOG = 17, STEP_SKIPPED = 99;
 constexpr i32 BAR_DONE_Y = 599; // everything is uncovered
 
-constexpr u32 LOG_FIRST_FRAME = 0x1;
+constexpr u32 LOG_REDRAW = 0x1; // draw the background again
 constexpr u32 LOG_SHOW_FINISHED = 0x2;
 constexpr u32 LOG_LEAVING = 0x4;
 
@@ -81,79 +82,88 @@ constexpr show_step SHOW[] = {
 // clang-format on
 static_assert(std::size(SHOW) == STEP_FINISHED);
 
-image *panel[1];
-highlight_bar bar;
-glyph_mover picture_mover, title_mover;
-i32 shown_puzzle = 0;
-i32 step = 0;
-i32 countdown = 0; // frames left in this step
-u32 log_flags = 0;
+struct score_log_state {
+    image *panel[SCORE_SET.count]; // owned; what the bar shows
+    highlight_bar bar;
+    glyph_mover picture_mover, title_mover;
+    i32 shown_puzzle; // a type
+    i32 step;
+    i32 countdown; // frames left in this step
+    u32 log_flags;
+};
+score_log_state show;
 
-// Where the puzzle's picture and title stand on the title screen.
+// Where the puzzle's picture and, centred under it, its title stand.
 struct places {
-    i32 picture_x, picture_y, title_x, title_y;
+    point picture, title;
 };
 
-// The title keeps its distance from the picture's left edge, so that it stays centred under it.
-i32 title_indent() {
-    return title_image_picture(shown_puzzle)->width / 2 - text_measure(puzzle_title(shown_puzzle)).width / 2;
+const image *shown_picture() {
+    return title_image_picture(show.shown_puzzle);
+}
+
+places places_at(point corner, i32 title_y) {
+    const i32 title_width = text_measure(puzzle_title(show.shown_puzzle)).width;
+    return {corner, {centre_in(corner.x, shown_picture()->width, title_width), title_y}};
 }
 
 places title_screen_places() {
-    const i32 half_height = title_image_picture(shown_puzzle)->height / 2;
-    const i32 top = PICTURE_CENTRE_Y - half_height;
-    return {PICTURE_X, top, PICTURE_X + title_indent(), top - TITLE_ABOVE};
+    const i32 top = PICTURE_CENTRE_Y - half(shown_picture()->height);
+    return places_at({PICTURE_X, top}, top - TITLE_ABOVE);
+}
+
+places score_log_places() {
+    const i32 height = shown_picture()->height, y = center_y(height);
+    return places_at({LEFT_X, y - LEFT_RISE}, y + height - LEFT_TEXT_RISE);
 }
 
 i32 log_entries() {
-    return best_times_for_puzzle(shown_puzzle)->log->count;
+    return best_times_for_puzzle(show.shown_puzzle)->log->count;
 }
 
 void score_log_leave() {
     const places there = title_screen_places();
-    glyph_mover_start(&picture_mover, picture_mover.glyph, picture_mover.x, picture_mover.y, there.picture_x,
-                      there.picture_y, GLIDE_STEPS);
-    glyph_mover_start(&title_mover, title_mover.glyph, title_mover.x, title_mover.y, there.title_x, there.title_y,
-                      GLIDE_STEPS);
-    log_flags |= LOG_LEAVING;
+    glyph_mover_send(&show.picture_mover, there.picture, GLIDE_STEPS);
+    glyph_mover_send(&show.title_mover, there.title, GLIDE_STEPS);
+    show.log_flags |= LOG_LEAVING;
     sound_play(SOUND_SCORE_LOG);
 }
 
 void skip_or_leave() {
-    if ((log_flags & LOG_SHOW_FINISHED) != 0) {
+    if ((show.log_flags & LOG_SHOW_FINISHED) != 0) {
         score_log_leave();
         return;
     }
-    step = STEP_SKIPPED;
-    bar.y = BAR_DONE_Y;
-    bar.clip_h = 0;
-    log_flags |= LOG_SHOW_FINISHED;
+    show.step = STEP_SKIPPED;
+    show.bar.y = BAR_DONE_Y;
+    show.bar.clip_h = 0;
+    show.log_flags |= LOG_SHOW_FINISHED;
 }
 
 void end_step() {
-    if (step == STEP_MASTERS_END && log_entries() == 0) {
-        step = STEP_NO_LOG;
-        log_flags |= LOG_SHOW_FINISHED;
+    if (show.step == STEP_MASTERS_END && log_entries() == 0) {
+        show.step = STEP_NO_LOG;
+        show.log_flags |= LOG_SHOW_FINISHED;
         return;
     }
-    const show_step &ended = SHOW[step];
-    countdown = ended.next_length == BY_LOG ? FRAMES_A_ROW * (log_entries() - 1) : ended.next_length;
+    const show_step &ended = SHOW[show.step];
+    show.countdown = ended.next_length == BY_LOG ? FRAMES_A_ROW * (log_entries() - 1) : ended.next_length;
     if (ended.bar != nullptr) {
-        bar = *ended.bar;
+        show.bar = *ended.bar;
         sound_play(SOUND_SCORE_SHOW);
     }
-    ++step;
+    ++show.step;
 }
 
 void advance_show() {
-    if (step >= STEP_FINISHED) {
-        log_flags |= LOG_SHOW_FINISHED;
+    if (show.step >= STEP_FINISHED) {
+        show.log_flags |= LOG_SHOW_FINISHED;
         return;
     }
-    bar.clip_y += SHOW[step].clip_y;
-    bar.y += SHOW[step].bar_y;
-    bar.clip_h += SHOW[step].clip_h;
-    if (--countdown <= 0)
+    show.bar.clip_y += SHOW[show.step].clip_y;
+    show.bar.y += SHOW[show.step].bar_y;
+    show.bar.clip_h += SHOW[show.step].clip_h;
+    if (--show.countdown <= 0)
         end_step();
 }
 
@@ -165,27 +175,27 @@ void draw_time(i32 seconds, i32 y) {
 
 void draw_headings() {
     constexpr const char *PLACES[] = {"1st Place", "2nd Place", "3rd Place", "Master Time"};
-    if (step >= STEP_HEADING)
+    if (show.step >= STEP_HEADING)
         text_draw("Score Log", HEADING_COLUMN, HEADING_TEXT_Y, GREY, TEXT_TRANSIENT);
     for (i32 k = 0; k < MASTER_TIME_COUNT; ++k)
-        if (step >= STEP_FIRST_PLACE + k)
+        if (show.step >= STEP_FIRST_PLACE + k)
             text_draw(PLACES[k], HEADING_COLUMN, MASTER_Y + ROW_PITCH * k, GREY, TEXT_TRANSIENT);
 }
 
 void draw_masters(const puzzle_scores *scores) {
     for (i32 k = 0; k < MASTER_PLACES; ++k) {
-        if (bar.y >= MASTER_SHOWN_BAR_Y + ROW_PITCH * k) {
+        if (show.bar.y >= MASTER_SHOWN_BAR_Y + ROW_PITCH * k) {
             text_draw(scores->master_name[k], NAME_COLUMN, MASTER_Y + ROW_PITCH * k, ORANGE, TEXT_TRANSIENT);
             draw_time(scores->master_time[k], MASTER_Y + ROW_PITCH * k);
         }
     }
-    if (bar.y >= MASTER_SHOWN_BAR_Y + ROW_PITCH * MASTER_PLACES)
-        draw_time(puzzle_master_time(shown_puzzle, MASTER_PLACES), MASTER_Y + ROW_PITCH * MASTER_PLACES);
+    if (show.bar.y >= MASTER_SHOWN_BAR_Y + ROW_PITCH * MASTER_PLACES)
+        draw_time(puzzle_master_time(show.shown_puzzle, MASTER_PLACES), MASTER_Y + ROW_PITCH * MASTER_PLACES);
 }
 
 void draw_log(const puzzle_scores *scores) {
     for (i32 i = 0; i < scores->log->count; ++i) {
-        if (bar.y < LOG_SHOWN_BAR_Y + ROW_PITCH * i)
+        if (show.bar.y < LOG_SHOWN_BAR_Y + ROW_PITCH * i)
             return;
         const score_entry *entry = scores->log->items[i];
         const i32 y = LOG_Y + ROW_PITCH * i;
@@ -196,67 +206,63 @@ void draw_log(const puzzle_scores *scores) {
 }
 
 void draw_bar() {
-    const rect area = {bar.x, bar.clip_y, bar.clip_w, bar.clip_h};
-    draw_image_clipped(panel[0], bar.x, bar.y, area);
+    const rect area = {show.bar.x, show.bar.clip_y, show.bar.clip_w, show.bar.clip_h};
+    draw_image_clipped(show.panel[0], show.bar.x, show.bar.y, area);
     draw_restore_next(area);
 }
 
 } // namespace
 
 i32 score_log_init() {
-    picture_mover = title_mover = {};
-    return image_load_sequence(panel, 1, "score/");
+    return image_load_sequence(show.panel, SCORE_SET.count, SCORE_SET.prefix);
 }
 
 void score_log_show(i32 puzzle) {
-    shown_puzzle = puzzle;
-    const image *picture = title_image_picture(puzzle);
-    const places from = title_screen_places();
-    const i32 y = center_y(picture->height);
-    glyph_mover_start(&picture_mover, picture, from.picture_x, from.picture_y, LEFT_X, y - LEFT_RISE, GLIDE_STEPS);
+    show.shown_puzzle = puzzle;
+    const places from = title_screen_places(), to = score_log_places();
+    glyph_mover_start(&show.picture_mover, shown_picture(), from.picture, to.picture, GLIDE_STEPS);
     // The title is text; its mover borrows the picture only so that the slot counts as filled.
-    glyph_mover_start(&title_mover, picture, from.title_x, from.title_y, LEFT_X + title_indent(),
-                      y + picture->height - LEFT_TEXT_RISE, GLIDE_STEPS);
+    glyph_mover_start(&show.title_mover, shown_picture(), from.title, to.title, GLIDE_STEPS);
 }
 
 void score_log_enter() {
     cursor_select(CURSOR_ARROW);
-    log_flags = LOG_FIRST_FRAME;
-    step = 0;
-    countdown = FIRST_STEP_LENGTH;
+    show.log_flags = LOG_REDRAW;
+    show.step = 0;
+    show.countdown = FIRST_STEP_LENGTH;
 }
 
 void score_log_update() {
-    if (step >= STEP_SKIPPABLE && (mouse_pressed(MOUSE_LEFT) || first_pressed_key() != 0))
+    if (show.step >= STEP_SKIPPABLE && click_or_key_pressed())
         skip_or_leave();
-    glyph_mover_step(&picture_mover);
-    glyph_mover_step(&title_mover);
-    if ((log_flags & LOG_LEAVING) != 0 && glyph_mover_arrived(&picture_mover) && glyph_mover_arrived(&title_mover))
+    glyph_mover_step(&show.picture_mover);
+    glyph_mover_step(&show.title_mover);
+    if ((show.log_flags & LOG_LEAVING) != 0 && glyph_mover_arrived(&show.picture_mover) &&
+        glyph_mover_arrived(&show.title_mover))
         screen_request(SCREEN_TITLE);
-    if ((log_flags & LOG_SHOW_FINISHED) == 0)
+    if ((show.log_flags & LOG_SHOW_FINISHED) == 0)
         advance_show();
 }
 
 void score_log_draw() {
-    if ((log_flags & LOG_FIRST_FRAME) != 0) {
+    if (take_flag(&show.log_flags, LOG_REDRAW)) {
         draw_image_bg(title_image_background(), 0, 0);
         draw_restore(WHOLE_SCREEN);
-        log_flags &= ~LOG_FIRST_FRAME;
     }
-    draw_image(picture_mover.glyph, picture_mover.x, picture_mover.y, true);
-    text_draw(puzzle_title(shown_puzzle), title_mover.x, title_mover.y, GREY, TEXT_TRANSIENT);
-    if ((log_flags & LOG_LEAVING) != 0)
+    draw_image(show.picture_mover.glyph, show.picture_mover.x, show.picture_mover.y, true);
+    text_draw(puzzle_title(show.shown_puzzle), show.title_mover.x, show.title_mover.y, GREY, TEXT_TRANSIENT);
+    if ((show.log_flags & LOG_LEAVING) != 0)
         return;
     draw_headings();
-    const puzzle_scores *scores = best_times_for_puzzle(shown_puzzle);
-    if (step >= STEP_BAR) {
+    const puzzle_scores *scores = best_times_for_puzzle(show.shown_puzzle);
+    if (show.step >= STEP_BAR) {
         draw_bar();
         draw_masters(scores);
     }
-    if (step >= STEP_LOG)
+    if (show.step >= STEP_LOG)
         draw_log(scores);
 }
 
 void score_log_shutdown() {
-    image_free_array(panel, 1);
+    image_free_array(show.panel, SCORE_SET.count);
 }

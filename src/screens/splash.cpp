@@ -1,4 +1,4 @@
-// splash.cpp: the list of all puzzles, the reveal, and the wipe to black.
+// splash.cpp: the list of all puzzles, the reveal, and the way on.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -7,7 +7,6 @@
 #include "core/base/app_state.h"
 #include "core/base/puzzle_info.h"
 #include "core/base/screen_id.h"
-#include "core/ui/button.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/cursor.h"
@@ -18,57 +17,50 @@
 
 namespace {
 
-// Places in the set; buttons are followed by their hover and pressed pictures.
-enum splash_picture : i32 {
-    PICTURE_BOTTOM = 1,
-    PICTURE_WEB = 3,
-    PICTURE_CONTINUE = 6,
-    PICTURE_REVEALED = 9,
-    PICTURE_QUIT = 10,
-    PICTURE_COUNT = 13
-};
-
 constexpr i32 BUTTON_X = 659, WEB_Y = 444, GO_Y = 480;
 constexpr i32 REVEALED_X = 234, REVEALED_Y = 145;
 constexpr i32 REVEAL_START = 3, REVEAL_STEP = 20, REVEAL_MARGIN = 10; // pixels of width
 constexpr i32 AFTER_WIPE_QUIT = -1;
 
-constexpr u32 SPLASH_FIRST_FRAME = 0x1;
+constexpr u32 SPLASH_REDRAW = 0x1; // draw the background again
 constexpr u32 SPLASH_PICTURE_DRAWN = 0x2;
 constexpr u32 SPLASH_BUTTONS_SHOWN = 0x4;
 
-image *splash_pictures[PICTURE_COUNT];
-ptr_array<button> *buttons = nullptr;
-button *hovered = nullptr;
-i32 reveal_width = 0; // grows until the picture and the buttons are shown
-u32 splash_flags = 0;
-i32 after_wipe = SCREEN_TITLE; // or AFTER_WIPE_QUIT
+struct splash_state {
+    image *splash_pictures[SPLASH_SET.count]; // owned
+    ptr_array<button> *buttons;               // owned
+    button *hovered;
+    i32 reveal_width; // grows until the picture and the buttons are shown
+    u32 splash_flags;
+    i32 after_wipe; // a screen_id or AFTER_WIPE_QUIT
+};
+splash_state splash;
 
 i32 reveal_end() {
-    return splash_pictures[PICTURE_REVEALED]->width + REVEAL_MARGIN;
+    return splash.splash_pictures[SPLASH_SCENE]->width + REVEAL_MARGIN;
 }
 
 void wipe_and_go(button *, std::intptr_t, std::intptr_t) {
     wipe_to_black();
-    splash_flags &= ~SPLASH_BUTTONS_SHOWN; // or this frame would draw them on the black window
-    if (after_wipe == AFTER_WIPE_QUIT)
+    splash.splash_flags &= ~SPLASH_BUTTONS_SHOWN; // or this frame would draw them on the black window
+    if (splash.after_wipe == AFTER_WIPE_QUIT)
         app_request_quit();
     else
-        screen_request(static_cast<screen_id>(after_wipe));
+        screen_request(static_cast<screen_id>(splash.after_wipe));
 }
 
-void set_layout(splash_picture go_picture, i32 target) {
-    ptr_array_clear(buttons);
-    hovered = nullptr;
-    button_add(buttons, splash_pictures + PICTURE_WEB, BUTTON_X, WEB_Y, quit_to_web_page);
-    button_add(buttons, splash_pictures + go_picture, BUTTON_X, GO_Y, wipe_and_go);
-    reveal_width = REVEAL_START;
-    after_wipe = target;
+void set_layout(const set_part &go_button, i32 target) {
+    ptr_array_clear(splash.buttons);
+    splash.hovered = nullptr;
+    add_button(splash.buttons, splash.splash_pictures, SPLASH_WEB_BUTTON, {BUTTON_X, WEB_Y}, quit_to_web_page);
+    add_button(splash.buttons, splash.splash_pictures, go_button, {BUTTON_X, GO_Y}, wipe_and_go);
+    splash.reveal_width = REVEAL_START;
+    splash.after_wipe = target;
 }
 
-void draw_first_frame() {
+void draw_background() {
     draw_image_bg(title_image_background(), 0, 0);
-    const image *bottom = splash_pictures[PICTURE_BOTTOM];
+    const image *bottom = splash.splash_pictures[SPLASH_FOOTER];
     draw_image_bg(bottom, center_x(bottom->width), FOOTER_BOTTOM - bottom->height);
     for (i32 row = 0; row < PUZZLE_COUNT; ++row) {
         const i32 type = PUZZLE_LIST_ORDER[row];
@@ -82,18 +74,18 @@ void draw_first_frame() {
 } // namespace
 
 void splash_layout_opening() {
-    set_layout(PICTURE_CONTINUE, SCREEN_TITLE);
+    set_layout(SPLASH_GO_BUTTON, SCREEN_TITLE);
 }
 
 void splash_layout_closing() {
-    set_layout(PICTURE_QUIT, AFTER_WIPE_QUIT);
+    set_layout(SPLASH_QUIT_BUTTON, AFTER_WIPE_QUIT);
 }
 
 i32 splash_init() {
-    if (image_load_sequence(splash_pictures, PICTURE_COUNT, "splash/") < 0)
+    if (image_load_sequence(splash.splash_pictures, SPLASH_SET.count, SPLASH_SET.prefix) < 0)
         return -1;
-    buttons = ptr_array_create<button>(button_free);
-    if (buttons == nullptr)
+    splash.buttons = ptr_array_create<button>(button_free);
+    if (splash.buttons == nullptr)
         return -1;
     splash_layout_opening();
     return 1;
@@ -102,40 +94,35 @@ i32 splash_init() {
 void splash_enter() {
     cursor_select(CURSOR_ARROW);
     cursor_show(true);
-    splash_flags = SPLASH_FIRST_FRAME;
-    hovered = nullptr;
+    splash.splash_flags = SPLASH_REDRAW;
+    splash.hovered = nullptr;
 }
 
 void splash_update() {
-    if (reveal_width < reveal_end()) {
-        reveal_width += REVEAL_STEP;
+    if (splash.reveal_width < reveal_end()) {
+        splash.reveal_width += REVEAL_STEP;
     } else {
-        reveal_width = reveal_end();
-        splash_flags |= SPLASH_BUTTONS_SHOWN;
+        splash.reveal_width = reveal_end();
+        splash.splash_flags |= SPLASH_BUTTONS_SHOWN;
     }
-    if ((splash_flags & SPLASH_BUTTONS_SHOWN) == 0)
+    if ((splash.splash_flags & SPLASH_BUTTONS_SHOWN) == 0)
         return;
-    button_change_hover(&hovered, button_tick_and_find(buttons, mouse_x, mouse_y));
-    button_follow_mouse(hovered);
+    buttons_follow_mouse(&splash.hovered, button_tick_and_find(splash.buttons, mouse_x, mouse_y));
 }
 
 void splash_draw() {
-    if ((splash_flags & SPLASH_FIRST_FRAME) != 0) {
-        draw_first_frame();
-        splash_flags &= ~SPLASH_FIRST_FRAME;
+    if (take_flag(&splash.splash_flags, SPLASH_REDRAW))
+        draw_background();
+    if (splash.reveal_width >= reveal_end() && (splash.splash_flags & SPLASH_PICTURE_DRAWN) == 0) {
+        draw_image_bg_show(splash.splash_pictures[SPLASH_SCENE], REVEALED_X, REVEALED_Y);
+        splash.splash_flags |= SPLASH_PICTURE_DRAWN;
     }
-    if (reveal_width >= reveal_end() && (splash_flags & SPLASH_PICTURE_DRAWN) == 0) {
-        draw_image_bg_show(splash_pictures[PICTURE_REVEALED], REVEALED_X, REVEALED_Y);
-        splash_flags |= SPLASH_PICTURE_DRAWN;
-    }
-    if ((splash_flags & SPLASH_BUTTONS_SHOWN) != 0)
-        for (const button *b : each(buttons))
-            button_draw(b);
+    if ((splash.splash_flags & SPLASH_BUTTONS_SHOWN) != 0)
+        draw_buttons(splash.buttons);
 }
 
 void splash_shutdown() {
-    image_free_array(splash_pictures, PICTURE_COUNT);
-    ptr_array_destroy(buttons);
-    buttons = nullptr;
-    hovered = nullptr;
+    image_free_array(splash.splash_pictures, SPLASH_SET.count);
+    ptr_array_destroy(splash.buttons);
+    splash = {};
 }

@@ -6,9 +6,7 @@
 
 #include "core/base/app_state.h"
 #include "core/base/screen_id.h"
-#include "core/base/settings.h"
 #include "core/base/strings.h"
-#include "core/ui/button.h"
 #include "core/ui/help.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
@@ -25,16 +23,6 @@
 
 namespace {
 
-// Places in the set; each is followed by its hover and pressed picture.
-enum study_picture : i32 {
-    PICTURE_BACK = 0,
-    PICTURE_HELP = 3,
-    PICTURE_CLEAR = 6,
-    PICTURE_FILL = 9,
-    PICTURE_PLAY = 12,
-    PICTURE_COUNT = 15
-};
-
 constexpr i32 WEB_X = 5;
 constexpr i32 TEXT_WIDTH = 510, TEXT_Y = 595;
 
@@ -47,11 +35,14 @@ constexpr help_row HELP_ROWS[] = {
     {"Use these buttons to fill or clear the board completely.", 390, 550, 100, 1, {{715, 535, 742, 486}}},
 };
 
-image *study_pictures[PICTURE_COUNT];
-ptr_array<button> *buttons = nullptr;
-button *hovered = nullptr;
-u32 study_flags = 0;
-char *study_text = nullptr; // owned; word-wrapped
+struct study_state {
+    image *study_pictures[STUDY_SET.count]; // owned
+    ptr_array<button> *buttons;             // owned
+    button *hovered;
+    u32 study_flags;
+    char *study_text; // owned; word-wrapped
+};
+study_state study;
 
 // --- Buttons -------------------------------------------------------------------------------------
 
@@ -76,29 +67,18 @@ void show_help(button *, std::intptr_t, std::intptr_t) {
     help_show(rows);
 }
 
-// The column's buttons, from the bottom up in the order in which they are made.
-struct column_button {
-    study_picture picture;
-    i32 n;
-    button_callback callback;
-    std::intptr_t arg;
-};
-
 constexpr column_button COLUMN[] = {
-    {PICTURE_BACK, 1, request_screen, SCREEN_TITLE},
-    {PICTURE_PLAY, 2, play_puzzle, 0},
-    {PICTURE_HELP, 3, show_help, 0},
-    {PICTURE_CLEAR, 4, clear_board, 0},
-    {PICTURE_FILL, 5, fill_board, 0},
+    {STUDY_BACK_BUTTON, 1, request_screen, SCREEN_TITLE},
+    {STUDY_PLAY_BUTTON, 2, play_puzzle, 0},
+    {STUDY_HELP_BUTTON, 3, show_help, 0},
+    {STUDY_CLEAR_BUTTON, 4, clear_board, 0},
+    {STUDY_FILL_BUTTON, 5, fill_board, 0},
 };
 
 void build_buttons() {
-    ptr_array_clear(buttons);
-    add_web_button(buttons, WEB_X, COLUMN_BOTTOM - title_image_web(BUTTON_LOOK_NORMAL)->height);
-    const i32 w = study_pictures[PICTURE_BACK]->width, h = study_pictures[PICTURE_BACK]->height;
-    for (const column_button &row : COLUMN)
-        button_add(buttons, study_pictures + row.picture, COLUMN_RIGHT - w, column_top(row.n, h), row.callback,
-                   row.arg);
+    ptr_array_clear(study.buttons);
+    add_web_button(study.buttons, {WEB_X, COLUMN_BOTTOM - title_image_web(BUTTON_LOOK_NORMAL)->height});
+    add_column(study.buttons, study.study_pictures, STUDY_BACK_BUTTON.first, COLUMN);
 }
 
 // --- Enter ---------------------------------------------------------------------------------------
@@ -107,10 +87,10 @@ void build_buttons() {
 void load_text(i32 type) {
     char *name = nullptr;
     if (string_printf(&name, "study%i.txt", type) >= 0)
-        data_archive_read_text(&study_text, name);
+        data_archive_read_text(&study.study_text, name);
     std::free(name);
-    if (study_text != nullptr)
-        text_wrap(study_text, TEXT_WIDTH);
+    if (study.study_text != nullptr)
+        text_wrap(study.study_text, TEXT_WIDTH);
 }
 
 void help_on_first_visit() {
@@ -126,65 +106,53 @@ void help_on_first_visit() {
 } // namespace
 
 i32 study_init() {
-    if (image_load_sequence(study_pictures, PICTURE_COUNT, "study/") < 0)
+    if (image_load_sequence(study.study_pictures, STUDY_SET.count, STUDY_SET.prefix) < 0)
         return -1;
-    buttons = ptr_array_create<button>(button_free);
-    study_flags = 0;
-    return buttons != nullptr ? 1 : -1;
+    study.buttons = ptr_array_create<button>(button_free);
+    return study.buttons != nullptr ? 1 : -1;
 }
 
 void study_enter() {
     cursor_select(CURSOR_ARROW);
     cursor_show(true);
-    hovered = nullptr;
+    study.hovered = nullptr;
     if (board_prepare(app) < 0 || board_start(app->board) < 0) {
-        study_flags = STUDY_BROKEN;
+        study.study_flags = STUDY_BROKEN;
         screen_request(SCREEN_TITLE);
         return;
     }
     board_study_begin(app->board);
     load_text(app->board->type);
     build_buttons();
-    study_flags = STUDY_REDRAW;
+    study.study_flags = STUDY_REDRAW;
     help_on_first_visit();
 }
 
 void study_update() {
-    if ((study_flags & STUDY_BROKEN) != 0)
+    if ((study.study_flags & STUDY_BROKEN) != 0)
         return;
-    button_change_hover(&hovered, button_tick_and_find(buttons, mouse_x, mouse_y));
-    const bool click = mouse_pressed(MOUSE_LEFT) && !settings_help_showing();
-    if (hovered == nullptr) {
-        if (click)
-            board_study_toggle(app->board, mouse_x, mouse_y);
-    } else if (click) {
-        button_press(hovered);
-    } else if (!mouse_held(MOUSE_LEFT)) {
-        button_release(hovered);
-    }
+    buttons_follow_mouse(&study.hovered, button_tick_and_find(study.buttons, mouse_x, mouse_y));
+    if (study.hovered == nullptr && clicked())
+        board_study_toggle(app->board, mouse_x, mouse_y);
     board_update(app->board);
 }
 
 void study_draw() {
-    if ((study_flags & STUDY_BROKEN) != 0)
+    if ((study.study_flags & STUDY_BROKEN) != 0)
         return;
-    if ((study_flags & STUDY_REDRAW) != 0) {
+    if (take_flag(&study.study_flags, STUDY_REDRAW)) {
         board_draw_background(app->board);
-        if (study_text != nullptr)
-            text_draw(study_text, center_x(text_measure(study_text).width), TEXT_Y, NAVY, TEXT_TO_BG);
+        if (study.study_text != nullptr)
+            text_draw(study.study_text, center_x(text_measure(study.study_text).width), TEXT_Y, NAVY, TEXT_TO_BG);
         draw_restore(WHOLE_SCREEN);
-        study_flags &= ~STUDY_REDRAW;
     }
     board_draw(app->board);
-    for (const button *b : each(buttons))
-        button_draw(b);
+    draw_buttons(study.buttons);
 }
 
 void study_shutdown() {
-    image_free_array(study_pictures, PICTURE_COUNT);
-    ptr_array_destroy(buttons);
-    buttons = nullptr;
-    hovered = nullptr;
-    std::free(study_text);
-    study_text = nullptr;
+    image_free_array(study.study_pictures, STUDY_SET.count);
+    ptr_array_destroy(study.buttons);
+    std::free(study.study_text);
+    study = {};
 }

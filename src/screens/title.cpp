@@ -8,7 +8,6 @@
 #include "core/base/puzzle_info.h"
 #include "core/base/screen_id.h"
 #include "core/base/settings.h"
-#include "core/ui/button.h"
 #include "core/ui/help.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
@@ -37,7 +36,7 @@ constexpr i32 MARK_X = 22, MARK_Y = 135;
 constexpr i32 SUBHEADING_Y = 97;
 constexpr u8 PULSE_LOW = 180, PULSE_HIGH = 250, PULSE_BLUE = 64;
 
-constexpr u32 TITLE_REBUILD = 0x1;    // rebuild the background at the next draw
+constexpr u32 TITLE_REDRAW = 0x1;     // draw the background again
 constexpr u32 TITLE_SLIDING = 0x2;    // a picture slide is running
 constexpr u32 TITLE_FROM_LEFT = 0x4;  // direction of the next slide
 constexpr u32 TITLE_SKIP_DRAW = 0x10; // the wipe's last picture stands until the study screen comes
@@ -47,19 +46,22 @@ constexpr help_row HELP_ROWS[] = {
     {"Use these buttons to study or play.", 476, 461, 100, 1, {{708, 458, 730, 484}}},
 };
 
-// List positions 0..10, NONE for none.
-i32 selected = NONE; // chosen by the player
-i32 shown = NONE;    // its picture stands in the picture area
-i32 pending = NONE;  // its picture is sliding in
-u32 title_flags = 0;
-glyph_mover slide_out, slide_in;
-rect clip_out, clip_in; // the picture area that each mover is clipped to
-ptr_array<button> *buttons = nullptr;
-button *hovered = nullptr;
-button *escape_button = nullptr;
-u32 mastered = 0;     // bit t: the current player has a master's score in puzzle type t
-u8 pulse = PULSE_LOW; // red and green of the selected name
-i32 pulse_dir = 1;
+struct title_state {
+    // List positions 0..10, NONE for none.
+    i32 selected; // chosen by the player
+    i32 shown;    // its picture stands in the picture area
+    i32 pending;  // its picture is sliding in
+    u32 title_flags;
+    glyph_mover slide_out, slide_in;
+    rect clip_out, clip_in;     // the picture area that each mover is clipped to
+    ptr_array<button> *buttons; // owned
+    button *hovered;
+    button *escape_button;
+    u32 mastered;  // bit t: the current player has a master's score in puzzle type t
+    u8 pulse;      // red and green of the selected name
+    i32 pulse_dir; // a frame
+};
+title_state title;
 
 // --- Buttons -------------------------------------------------------------------------------------
 
@@ -78,58 +80,41 @@ void show_help(button *, std::intptr_t, std::intptr_t) {
 }
 
 void study_selected(button *, std::intptr_t, std::intptr_t) {
-    if (selected < 0 || selected >= PUZZLE_COUNT)
+    if (title.selected < 0 || title.selected >= PUZZLE_COUNT)
         return;
-    app_state_select_puzzle(app, PUZZLE_LIST_ORDER[selected]);
+    app_state_select_puzzle(app, PUZZLE_LIST_ORDER[title.selected]);
     wipe_to_study();
-    title_flags |= TITLE_SKIP_DRAW;
+    title.title_flags |= TITLE_SKIP_DRAW;
     screen_request(SCREEN_STUDY);
 }
 
 void show_scores(button *, std::intptr_t, std::intptr_t) {
-    if (selected < 0 || selected >= PUZZLE_COUNT)
+    if (title.selected < 0 || title.selected >= PUZZLE_COUNT)
         return;
     sound_play(SOUND_SCORE_LOG);
-    score_log_show(PUZZLE_LIST_ORDER[selected]);
+    score_log_show(PUZZLE_LIST_ORDER[title.selected]);
     screen_request(SCREEN_SCORE_LOG);
 }
 
-// The column's buttons: the place of the normal, hover and pressed pictures, and the nth from the bottom.
-struct column_button {
-    i32 pictures[BUTTON_LOOK_COUNT];
-    i32 n;
-    bool needs_selection;
-    button_callback callback;
-    std::intptr_t arg;
-};
-
-constexpr i32 EXIT_PLACE = 1; // n of the exit button
 constexpr column_button COLUMN[] = {
-    {{43, 44, 45}, 3, false, request_screen, SCREEN_CREDITS},
-    {{26, 32, 38}, 4, false, ask_name, 0},
-    {{27, 33, 39}, 2, false, show_help, 0},
-    {{28, 34, 40}, EXIT_PLACE, false, ask_exit, 0},
-    {{55, 56, 57}, 6, true, study_selected, 0},
-    {{25, 31, 37}, 5, true, show_scores, 0},
+    {TITLE_CREDITS_BUTTON, 3, request_screen, SCREEN_CREDITS},
+    {TITLE_NAME_BUTTON, 4, ask_name, 0},
+    {TITLE_HELP_BUTTON, 2, show_help, 0},
+    {TITLE_EXIT_BUTTON, 1, ask_exit, 0},
 };
-constexpr i32 SIZE_PICTURE = 26; // its size sets that of the whole column
+constexpr column_button SELECTION_COLUMN[] = {
+    {TITLE_STUDY_BUTTON, 6, study_selected, 0},
+    {TITLE_SCORES_BUTTON, 5, show_scores, 0},
+};
 
 void build_buttons() {
-    ptr_array_clear(buttons);
-    hovered = nullptr;
-    escape_button = nullptr;
-    add_web_button(buttons, WEB_X, WEB_Y);
-    const i32 w = title_image(SIZE_PICTURE)->width, h = title_image(SIZE_PICTURE)->height;
-    for (const column_button &row : COLUMN) {
-        if (row.needs_selection && selected < 0)
-            continue;
-        const image *const pictures[] = {title_image(row.pictures[0]), title_image(row.pictures[1]),
-                                         title_image(row.pictures[2])};
-        button *b = button_add(buttons, pictures, COLUMN_RIGHT - w, column_top(row.n, h), row.callback, row.arg);
-        if (row.n == EXIT_PLACE)
-            escape_button = b;
-    }
-    mastered = app_has(APP_NAME_SET) ? player_mastered(app->player_name) : 0;
+    ptr_array_clear(title.buttons);
+    title.hovered = nullptr;
+    add_web_button(title.buttons, {WEB_X, WEB_Y});
+    title.escape_button = add_column(title.buttons, title_pictures(), TITLE_NAME_BUTTON.first, COLUMN);
+    if (title.selected >= 0)
+        add_column(title.buttons, title_pictures(), TITLE_NAME_BUTTON.first, SELECTION_COLUMN);
+    title.mastered = app_has(APP_NAME_SET) ? player_mastered(app->player_name) : 0;
 }
 
 // --- Update --------------------------------------------------------------------------------------
@@ -142,84 +127,74 @@ i32 candidate() {
         return inside && row < PUZZLE_COUNT ? row : NONE;
     }
     if (key_pressed(SDLK_DOWN))
-        return selected < 0 ? 0 : std::min(selected + 1, PUZZLE_COUNT - 1);
+        return title.selected < 0 ? 0 : std::min(title.selected + 1, PUZZLE_COUNT - 1);
     if (key_pressed(SDLK_UP))
-        return selected < 0 ? PUZZLE_COUNT - 1 : std::max(selected - 1, 0);
+        return title.selected < 0 ? PUZZLE_COUNT - 1 : std::max(title.selected - 1, 0);
     return NONE;
 }
 
 void choose() {
     const i32 row = candidate();
-    if (row == NONE || settings_help_showing() || row == selected)
+    if (row == NONE || settings_help_showing() || row == title.selected)
         return;
-    selected = row;
+    title.selected = row;
     sound_play(SOUND_BOARD_SLIDE);
 }
 
-const image *puzzle_picture(i32 position) {
-    return title_image_picture(PUZZLE_LIST_ORDER[position]);
+// Starts one picture's part of a slide; it begins and ends left of the picture area (-1), in it (0) or right of it (1).
+void start_mover(glyph_mover *mover, rect *clip, i32 position, i32 from, i32 to) {
+    const image *picture = title_image_picture(PUZZLE_LIST_ORDER[position]);
+    const i32 w = picture->width, y = PICTURE_CENTRE_Y - half(picture->height);
+    glyph_mover_start(mover, picture, {PICTURE_X + from * w, y}, {PICTURE_X + to * w, y}, SLIDE_STEPS);
+    *clip = {PICTURE_X, y, w, picture->height};
 }
 
 void start_slide() {
-    const bool from_left = (title_flags & TITLE_FROM_LEFT) != 0;
-    if (shown >= 0) {
-        const image *old = puzzle_picture(shown);
-        const i32 y = PICTURE_CENTRE_Y - half(old->height);
-        const i32 end = from_left ? PICTURE_X + old->width : PICTURE_X - old->width;
-        glyph_mover_start(&slide_out, old, PICTURE_X, y, end, y, SLIDE_STEPS);
-        clip_out = {PICTURE_X, y, old->width, old->height};
-    }
-    const image *fresh = puzzle_picture(selected);
-    const i32 y = PICTURE_CENTRE_Y - half(fresh->height);
-    const i32 start = from_left ? PICTURE_X - fresh->width : PICTURE_X + fresh->width;
-    glyph_mover_start(&slide_in, fresh, start, y, PICTURE_X, y, SLIDE_STEPS);
-    clip_in = {PICTURE_X, y, fresh->width, fresh->height};
-    title_flags |= TITLE_SLIDING;
-    title_flags ^= TITLE_FROM_LEFT;
-    pending = selected;
+    const i32 side = (title.title_flags & TITLE_FROM_LEFT) != 0 ? -1 : 1;
+    if (title.shown >= 0)
+        start_mover(&title.slide_out, &title.clip_out, title.shown, 0, -side);
+    start_mover(&title.slide_in, &title.clip_in, title.selected, side, 0);
+    title.title_flags |= TITLE_SLIDING;
+    title.title_flags ^= TITLE_FROM_LEFT;
+    title.pending = title.selected;
     build_buttons();
 }
 
 void slide() {
-    if ((title_flags & TITLE_SLIDING) == 0) {
-        if (selected != shown)
+    if ((title.title_flags & TITLE_SLIDING) == 0) {
+        if (title.selected != title.shown)
             start_slide();
         return;
     }
     bool moved = false;
-    for (glyph_mover *mover : {&slide_out, &slide_in}) {
+    for (glyph_mover *mover : {&title.slide_out, &title.slide_in}) {
         if (!glyph_mover_arrived(mover)) {
             glyph_mover_step(mover);
             moved = true;
         }
     }
     if (!moved) {
-        title_flags &= ~TITLE_SLIDING;
-        shown = pending;
+        title.title_flags &= ~TITLE_SLIDING;
+        title.shown = title.pending;
     }
 }
 
 void update_buttons() {
-    button_change_hover(&hovered, button_tick_and_find(buttons, mouse_x, mouse_y));
-    if (hovered != nullptr && mouse_pressed(MOUSE_LEFT) && !settings_help_showing()) {
-        button_press(hovered);
+    if (buttons_follow_mouse(&title.hovered, button_tick_and_find(title.buttons, mouse_x, mouse_y)))
         return;
-    }
-    if (hovered != nullptr && !mouse_held(MOUSE_LEFT))
-        button_release(hovered);
     if (key_pressed(SDLK_ESCAPE)) {
         help_stop();
-        if (escape_button != nullptr)
-            button_press(escape_button);
+        if (title.escape_button != nullptr)
+            button_press(title.escape_button);
     }
 }
 
 void pulse_highlight() {
-    pulse = static_cast<u8>(pulse + pulse_dir);
-    if (pulse >= PULSE_HIGH)
-        pulse_dir = -1;
-    else if (pulse <= PULSE_LOW)
-        pulse_dir = 1;
+    title.pulse = static_cast<u8>(title.pulse + title.pulse_dir);
+    if (title.pulse >= PULSE_HIGH)
+        title.pulse_dir = -1;
+    else if (title.pulse <= PULSE_LOW)
+        title.pulse_dir = 1;
 }
 
 // --- Draw ----------------------------------------------------------------------------------------
@@ -236,9 +211,9 @@ void draw_background() {
 void draw_list_rows() {
     for (i32 row = 0; row < PUZZLE_COUNT; ++row) {
         const i32 type = PUZZLE_LIST_ORDER[row];
-        const rgb colour = row == selected ? rgb{pulse, pulse, PULSE_BLUE} : LIGHT_GREY;
+        const rgb colour = row == title.selected ? rgb{title.pulse, title.pulse, PULSE_BLUE} : LIGHT_GREY;
         text_draw(puzzle_title(type), LIST_TEXT_X, LIST_TEXT_Y + LIST_PITCH * row, colour, TEXT_TRANSIENT);
-        if ((mastered >> type & 1) != 0)
+        if ((title.mastered >> type & 1) != 0)
             draw_image(title_image(TITLE_MASTER_MARK), MARK_X, MARK_Y + LIST_PITCH * row, true);
     }
 }
@@ -251,42 +226,38 @@ void draw_mover(const glyph_mover &mover, const rect &clip) {
 }
 
 void draw_picture_area() {
-    const bool sliding = (title_flags & TITLE_SLIDING) != 0;
-    if (shown < 0 && !sliding) {
+    const bool sliding = (title.title_flags & TITLE_SLIDING) != 0;
+    if (title.shown < 0 && !sliding) {
         text_draw("Choose a puzzle", HINT_X, HINT_Y, LIGHT_GREY, TEXT_TRANSIENT);
         return;
     }
-    draw_mover(slide_out, clip_out);
-    draw_mover(slide_in, clip_in);
+    draw_mover(title.slide_out, title.clip_out);
+    draw_mover(title.slide_in, title.clip_in);
     if (sliding)
         return;
-    const char *title = puzzle_title(PUZZLE_LIST_ORDER[shown]);
-    const i32 x = slide_in.x + half(slide_in.glyph->width) - half(text_measure(title).width);
-    text_draw(title, x, slide_in.y - TITLE_ABOVE, LIGHT_GREY, TEXT_TRANSIENT);
+    const char *name = puzzle_title(PUZZLE_LIST_ORDER[title.shown]);
+    const i32 x = centre_in(title.slide_in.x, title.slide_in.glyph->width, text_measure(name).width);
+    text_draw(name, x, title.slide_in.y - TITLE_ABOVE, LIGHT_GREY, TEXT_TRANSIENT);
 }
 
 } // namespace
 
 i32 title_init() {
-    if (title_pictures_load() < 0)
-        return -1;
-    slide_out = slide_in = {};
-    slide_out.flags = slide_in.flags = GLYPH_ARRIVED;
-    clip_out = clip_in = {};
-    selected = shown = NONE;
-    title_flags = 0;
-    buttons = ptr_array_create<button>(button_free);
-    return buttons != nullptr ? 1 : -1;
+    title = {};
+    title.selected = title.shown = NONE;
+    title.slide_out.flags = title.slide_in.flags = GLYPH_ARRIVED;
+    title.buttons = ptr_array_create<button>(button_free);
+    return title.buttons != nullptr ? title_pictures_load() : -1;
 }
 
 void title_enter() {
     cursor_select(CURSOR_ARROW);
     cursor_show(true);
-    title_flags |= TITLE_REBUILD;
-    pending = shown;
+    title.title_flags |= TITLE_REDRAW;
+    title.pending = title.shown;
     build_buttons();
-    pulse = PULSE_LOW;
-    pulse_dir = 1;
+    title.pulse = PULSE_LOW;
+    title.pulse_dir = 1;
 }
 
 void title_update() {
@@ -297,37 +268,31 @@ void title_update() {
 }
 
 void title_draw() {
-    if ((title_flags & TITLE_SKIP_DRAW) != 0) {
-        title_flags &= ~TITLE_SKIP_DRAW;
+    if (take_flag(&title.title_flags, TITLE_SKIP_DRAW))
         return;
-    }
-    if ((title_flags & TITLE_REBUILD) != 0) {
+    if (take_flag(&title.title_flags, TITLE_REDRAW))
         draw_background();
-        title_flags &= ~TITLE_REBUILD;
-    }
     const image *heading = title_image_heading();
     const image *subheading = title_image(TITLE_SUBHEADING);
     draw_image(heading, HEADING_X, HEADING_Y, true);
-    draw_image(subheading, HEADING_X + half(heading->width) - half(subheading->width), SUBHEADING_Y, true);
+    draw_image(subheading, centre_in(HEADING_X, heading->width, subheading->width), SUBHEADING_Y, true);
     draw_list_rows();
     draw_picture_area();
-    for (const button *b : each(buttons))
-        button_draw(b);
+    draw_buttons(title.buttons);
     if (app_has(APP_NAME_SET))
-        text_draw(app->player_name, PLAYER_NAME_X, PLAYER_NAME_Y, YELLOW, TEXT_TRANSIENT);
+        draw_player_name(YELLOW);
 }
 
 // A slide cut short is complete when the screen comes back.
 void title_leave() {
-    glyph_mover_finish(&slide_out);
-    glyph_mover_finish(&slide_in);
-    title_flags &= ~TITLE_SLIDING;
-    shown = pending;
+    glyph_mover_finish(&title.slide_out);
+    glyph_mover_finish(&title.slide_in);
+    title.title_flags &= ~TITLE_SLIDING;
+    title.shown = title.pending;
 }
 
 void title_shutdown() {
     title_pictures_free();
-    ptr_array_destroy(buttons);
-    buttons = nullptr;
-    hovered = escape_button = nullptr;
+    ptr_array_destroy(title.buttons);
+    title = {};
 }

@@ -18,6 +18,6 @@ void title_pictures_free() {
     image_free_array(pictures, TITLE_SET.count);
 }
 
-const image *title_image(i32 place) {
-    return pictures[place];
+const image *const *title_pictures() {
+    return pictures;
 }

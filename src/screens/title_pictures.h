@@ -11,7 +11,11 @@
 [[nodiscard]] i32 title_pictures_load(); // 1, or -1 when one cannot be loaded
 void title_pictures_free();              // safe when none was loaded
 
-const image *title_image(i32 place); // any of the set; null before the set is loaded
+const image *const *title_pictures(); // the whole set; all null before it is loaded
+
+inline const image *title_image(i32 place) {
+    return title_pictures()[place];
+}
 
 // One of the set by what it shows; a type is a puzzle type, a state a button_look.
 inline const image *title_image_background() {

@@ -29,16 +29,20 @@ bool step_axis(i32 &position, i32 target, i32 step) {
 
 } // namespace
 
-void glyph_mover_start(glyph_mover *m, const image *glyph, i32 x0, i32 y0, i32 x1, i32 y1, i32 frames) {
+void glyph_mover_start(glyph_mover *m, const image *glyph, point from, point to, i32 frames) {
     frames = std::max(frames, 1);
     *m = {.glyph = glyph,
           .flags = 0,
-          .x = x0,
-          .y = y0,
-          .target_x = x1,
-          .target_y = y1,
-          .step_x = step_length(x1 - x0, frames),
-          .step_y = step_length(y1 - y0, frames)};
+          .x = from.x,
+          .y = from.y,
+          .target_x = to.x,
+          .target_y = to.y,
+          .step_x = step_length(to.x - from.x, frames),
+          .step_y = step_length(to.y - from.y, frames)};
+}
+
+void glyph_mover_send(glyph_mover *m, point to, i32 frames) {
+    glyph_mover_start(m, m->glyph, {m->x, m->y}, to, frames);
 }
 
 void glyph_mover_step(glyph_mover *m) {

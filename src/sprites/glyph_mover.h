@@ -19,9 +19,10 @@ struct glyph_mover {
     i32 step_x, step_y; // pixels per frame
 };
 
-// From (x0, y0) to (x1, y1) in the given number of frames (at least 1). A distance that is not longer than the
-// number of frames is covered in the first of them.
-void glyph_mover_start(glyph_mover *m, const image *glyph, i32 x0, i32 y0, i32 x1, i32 y1, i32 frames);
+// In the given number of frames (at least 1). A distance that is not longer than the number of frames is covered in
+// the first of them.
+void glyph_mover_start(glyph_mover *m, const image *glyph, point from, point to, i32 frames);
+void glyph_mover_send(glyph_mover *m, point to, i32 frames); // likewise, from where it is
 void glyph_mover_step(glyph_mover *m);       // one frame; arrival is noticed in the frame after landing exactly
 void glyph_mover_finish(glyph_mover *m);     // jumps to the target
 void glyph_mover_draw(const glyph_mover *m); // nothing for an empty slot

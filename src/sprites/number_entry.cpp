@@ -25,11 +25,6 @@ bool takes_input(const number_entry *e) {
     return (e->flags & (ENTRY_ENTERED | ENTRY_CLOSED)) == 0;
 }
 
-// Sends a digit on from where it is.
-void fly_to(glyph_mover *m, i32 x, i32 y) {
-    glyph_mover_start(m, m->glyph, m->x, m->y, x, y, FLIGHT_FRAMES);
-}
-
 // An empty slot counts as arrived: nobody waits for it.
 void empty_slot(glyph_mover *m) {
     *m = {};
@@ -99,7 +94,7 @@ void number_entry_add_digit(number_entry *e, const rect &key, i32 digit) {
     const image *picture = e->digits[digit];
     const i32 from_x = key.x + half(key.w) - half(picture->width);
     const i32 from_y = key.y + half(key.h) - half(picture->height);
-    glyph_mover_start(&e->movers[length], picture, from_x, from_y, e->x + typed_width(e), e->y, FLIGHT_FRAMES);
+    glyph_mover_start(&e->movers[length], picture, {from_x, from_y}, {e->x + typed_width(e), e->y}, FLIGHT_FRAMES);
     e->text[length] = static_cast<char>('0' + digit);
 }
 
@@ -123,7 +118,7 @@ void number_entry_submit(number_entry *e, i32 expected) {
         glyph_mover_finish(&m);
         if (m.glyph == nullptr)
             continue;
-        fly_to(&m, e->dest_x + offset, e->dest_y);
+        glyph_mover_send(&m, {e->dest_x + offset, e->dest_y}, FLIGHT_FRAMES);
         offset += m.glyph->width + DIGIT_GAP;
     }
     e->flags |= ENTRY_ENTERED;
@@ -145,7 +140,7 @@ void number_entry_scatter(number_entry *e) {
             x = coin() ? 0 : SCREEN_WIDTH;
             y = std::rand() % SCREEN_HEIGHT;
         }
-        fly_to(&m, x, y);
+        glyph_mover_send(&m, {x, y}, FLIGHT_FRAMES);
     }
 }
 

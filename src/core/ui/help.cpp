@@ -100,7 +100,7 @@ void help_step_bubbles() {
         if (help.help_frame >= bubble.row.start_frame + PULSE_FRAMES)
             bubble_settle(&bubble);
     }
-    if (help.help_frame > CLICK_DEAF_FRAMES && (mouse_pressed(MOUSE_LEFT) || first_pressed_key() != 0))
+    if (help.help_frame > CLICK_DEAF_FRAMES && click_or_key_pressed())
         help_advance();
 }
 

@@ -24,7 +24,7 @@ TEST(glyph_mover, arrives_in_the_frames_laid_down) {
     const image picture = {};
     for (const auto &r : ROWS) {
         glyph_mover m = {};
-        glyph_mover_start(&m, &picture, 300, 200, 300 + r.dx, 200 + r.dy, r.frames);
+        glyph_mover_start(&m, &picture, {300, 200}, {300 + r.dx, 200 + r.dy}, r.frames);
         int landing = 0, arrival = 0;
         for (int frame = 1; frame <= 20; ++frame) {
             glyph_mover_step(&m);
