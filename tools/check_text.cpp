@@ -5,6 +5,7 @@
 #include "check_text.h"
 
 #include "core/base/puzzle_info.h"
+#include "entry_names.h"
 #include "graphics/glyph_names.h"
 #include "graphics/glyphs.h"
 #include "graphics/text.h"
@@ -81,7 +82,7 @@ void check_font(const archive_file &archive, std::vector<finding> *findings) {
     std::fill(std::begin(glyphs), std::end(glyphs), glyph{});
     bool complete = true;
     each_glyph([&](char c, std::string_view glyph_name) {
-        const std::string name = kit_glyph_entry(glyph_name);
+        const std::string name = entry_of_glyph(glyph_name);
         const xpm_reading reading = archive_picture(archive, name);
         complete = complete && reading.result;
         if (reading.result)
@@ -91,7 +92,7 @@ void check_font(const archive_file &archive, std::vector<finding> *findings) {
         const i32 width = text_measure(puzzle.title).width;
         if (complete && width > KIT_TITLE_WIDTH)
             findings->push_back(
-                {KIT_PICTURES + std::string(GLYPH_FOLDER),
+                {PICTURE_FOLDER + std::string(GLYPH_FOLDER),
                  "letters that make the title \"" + std::string(puzzle.title) + "\" " + std::to_string(width) + " wide",
                  "at most " + std::to_string(KIT_TITLE_WIDTH) + ": the list of puzzles is no wider"});
     }
@@ -108,8 +109,8 @@ void check_text(const kit_entry &entry, const archive_file &archive, std::vector
     if (size.width > KIT_TEXT_WIDTH)
         findings->push_back({entry.name, "a word or line " + std::to_string(size.width) + " wide that cannot be broken",
                              "spaces, so that lines are at most " + std::to_string(KIT_TEXT_WIDTH) + " wide"});
-    const xpm_reading board = archive_picture(archive, kit_puzzle_entry(entry.puzzle, PICTURE_BOARD));
-    const xpm_reading strip = archive_picture(archive, kit_puzzle_entry(entry.puzzle, PICTURE_STUDY_HELP));
+    const xpm_reading board = archive_picture(archive, entry_of_puzzle(entry.puzzle, PICTURE_BOARD));
+    const xpm_reading strip = archive_picture(archive, entry_of_puzzle(entry.puzzle, PICTURE_STUDY_HELP));
     if (!board.result || !strip.result)
         return;
     const i32 first_row =

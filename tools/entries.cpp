@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "entries.h"
 
+#include "entry_names.h"
 #include "graphics/glyph_names.h"
 #include "input/cursor_shapes.h"
 #include "screens/picture_sets.h"
@@ -251,26 +252,17 @@ static_assert(std::size(IN_PUZZLE) == PUZZLE_PICTURE_COUNT);
 
 // --- The list ------------------------------------------------------------------------------------
 
-constexpr i32 NUMBER_SIZE = 16; // bytes
-
-// The k-th picture of a series, from 0.
-std::string numbered(const std::string &prefix, i32 k) {
-    char number[NUMBER_SIZE];
-    std::snprintf(number, sizeof number, "%.3i.xpm", k + 1);
-    return KIT_PICTURES + prefix + number;
-}
-
 void add_shared(std::vector<kit_entry> *list) {
     for (const shared_row &row : SHARED)
         for (i32 k = 0; k < row.part.count; ++k)
-            list->push_back({numbered(row.set.prefix, row.part[k]), ENTRY_PICTURE, row.size,
-                             row.alike && k > 0 ? numbered(row.set.prefix, row.part[0]) : "", row.set.count, NO_PUZZLE,
+            list->push_back({entry_of(row.set, row.part[k]), ENTRY_PICTURE, row.size,
+                             row.alike && k > 0 ? entry_of(row.set, row.part[0]) : "", row.set.count, NO_PUZZLE,
                              row.role});
 }
 
 void add_glyphs(std::vector<kit_entry> *list) {
     each_glyph([list](char, std::string_view name) {
-        list->push_back({kit_glyph_entry(name), ENTRY_PICTURE, GLYPH_SIZE, "", 1, NO_PUZZLE, GLYPH_ROLE});
+        list->push_back({entry_of_glyph(name), ENTRY_PICTURE, GLYPH_SIZE, "", 1, NO_PUZZLE, GLYPH_ROLE});
     });
 }
 
@@ -279,8 +271,8 @@ void add_puzzle(std::vector<kit_entry> *list, i32 type) {
     for (const puzzle_row &row : IN_PUZZLE) {
         const i32 count = puzzle_picture_count(shape.layout, row.id);
         for (i32 k = 0; k < count; ++k)
-            list->push_back({kit_puzzle_entry(type, row.id, k), ENTRY_PICTURE, row.size(shape, k),
-                             row.alike != row.id ? kit_puzzle_entry(type, row.alike) : "",
+            list->push_back({entry_of_puzzle(type, row.id, k), ENTRY_PICTURE, row.size(shape, k),
+                             row.alike != row.id ? entry_of_puzzle(type, row.alike) : "",
                              puzzle_picture_is_series(row.id) ? count : 1, type, row.role});
     }
 }
@@ -318,15 +310,6 @@ std::string range_text(i32 low, i32 high, const char *word) {
 }
 
 } // namespace
-
-std::string kit_glyph_entry(std::string_view glyph_name) {
-    return KIT_PICTURES + std::string(GLYPH_FOLDER) + std::string(glyph_name) + ".xpm";
-}
-
-std::string kit_puzzle_entry(i32 type, puzzle_picture id, i32 k) {
-    const std::string name = std::string(PUZZLE_LAYOUTS[type].dir) + PUZZLE_PICTURES[id].name;
-    return puzzle_picture_is_series(id) ? numbered(name, k) : KIT_PICTURES + name;
-}
 
 const std::vector<kit_entry> &kit_entries() {
     static const std::vector<kit_entry> list = make_list();

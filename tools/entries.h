@@ -5,7 +5,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "puzzles/puzzle_pictures.h"
+#include "core/base/types.h"
 
 #include <string>
 #include <string_view>
@@ -48,9 +48,3 @@ inline constexpr i32 KIT_STRIP_GAP = 2;             // pixels between the board 
 inline constexpr i32 KIT_GLYPH_ABOVE = 15;          // rows of ink above the reference line
 inline constexpr i32 KIT_GLYPH_BELOW = 4;           // and below it
 inline constexpr i32 KIT_TITLE_WIDTH = 142;         // pixels that the list leaves for a puzzle's title
-
-inline constexpr char KIT_PICTURES[] = "xpm/"; // the archive's folder of pictures
-
-// Entries' names: of a glyph's picture, and of a puzzle's, the k-th of a series, from 0.
-std::string kit_glyph_entry(std::string_view glyph_name);
-std::string kit_puzzle_entry(i32 type, puzzle_picture id, i32 k = 0);
