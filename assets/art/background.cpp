@@ -7,6 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "palette.h"
 #include "paths.h"
+#include "save.h"
 #include "sets.h"
 
 #include <numbers>
@@ -84,7 +85,7 @@ void make_background() {
     draw_paper(paper);
     draw_squares(paper);
     draw_shapes(paper);
-    save(paper, "bg/001", {.dither = true});
+    save(paper, entry_of(BACKGROUND_SET, 0), {.dither = true});
 }
 
 } // namespace art

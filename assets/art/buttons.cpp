@@ -4,6 +4,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "buttons.h"
 
+#include "save.h"
+#include "text.h"
+
 #include "paths.h"
 
 #include <algorithm>
@@ -198,8 +201,8 @@ layout arrange(const button_style &style, bool with_icon, std::string_view label
 
 } // namespace
 
-void draw_plate(cairo_t *cr, const plate_skin &skin, button_state state, int x, int y, int w, int h) {
-    const bool pressed = state == button_state::pressed;
+void draw_plate(cairo_t *cr, const plate_skin &skin, button_look look, int x, int y, int w, int h) {
+    const bool pressed = look == BUTTON_LOOK_PRESSED;
     const double side = pressed ? skin.pressed_side_height : skin.side_height;
     const box whole = {.x = 1.0 * x,
                        .y = 1.0 * y,
@@ -215,7 +218,7 @@ void draw_plate(cairo_t *cr, const plate_skin &skin, button_state state, int x, 
     if (pressed)
         draw_pressed_face(cr, skin, face);
     else
-        draw_raised_face(cr, skin, face, state == button_state::hover);
+        draw_raised_face(cr, skin, face, look == BUTTON_LOOK_HOVER);
 }
 
 void draw_icon(cairo_t *cr, icon pictogram, double x, double y, double size, rgb colour) {
@@ -249,14 +252,20 @@ void draw_next_mark(cairo_t *cr, double x, double y, rgb card) {
     cairo_restore(cr);
 }
 
-canvas draw_button(const button_style &style, button_state state, icon pictogram, std::string_view label) {
+canvas draw_button(const button_style &style, button_look look, icon pictogram, std::string_view label) {
     const plate_skin &skin = style.green ? GREEN_SKIN : HONEY_SKIN;
     canvas picture(style.width, style.height);
-    draw_plate(picture, skin, state, 0, 0, style.width, style.height);
+    draw_plate(picture, skin, look, 0, 0, style.width, style.height);
     const layout l = arrange(style, pictogram != icon::none, label);
     draw_icon(picture, pictogram, l.icon_x, l.icon_y, l.icon_size, skin.ink);
     text(picture, face::dosis_bold, style.cap_height, l.label_centre, l.baseline, align::centre, label, skin.ink);
     return picture;
+}
+
+void save_button(const button_style &style, icon pictogram, std::string_view label, const picture_set &set,
+                 const set_part &pictures) {
+    for (const button_look look : BUTTON_LOOKS)
+        save(draw_button(style, look, pictogram, label), entry_of(set, pictures[look]), {.dither = true});
 }
 
 } // namespace art

@@ -5,14 +5,16 @@
 #pragma once
 
 #include "canvas.h"
+#include "core/ui/button_look.h"
+#include "resources/picture_set.h"
 
-#include <array>
+#include <iterator>
 #include <string_view>
 
 namespace art {
 
-enum class button_state { normal, hover, pressed };
-inline constexpr std::array BUTTON_STATES = {button_state::normal, button_state::hover, button_state::pressed};
+inline constexpr button_look BUTTON_LOOKS[] = {BUTTON_LOOK_NORMAL, BUTTON_LOOK_HOVER, BUTTON_LOOK_PRESSED};
+static_assert(std::size(BUTTON_LOOKS) == BUTTON_LOOK_COUNT);
 
 // Pictograms in front of a button's label.
 enum class icon { none, book, bars, pencil, person, question, door, globe, play, back, spaces, grid, tick, cross };
@@ -32,7 +34,7 @@ inline constexpr plate_skin KEY_SKIN = {
     hex(0xFFFBEF), hex(0xFBF1D9), hex(0xF6E6C3), hex(0xC9A465), hex(0x6B4A1E), hex(0x2B1C10), 4, 2};
 
 // Draws an empty raised plate with its one-pixel outline into the whole pixels (x, y, w, h).
-void draw_plate(cairo_t *cr, const plate_skin &skin, button_state state, int x, int y, int w, int h);
+void draw_plate(cairo_t *cr, const plate_skin &skin, button_look look, int x, int y, int w, int h);
 
 // How a button looks: honey for all, green for the main road (Study, Play, Continue).
 struct button_style {
@@ -41,9 +43,13 @@ struct button_style {
     double cap_height = 12; // of the label, pixels
 };
 
-// Draws a whole button picture of the style's size in one state. Pictogram and label stand at the same
+// Draws a whole button picture of the style's size in one look. Pictogram and label stand at the same
 // place in all three; without a label the pictogram stands in the middle.
-canvas draw_button(const button_style &style, button_state state, icon pictogram, std::string_view label);
+canvas draw_button(const button_style &style, button_look look, icon pictogram, std::string_view label);
+
+// Draws all looks of a button and writes them as the part of a set.
+void save_button(const button_style &style, icon pictogram, std::string_view label, const picture_set &set,
+                 const set_part &pictures);
 
 // Draws a pictogram in a square of `size` pixels with its upper left corner at (x, y).
 void draw_icon(cairo_t *cr, icon pictogram, double x, double y, double size, rgb colour);

@@ -4,7 +4,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "input/cursor_shapes.h"
 #include "paths.h"
+#include "save.h"
 #include "sets.h"
 
 #include <span>
@@ -19,7 +21,6 @@ constexpr double CREASE_WIDTH = 1.0, CREASE_ALPHA = 0.8;
 
 // A pointer is the union of its parts in white with one outline round it, creased where fingers meet.
 struct pointer {
-    const char *name;
     int width, height;
     std::span<const drawn_part> parts;
     std::string_view creases;
@@ -45,10 +46,11 @@ constexpr drawn_part CLOSED_HAND[] = {
     {"R 16 3 3 7 1.5"}, {"R 2 8 6 5.5 2.7"}, {"M4 7 L19 6 L19 11 C19 15 16.8 17 13 17 L10 17 C6.5 17 4 15 4 12 Z"},
 };
 
-constexpr pointer POINTERS[] = {
-    {"control/mouse/001/001", 16, 21, ARROW, ""},
-    {"control/mouse/002/001", 21, 24, OPEN_HAND, "M7.5 10 L7.5 12 M11.5 10 L11.5 12 M15.5 10 L15.5 12"},
-    {"control/mouse/003/001", 21, 21, CLOSED_HAND, "M7.5 2 L7.5 5.5 M11.5 2 L11.5 5.5 M15.5 3 L15.5 5.5"},
+// By their shapes' numbers.
+constexpr pointer POINTERS[CURSOR_SHAPE_COUNT] = {
+    {16, 21, ARROW, ""},
+    {21, 24, OPEN_HAND, "M7.5 10 L7.5 12 M11.5 10 L11.5 12 M15.5 10 L15.5 12"},
+    {21, 21, CLOSED_HAND, "M7.5 2 L7.5 5.5 M11.5 2 L11.5 5.5 M15.5 3 L15.5 5.5"},
 };
 
 // Draws every part grown by `margin` on all sides.
@@ -72,10 +74,11 @@ void draw_pointer(cairo_t *cr, const pointer &p) {
 } // namespace
 
 void make_cursors() {
-    for (const pointer &p : POINTERS) {
+    for (int shape = 0; shape < CURSOR_SHAPE_COUNT; ++shape) {
+        const pointer &p = POINTERS[shape];
         canvas picture(p.width, p.height);
         draw_pointer(picture, p);
-        save(picture, p.name);
+        save(picture, entry_of(CURSOR_SHAPES[shape].pictures, 0));
     }
 }
 

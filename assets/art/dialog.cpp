@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "buttons.h"
+#include "screens/picture_sets.h"
 #include "sets.h"
 
 namespace art {
@@ -10,26 +11,23 @@ namespace art {
 namespace {
 
 struct answer {
+    set_part pictures;
     icon pictogram;
     const char *label;
 };
 
-// In the order of the pictures, each in three states.
 constexpr answer ANSWERS[] = {
-    {icon::tick, "Yes"},
-    {icon::cross, "No"},
-    {icon::none, "OK"},
+    {DIALOG_YES_BUTTON, icon::tick, "Yes"},
+    {DIALOG_NO_BUTTON, icon::cross, "No"},
+    {DIALOG_OK_BUTTON, icon::none, "OK"},
 };
 constexpr button_style STYLE = {.width = 84, .height = 31};
 
 } // namespace
 
 void make_dialog() {
-    int number = 0;
-    for (const answer &a : ANSWERS) {
-        for (const button_state state : BUTTON_STATES)
-            save(draw_button(STYLE, state, a.pictogram, a.label), numbered("dialog/", ++number), {.dither = true});
-    }
+    for (const answer &a : ANSWERS)
+        save_button(STYLE, a.pictogram, a.label, DIALOG_SET, a.pictures);
 }
 
 } // namespace art

@@ -6,6 +6,7 @@
 
 #include "fail.h"
 #include "palette.h"
+#include "save.h"
 
 #include <algorithm>
 
@@ -278,25 +279,25 @@ canvas draw_edge(const knob_mask &mask, edge_kind kind, side where, const joint_
     return picture;
 }
 
-void save_edges(const std::string &folder, const knob &size, const joint_colours &colours) {
-    const knob_mask mask(size);
+void save_edges(int type, const joint_colours &colours) {
+    const knob_mask mask(knob_for(PUZZLE_LAYOUTS[type].cell_w));
     struct series {
         edge_kind kind;
-        const char *path;
+        puzzle_picture pictures;
     };
-    static constexpr std::array<series, 4> SERIES = {{
-        {edge_kind::loose, "/piece/fragments/out/"},
-        {edge_kind::placed, "/piece/fragments/in/"},
-        {edge_kind::dent, "/board/fragments/negative/"},
-        {edge_kind::bump, "/board/fragments/positive/"},
-    }};
+    static constexpr series SERIES[] = {
+        {edge_kind::loose, PICTURE_LOOSE_EDGES},
+        {edge_kind::placed, PICTURE_PLACED_EDGES},
+        {edge_kind::dent, PICTURE_BOARD_DENTS},
+        {edge_kind::bump, PICTURE_BOARD_BUMPS},
+    };
     for (const series &s : SERIES) {
         for (const side where : {side::top, side::right, side::bottom, side::left}) {
             const bool board = s.kind == edge_kind::dent || s.kind == edge_kind::bump;
             const bool drawn = !board || where == side::top || where == side::left;
-            const std::string name = numbered(folder + s.path, static_cast<int>(where) + 1);
             // The game loads four pictures a series; the board shows two of them.
-            save(drawn ? draw_edge(mask, s.kind, where, colours) : canvas(1, 1), name);
+            save(drawn ? draw_edge(mask, s.kind, where, colours) : canvas(1, 1),
+                 entry_of_puzzle(type, s.pictures, static_cast<int>(where)));
         }
     }
 }

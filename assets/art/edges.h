@@ -73,7 +73,7 @@ private:
 canvas draw_edge(const knob_mask &mask, edge_kind kind, side where, const joint_colours &colours);
 
 // Writes the sixteen edge pictures of a puzzle folder.
-void save_edges(const std::string &folder, const knob &size, const joint_colours &colours);
+void save_edges(int type, const joint_colours &colours);
 
 // The body of a piece, loose or placed.
 canvas draw_body(int width, int height);

@@ -7,15 +7,15 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "palette.h"
+#include "save.h"
 #include "sets.h"
+#include "sprites/effect_pictures.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstddef>
 #include <numbers>
 #include <random>
-#include <string_view>
 #include <vector>
 
 namespace art {
@@ -49,7 +49,7 @@ void star_path(cairo_t *cr, double cx, double cy, double outer, double inner, in
 
 // --- Flare ---------------------------------------------------------------------------------------
 
-constexpr std::array FLARE_SIZES = {16, 26, 36, 46, 56}; // pixels
+constexpr int FLARE_SIZES[FLARE_SET.count] = {16, 26, 36, 46, 56}; // pixels
 constexpr int FLARE_SPIKES = 8;
 constexpr double FLARE_SECOND = 0.68, FLARE_INNER = 0.40, FLARE_TURN = 0.12; // of the radius; radians
 constexpr double FLARE_LINE = 0.04;                                          // of the size
@@ -85,13 +85,12 @@ void make_flare() {
     for (const int size : FLARE_SIZES) {
         canvas picture(size, size);
         draw_flare(picture, size);
-        save(picture, numbered("field/flare/", ++number), {.dither = true});
+        save(picture, entry_of(FLARE_SET, number++), {.dither = true});
     }
 }
 
 // --- Burn ----------------------------------------------------------------------------------------
 
-constexpr int BURN_FRAMES = 18;
 constexpr double FRONT_FRAMES = 12.5; // in which the front travels from the bottom to the top
 constexpr double FRONT_LEAD = 3;      // pixels that are gone in the first frame
 constexpr double WAVE = 2.6;          // height of the front's unevenness, pixels
@@ -199,25 +198,25 @@ void draw_spark(cairo_t *cr, const spark &s, double frame) {
     fill(cr, spark_colour(age));
 }
 
-void make_burn(std::string_view prefix, int width, int height) {
+void make_burn(const picture_set &set, int width, int height) {
     const burn b = light_burn(width, height);
-    for (int frame = 0; frame < BURN_FRAMES; ++frame) {
+    for (int frame = 0; frame < set.count; ++frame) {
         canvas picture(width, height);
         draw_burning_card(picture, b, frame);
         for (const spark &s : b.sparks)
             draw_spark(picture, s, frame);
-        save(picture, numbered(prefix, frame + 1), {.dither = true});
+        save(picture, entry_of(set, frame), {.dither = true});
     }
 }
 
 // --- Confetti ------------------------------------------------------------------------------------
 
-constexpr std::array<rgb, 15> CONFETTI_COLOURS = {
+constexpr rgb PAPERS[CONFETTI_COLOURS] = {
     hex(0xE5413A), hex(0xF08A24), hex(0xF8DE4A), hex(0xC7DE4B), hex(0x7FC97A),
     hex(0x35A866), hex(0x2FB6A8), hex(0x52B6EE), hex(0x3F6FD8), hex(0x7C57D0),
     hex(0xB558D0), hex(0xF7A6CB), hex(0xE0558A), hex(0xFFFFFF), hex(0xB8F0DC),
 };
-constexpr int CONFETTI_SIZE = 9, CONFETTI_FRAMES = 4; // an odd size has a middle pixel to turn about
+constexpr int CONFETTI_SIZE = 9; // an odd size has a middle pixel to turn about
 
 struct scrap {
     double length, width; // pixels
@@ -228,17 +227,17 @@ constexpr scrap SCRAPS[] = {{7.4, 4.8}, {5.8, 5.4}, {8.4, 3.4}};
 struct turn_step {
     double breadth, tilt, lightness;
 };
-constexpr std::array<turn_step, CONFETTI_FRAMES> TURN = {{
+constexpr turn_step TURN[CONFETTI_FLUTTER] = {
     {1.00, 0.00, 0.00},
     {0.74, 0.16, 0.07},
     {0.48, 0.34, -0.05},
     {0.28, 0.52, -0.12},
-}};
+};
 
 void draw_scrap(cairo_t *cr, int colour, const turn_step &step) {
     constexpr double golden_angle = 2.39996; // spreads the tilts of any number of colours evenly
     const scrap &s = SCRAPS[static_cast<std::size_t>(colour) % std::size(SCRAPS)];
-    const rgb front_colour = CONFETTI_COLOURS[static_cast<std::size_t>(colour)];
+    const rgb front_colour = PAPERS[colour];
     const double breadth = std::max(s.width * step.breadth, 1.5);
     cairo_translate(cr, CONFETTI_SIZE / 2.0, CONFETTI_SIZE / 2.0);
     cairo_rotate(cr, golden_angle * colour + step.tilt);
@@ -247,11 +246,11 @@ void draw_scrap(cairo_t *cr, int colour, const turn_step &step) {
 }
 
 void make_confetti() {
-    for (int colour = 0; colour < static_cast<int>(CONFETTI_COLOURS.size()); ++colour) {
-        for (int frame = 0; frame < CONFETTI_FRAMES; ++frame) {
+    for (int colour = 0; colour < CONFETTI_COLOURS; ++colour) {
+        for (int frame = 0; frame < CONFETTI_FLUTTER; ++frame) {
             canvas picture(CONFETTI_SIZE, CONFETTI_SIZE);
-            draw_scrap(picture, colour, TURN[static_cast<std::size_t>(frame)]);
-            save(picture, numbered("field/confetti/", CONFETTI_FRAMES * colour + frame + 1), {.threshold = 0.45});
+            draw_scrap(picture, colour, TURN[frame]);
+            save(picture, entry_of(CONFETTI_SET, CONFETTI_FLUTTER * colour + frame), {.threshold = 0.45});
         }
     }
 }
@@ -260,8 +259,8 @@ void make_confetti() {
 
 void make_effects() {
     make_flare();
-    make_burn("field/burn/small/", 52, 42);
-    make_burn("field/burn/large/", 75, 70);
+    make_burn(BURN_SMALL_SET, 52, 42);
+    make_burn(BURN_LARGE_SET, 75, 70);
     make_confetti();
 }
 

@@ -7,7 +7,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "canvas.h"
+#include "text.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H

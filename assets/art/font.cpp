@@ -10,16 +10,17 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "canvas.h"
 #include "faces.h"
 #include "fail.h"
+#include "graphics/glyph_names.h"
+#include "save.h"
 #include "sets.h"
+#include "text.h"
 #include "things.h"
 
 #include FT_OUTLINE_H
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 
@@ -33,22 +34,6 @@ constexpr int PEN_GAP = 1;        // the pen adds it after every glyph
 constexpr int SPACE_ADVANCE = 4;
 constexpr int SMALL_LETTER = 7;                 // rows above the reference line
 constexpr int ASCENT_MAX = 15, DESCENT_MAX = 4; // rows above and below the reference line
-
-struct named_glyph {
-    char32_t code;
-    const char *file;
-};
-
-// clang-format off
-// The glyphs that are not named by their own character.
-constexpr std::array<named_glyph, 23> NAMED = {{
-    {U'!', "exclamation"}, {U'"', "quote"},    {U'$', "dollarsign"}, {U'%', "percent"},  {U'\'', "apostrophe"},
-    {U'(', "lparen"},      {U')', "rparen"},   {U'*', "asterisk"},   {U'+', "plus"},     {U',', "comma"},
-    {U'-', "dash"},        {U'.', "period"},   {U'/', "slash"},      {U':', "colon"},    {U';', "semicolon"},
-    {U'<', "lessthan"},    {U'>', "greaterthan"}, {U'?', "question"}, {U'©', "copy"},    {U'[', "lbracket"},
-    {U'\\', "backslash"},  {U']', "rbracket"}, {U'_', "underscore"},
-}};
-// clang-format on
 
 // Grey levels of a glyph (0: no ink); `base` is the row on which the reference line runs: ink in row
 // base - 1 stands on it.
@@ -154,11 +139,11 @@ bool begins_upright(const grey_glyph &glyph) {
 }
 
 // Writes a glyph so that its reference line comes out right; see the head of this file.
-void save_glyph(grey_glyph glyph, const std::string &file) {
+void save_glyph(grey_glyph glyph, std::string_view name) {
     crop(glyph);
     const int below = std::max(0, glyph.height - glyph.base), above_line = std::max(0, glyph.base - glyph.height);
     if (glyph.base > ASCENT_MAX || below > DESCENT_MAX)
-        fail("the glyph " + file + " is too high for the lines of a text");
+        fail("the glyph " + std::string(name) + " is too high for the lines of a text");
     // Two neighbours with upright edges need more than the pen's column between them.
     const int least = PEN_GAP + (begins_upright(glyph) ? 1 : 0);
     // An apostrophe hangs over the letters and needs no room beside them.
@@ -175,7 +160,7 @@ void save_glyph(grey_glyph glyph, const std::string &file) {
             fill(picture, {level, level, level});
         }
     }
-    save(picture, "font/normal/" + file);
+    save(picture, entry_of_glyph(name));
 }
 
 // The program's mark: a small jigsaw piece standing on the line.
@@ -184,14 +169,11 @@ grey_glyph draw_mark() {
     canvas mark(width, height);
     jigsaw_outline(mark, 0, 3, 8, 8, {1, 1, 0, -1}, 3);
     fill(mark, {1, 1, 1});
-    cairo_surface_flush(mark.surface.get());
-    const unsigned char *data = cairo_image_surface_get_data(mark.surface.get());
-    const int stride = cairo_image_surface_get_stride(mark.surface.get());
     grey_glyph glyph = {
         .width = width, .height = height, .base = height, .advance = width + 2, .bearing = 0, .levels = {}};
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x)
-            glyph.levels.push_back(grey_level(data[y * stride + x * 4 + 3]));
+            glyph.levels.push_back(grey_level(static_cast<int>(row_of(mark, y)[x] >> 24)));
     }
     return glyph;
 }
@@ -199,13 +181,14 @@ grey_glyph draw_mark() {
 } // namespace
 
 void make_font() {
-    const std::string own_names = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
-    for (const char c : own_names)
-        save_glyph(render(static_cast<unsigned char>(c)), std::string(1, c));
-    for (const named_glyph &glyph : NAMED)
-        save_glyph(render(glyph.code), glyph.file);
-    save(canvas(SPACE_ADVANCE - PEN_GAP, 1), "font/normal/space");
-    save_glyph(draw_mark(), "tavimo");
+    each_glyph([](char c, std::string_view name) {
+        if (c == ' ')
+            save(canvas(SPACE_ADVANCE - PEN_GAP, 1), entry_of_glyph(name));
+        else if (c == '=')
+            save_glyph(draw_mark(), name);
+        else
+            save_glyph(render(c == '@' ? U'©' : static_cast<char32_t>(c)), name);
+    });
 }
 
 } // namespace art

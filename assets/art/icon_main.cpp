@@ -6,6 +6,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "canvas.h"
+#include "fail.h"
 #include "palette.h"
 #include "things.h"
 
@@ -19,8 +20,8 @@
 #include <string>
 
 namespace fs = std::filesystem;
-using namespace art;
 
+namespace art {
 namespace {
 
 constexpr int SIZES[] = {48, 64, 128, 256}; // pixels
@@ -123,37 +124,41 @@ std::string place(const fs::path &directory, const std::string &size, const char
     return folder / file;
 }
 
-bool written(cairo_status_t status, const std::string &file) {
+void require(cairo_status_t status, const std::string &file) {
     if (status != CAIRO_STATUS_SUCCESS)
-        std::fprintf(stderr, "tavimo-icon: cannot write %s: %s\n", file.c_str(), cairo_status_to_string(status));
-    return status == CAIRO_STATUS_SUCCESS;
+        fail("cannot write " + file + ": " + cairo_status_to_string(status));
 }
 
-bool write_png(const fs::path &directory, int size) {
+void write_png(const fs::path &directory, int size) {
     const std::string pixels = std::to_string(size), file = place(directory, pixels + "x" + pixels, "tavimo.png");
     const canvas picture(size, size);
     draw_icon_on(picture.surface.get(), size);
-    return written(cairo_surface_write_to_png(picture.surface.get(), file.c_str()), file);
+    require(cairo_surface_write_to_png(picture.surface.get(), file.c_str()), file);
 }
 
-bool write_svg(const fs::path &directory) {
+void write_svg(const fs::path &directory) {
     const std::string file = place(directory, "scalable", "tavimo.svg");
     const std::unique_ptr<cairo_surface_t, surface_deleter> surface(cairo_svg_surface_create(file.c_str(), SIZE, SIZE));
     cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
     draw_icon_on(surface.get(), SIZE);
     cairo_surface_finish(surface.get());
-    return written(cairo_surface_status(surface.get()), file);
+    require(cairo_surface_status(surface.get()), file);
 }
 
-} // namespace
-
-int main(int argc, char **argv) {
+int run(int argc, char **argv) {
     if (argc != 2) {
         std::fputs("usage: tavimo-icon DIR\n", stderr);
         return 2;
     }
-    bool good = write_svg(argv[1]);
+    write_svg(argv[1]);
     for (const int size : SIZES)
-        good = write_png(argv[1], size) && good;
-    return good ? 0 : 1;
+        write_png(argv[1], size);
+    return 0;
+}
+
+} // namespace
+} // namespace art
+
+int main(int argc, char **argv) {
+    return exit_code_of("tavimo-icon", [=] { return art::run(argc, argv); });
 }

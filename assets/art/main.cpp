@@ -2,12 +2,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "canvas.h"
-#include "palette.h"
+#include "core/base/puzzle_info.h"
+#include "fail.h"
+#include "save.h"
 #include "sets.h"
 
 #include <cstdio>
-#include <cstring>
 #include <string_view>
 
 namespace {
@@ -32,7 +32,7 @@ bool make_set(std::string_view name) {
             return true;
         }
     }
-    for (int type = 0; type < static_cast<int>(art::PUZZLE_LOOKS.size()); ++type) {
+    for (int type = 0; type < PUZZLE_COUNT; ++type) {
         if (name == "puzzle" + std::to_string(type)) {
             art::make_puzzle(type);
             return true;
@@ -41,9 +41,7 @@ bool make_set(std::string_view name) {
     return false;
 }
 
-} // namespace
-
-int main(int argc, char **argv) {
+int run(int argc, char **argv) {
     if (argc < 3) {
         std::fprintf(stderr, "usage: tavimo-art DIR SET...\nsets:");
         for (const named_set &set : SETS)
@@ -52,11 +50,14 @@ int main(int argc, char **argv) {
         return 2;
     }
     art::set_output(argv[1]);
-    for (int i = 2; i < argc; ++i) {
-        if (!make_set(argv[i])) {
-            std::fprintf(stderr, "tavimo-art: there is no set '%s'\n", argv[i]);
-            return 2;
-        }
-    }
+    for (int i = 2; i < argc; ++i)
+        if (!make_set(argv[i]))
+            fail("there is no set '" + std::string(argv[i]) + "'");
     return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    return exit_code_of("tavimo-art", [=] { return run(argc, argv); });
 }

@@ -5,6 +5,8 @@
 #include "night.h"
 
 #include "palette.h"
+#include "save.h"
+#include "text.h"
 #include "things.h"
 
 #include <algorithm>
@@ -358,7 +360,7 @@ rgb night_colour(int x, int y) {
     return slate(x, y);
 }
 
-void save_number_line(const std::string &name) {
+void save_number_line(const std::string &entry) {
     constexpr int WIDTH = 300, HEIGHT = 24, LAST = 10;
     constexpr double LINE_Y = 5.5, FIRST_X = 20.5, STEP = 25, BASE_Y = 22, CAP = 8.5;
     canvas picture(WIDTH, HEIGHT);
@@ -376,7 +378,7 @@ void save_number_line(const std::string &name) {
         stroke(picture, FOOTER_LINE, 1.4);
         text(picture, face::dosis_bold, CAP, x, BASE_Y, align::centre, std::to_string(i), FOOTER_NUMERAL);
     }
-    save(picture, name, {.ground = night_colour(SCREEN_WIDTH / 2, 583), .threshold = 0.08});
+    save(picture, entry, {.ground = night_colour(SCREEN_WIDTH / 2, 583), .threshold = 0.08});
 }
 
 } // namespace art

@@ -1,18 +1,18 @@
 // night.h: the blackboard that lies behind the title, splash, score log and credits screens, with its
 // chalk drawings, and cut-outs of it for pictures whose place on it is fixed.
 //
-// The board is drawn once per process and kept; one thread. Nothing here fails except by ending the
-// program with a message, as canvas.h describes.
+// The board is drawn once per process and kept; one thread. Failures are exceptions (fail.h).
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
 #include "canvas.h"
+#include "core/base/types.h"
+
+#include <string>
 
 namespace art {
-
-inline constexpr int SCREEN_WIDTH = 800, SCREEN_HEIGHT = 600; // pixels
 
 // The whole blackboard, SCREEN_WIDTH x SCREEN_HEIGHT. Owned by this module.
 const canvas &night_board();
@@ -26,7 +26,7 @@ canvas night_window(int x, int y, int width, int height);
 rgb night_colour(int x, int y);
 
 // The line of numbers that the screens show at the bottom, 300 x 24, for a place centred on the board
-// with its lower edge at 595. `name` is the picture's name without extension.
-void save_number_line(const std::string &name);
+// with its lower edge at 595.
+void save_number_line(const std::string &entry);
 
 } // namespace art

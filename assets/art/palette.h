@@ -5,9 +5,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include "canvas.h"
-
-#include <array>
+#include "colour.h"
+#include "core/base/puzzle_info.h"
 
 namespace art {
 
@@ -26,29 +25,17 @@ inline constexpr rgb SUBHEADING = hex(0xFFE9A8), FOOTER_NUMERAL = hex(0xA9BEE0),
 
 // One puzzle's identity, indexed by puzzle type 0..10.
 struct puzzle_look {
-    const char *folder; // below xpm/
-    const char *title;  // as the game prints it
-    const char *icon;   // text on its list row, empty for a drawn icon
+    const char *icon; // text on its list row, empty for a drawn icon
     rgb accent;
     bool white_ink; // icon ink on the accent: white or near-black
 };
 
-inline constexpr std::array<puzzle_look, 11> PUZZLE_LOOKS = {{
-    {"puzzle/mult_15", "Counting by 1's - 5's", "+5", hex(0x52B6EE), false},
-    {"puzzle/mult2_15", "Multiplication 1 - 5", "×5", hex(0xE58A12), false},
-    {"puzzle/mult_610", "Counting by 6's - 10's", "+10", hex(0x2F5BBA), true},
-    {"puzzle/mult2_610", "Multiplication 6 - 10", "×10", hex(0xA23A12), true},
-    {"puzzle/div_15", "Division by 1 - 5", "÷5", hex(0x86E8DC), false},
-    {"puzzle/div_610", "Division by 6 - 10", "÷10", hex(0x0A5545), true},
-    {"puzzle/consumer", "Consumer Math", "", hex(0xD48FB2), false},
-    {"puzzle/fraction", "Simplifying Fractions", "", hex(0x74288E), true},
-    {"puzzle/factor", "Factors", "", hex(0x857D70), false},
-    {"puzzle/money", "Adding Money", "", hex(0x7FC97A), false},
-    {"puzzle/time", "Time", "", hex(0xF8DE4A), false},
-}};
+inline constexpr puzzle_look PUZZLE_LOOKS[PUZZLE_COUNT] = {
+    {"+5", hex(0x52B6EE), false}, {"×5", hex(0xE58A12), false}, {"+10", hex(0x2F5BBA), true},
+    {"×10", hex(0xA23A12), true}, {"÷5", hex(0x86E8DC), false}, {"÷10", hex(0x0A5545), true},
+    {"", hex(0xD48FB2), false},   {"", hex(0x74288E), true},    {"", hex(0x857D70), false},
+    {"", hex(0x7FC97A), false},   {"", hex(0xF8DE4A), false},
+};
 inline constexpr rgb ICON_INK = hex(0x060F22);
-
-// The order in which the title and splash screens list the types.
-inline constexpr std::array<int, 11> LIST_ORDER = {0, 10, 2, 9, 1, 3, 4, 5, 6, 7, 8};
 
 } // namespace art

@@ -4,32 +4,13 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "problems.h"
 
+#include "puzzles/puzzle_layout.h"
+
 #include <cstdio>
 #include <numeric>
 #include <vector>
 
 namespace art {
-namespace {
-
-constexpr std::array<grid_size, 11> GRIDS = {{
-    {10, 5},
-    {10, 5},
-    {10, 5},
-    {10, 5},
-    {10, 5},
-    {10, 5},
-    {6, 6},
-    {10, 4},
-    {10, 10},
-    {6, 6},
-    {8, 6},
-}};
-
-} // namespace
-
-grid_size puzzle_grid(int type) {
-    return GRIDS[static_cast<std::size_t>(type)];
-}
 
 int first_row_number(int type) {
     return type == 2 || type == 3 || type == 5 ? 6 : 1;
@@ -38,10 +19,10 @@ int first_row_number(int type) {
 namespace {
 
 int column_of(int type, int cell) {
-    return cell % puzzle_grid(type).columns;
+    return cell % PUZZLE_LAYOUTS[type].cols;
 }
 int row_of(int type, int cell) {
-    return cell / puzzle_grid(type).columns;
+    return cell / PUZZLE_LAYOUTS[type].cols;
 }
 int row_number(int type, int cell) {
     return first_row_number(type) + row_of(type, cell);
@@ -64,20 +45,15 @@ namespace {
 
 constexpr int MARKET = 6, MONEY = 9, CENTS_PER_DOLLAR = 100;
 
-int coin_at(int place) {
-    return COINS_IN_ORDER[static_cast<std::size_t>(place)];
-}
-
 } // namespace
 
 int market_price(int cell) {
-    const int row = row_of(MARKET, cell);
-    const int right = COINS_IN_ORDER[RIGHT_COINS[static_cast<std::size_t>(row)]];
-    return coin_at(column_of(MARKET, cell)) + coin_at(row) + right;
+    const int row = row_of(MARKET, cell), right = CONSUMER_RIGHT_HEADINGS[row];
+    return COINS_IN_ORDER[column_of(MARKET, cell)] + COINS_IN_ORDER[row] + COINS_IN_ORDER[right];
 }
 
 int money_total(int cell) {
-    return 2 * (coin_at(column_of(MONEY, cell)) + coin_at(row_of(MONEY, cell)));
+    return 2 * (COINS_IN_ORDER[column_of(MONEY, cell)] + COINS_IN_ORDER[row_of(MONEY, cell)]);
 }
 
 std::string money_text(int cents) {

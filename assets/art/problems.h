@@ -14,12 +14,6 @@
 
 namespace art {
 
-// Columns and rows of a puzzle type's board, 0..10.
-struct grid_size {
-    int columns, rows;
-};
-grid_size puzzle_grid(int type);
-
 // The number on the first row's heading of the types 0..5 and 8 (1 or 6); later rows count on.
 int first_row_number(int type);
 
@@ -33,10 +27,7 @@ struct division {
 division division_problem(int type, int cell);
 
 // The coins on the sides of the money boards, in cents: over the columns and down the left side.
-inline constexpr std::array<int, 6> COINS_IN_ORDER = {1, 5, 10, 25, 50, 100};
-// Which of them stands on the right side of each row of type 6.
-inline constexpr std::array<std::size_t, 6> RIGHT_COINS = {2, 5, 1, 4, 0, 3};
-
+inline constexpr int COINS_IN_ORDER[] = {1, 5, 10, 25, 50, 100};
 // Type 6: the price of a cell, the sum of the three coins in line with it, cents.
 int market_price(int cell);
 // Type 9: the total of the four coins in line with a cell, cents.

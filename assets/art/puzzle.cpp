@@ -5,7 +5,12 @@
 #include "puzzle.h"
 
 #include "buttons.h"
+#include "puzzle_board.h"
+#include "puzzle_deck.h"
+#include "puzzle_labels.h"
+#include "puzzle_tray.h"
 #include "sets.h"
+#include "text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,20 +21,20 @@ namespace {
 using enum puzzle_kind;
 
 // clang-format off
-constexpr std::array<puzzle_layout, 11> LAYOUTS = {{
-    // kind         board     grid     row  piece   label  ink     frame title heading card    field         box
-    {counting,       530, 275, 58,  76, 35, 44, 34, 34, 19, 15, 7, 24, 21,  0,  0, {},            0},
-    {multiplication, 530, 275, 60,  76, 35, 44, 34, 34, 19, 15, 7, 24, 18, 52, 41, {4, 4, 4, 4},  0},
-    {counting,       530, 275, 65,  77, 35, 44, 34, 34, 19, 15, 7, 24, 21,  0,  0, {},            1},
-    {multiplication, 530, 275, 60,  76, 35, 44, 34, 34, 19, 15, 7, 24, 18, 52, 41, {4, 4, 4, 4},  0},
-    {division,       530, 275, 64,  80, 35, 44, 34, 34, 19, 15, 7, 27, 16, 52, 42, {4, 3, 7, 6},  0},
-    {division,       530, 275, 62,  80, 35, 44, 34, 34, 19, 15, 7, 27, 18, 52, 42, {4, 3, 7, 6},  0},
-    {market,         565, 485, 76, 101, 61, 67, 60, 60, 28, 25, 7, 23,  0, 75, 68, {4, 4, 7, 8},  0},
-    {fractions,      606, 269, 23,  45, 51, 55, 50, 50, 23, 21, 7, 20,  0, 57, 55, {5, 5, 6, 6},  0},
-    {factors,        530, 445, 61,  75, 35, 44, 34, 34, 19, 15, 7, 24, 16, 52, 42, {4, 3, 7, 6},  0},
-    {money,          484, 460, 77,  93, 51, 55, 50, 50, 23, 21, 7, 21,  0,  0,  0, {},            0},
-    {time,           576, 444, 16,  44, 64, 67, 63, 56, 28, 24, 6, 18,  0, 69, 66, {5, 5, 7, 8},  0},
-}};
+constexpr puzzle_measures MEASURES[PUZZLE_COUNT] = {
+    // kind           board     label  ink     frame title heading card    field         box
+    {counting,       530, 275, 34, 19, 15, 7, 24, 21,  0,  0, {},            0},
+    {multiplication, 530, 275, 34, 19, 15, 7, 24, 18, 52, 41, {4, 4, 4, 4},  0},
+    {counting,       530, 275, 34, 19, 15, 7, 24, 21,  0,  0, {},            1},
+    {multiplication, 530, 275, 34, 19, 15, 7, 24, 18, 52, 41, {4, 4, 4, 4},  0},
+    {division,       530, 275, 34, 19, 15, 7, 27, 16, 52, 42, {4, 3, 7, 6},  0},
+    {division,       530, 275, 34, 19, 15, 7, 27, 18, 52, 42, {4, 3, 7, 6},  0},
+    {market,         565, 485, 60, 28, 25, 7, 23,  0, 75, 68, {4, 4, 7, 8},  0},
+    {fractions,      606, 269, 50, 23, 21, 7, 20,  0, 57, 55, {5, 5, 6, 6},  0},
+    {factors,        530, 445, 34, 19, 15, 7, 24, 16, 52, 42, {4, 3, 7, 6},  0},
+    {money,          484, 460, 50, 23, 21, 7, 21,  0,  0,  0, {},            0},
+    {time,           576, 444, 56, 28, 24, 6, 18,  0, 69, 66, {5, 5, 7, 8},  0},
+};
 // clang-format on
 
 // Panel, joint line and dent of the boards 6 to 10 are chosen by eye; the others follow from the accent.
@@ -54,12 +59,12 @@ constexpr chequer FRACTION_CELLS = {hex(0xE7D7EE), hex(0xDFCAE7)}, MONEY_CELLS =
 
 constexpr double DARK_ACCENT = 0.5; // lightness below which an accent's outline is only a little darker
 
-void set_rows(puzzle_colours &colours, const puzzle_layout &layout, double hue) {
+void set_rows(puzzle_colours &colours, const puzzle_measures &measures, double hue) {
     const auto alternate = [&](chequer two) {
         for (std::size_t i = 0; i < colours.rows.size(); ++i)
             colours.rows[i] = i % 2 ? two.odd : two.even;
     };
-    switch (layout.kind) {
+    switch (measures.kind) {
     case fractions:
         return alternate(FRACTION_CELLS);
     case money:
@@ -88,12 +93,12 @@ rgb mean(const std::array<rgb, 10> &tones, std::size_t count) {
 
 } // namespace
 
-const puzzle_layout &layout_of(int type) {
-    return LAYOUTS[static_cast<std::size_t>(type)];
+const puzzle_measures &measures_of(int type) {
+    return MEASURES[type];
 }
 
 puzzle_colours colours_of(int type) {
-    const rgb accent = PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent;
+    const rgb accent = PUZZLE_LOOKS[type].accent;
     const lch a = to_lch(accent);
     puzzle_colours c = {
         .accent = accent,
@@ -110,14 +115,10 @@ puzzle_colours colours_of(int type) {
         c.joints.line = by_eye.line;
         c.joints.dent = by_eye.dent;
     }
-    set_rows(c, layout_of(type), a.h);
+    set_rows(c, measures_of(type), a.h);
     c.joints.panel = c.panel;
-    c.joints.cells = mean(c.rows, static_cast<std::size_t>(puzzle_grid(type).rows));
+    c.joints.cells = mean(c.rows, static_cast<std::size_t>(PUZZLE_LAYOUTS[type].rows));
     return c;
-}
-
-std::string folder_of(int type) {
-    return PUZZLE_LOOKS[static_cast<std::size_t>(type)].folder;
 }
 
 finish on_ground(rgb ground) {
@@ -168,20 +169,20 @@ void make_strips(int type, const puzzle_colours &colours) {
     // The game shows how to begin at the window's bottom. There lie loose pieces of the money puzzle: its strip hangs
     // from the board, just above them.
     constexpr int money_height = 14, below_money = BEGIN_BOTTOM - MONEY_BOARD_BOTTOM - money_height;
-    const puzzle_kind kind = layout_of(type).kind;
+    const puzzle_kind kind = measures_of(type).kind;
     save(kind == money ? draw_strip(money_height, begin_words(kind), colours, below_money)
                        : draw_strip(begin_height, begin_words(kind), colours),
-         folder_of(type) + "/begin");
+         entry_of_puzzle(type, PICTURE_BEGIN));
     save(draw_strip(study_height, "Click a space to take its piece out or to put it back.", colours),
-         folder_of(type) + "/study_help");
+         entry_of_puzzle(type, PICTURE_STUDY_HELP));
 }
 
 void make_console(int type) {
     int k = 0;
-    for (const button_state state : BUTTON_STATES) {
-        save(draw_button(CONSOLE, state, icon::question, "Help"), numbered(folder_of(type) + "/console/", ++k),
+    for (const button_look look : BUTTON_LOOKS) {
+        save(draw_button(CONSOLE, look, icon::question, "Help"), entry_of_puzzle(type, PICTURE_CONSOLE, k++),
              {.dither = true});
-        save(draw_button(CONSOLE, state, icon::back, "Return"), numbered(folder_of(type) + "/console/", ++k),
+        save(draw_button(CONSOLE, look, icon::back, "Return"), entry_of_puzzle(type, PICTURE_CONSOLE, k++),
              {.dither = true});
     }
 }
@@ -189,20 +190,19 @@ void make_console(int type) {
 } // namespace
 
 void make_puzzle(int type) {
-    const puzzle_layout &layout = layout_of(type);
+    const puzzle_layout &layout = PUZZLE_LAYOUTS[type];
     const puzzle_colours colours = colours_of(type);
-    const std::string folder = folder_of(type);
-    save(draw_body(layout.piece_width, layout.piece_height), folder + "/piece/base");
-    save_edges(folder, knob_for(layout.piece_width), colours.joints);
+    save(draw_body(layout.cell_w, puzzle_piece_height(type)), entry_of_puzzle(type, PICTURE_PIECE));
+    save_edges(type, colours.joints);
     make_strips(type, colours);
     make_console(type);
     make_board(type);
     make_labels(type);
-    if (layout.kind == counting)
+    if ((layout.features & BOARD_HAS_BOX) != 0)
         make_tray(type);
-    if (layout.card_width > 0)
+    if ((layout.features & BOARD_HAS_DECK) != 0)
         make_deck(type);
-    if (layout.kind == multiplication)
+    if ((layout.features & BOARD_HAS_KEYPAD) != 0)
         make_keypad(type);
 }
 

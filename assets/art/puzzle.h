@@ -6,10 +6,10 @@
 
 #include "edges.h"
 #include "palette.h"
-#include "problems.h"
+#include "save.h"
+#include "text.h"
 
 #include <array>
-#include <string>
 
 namespace art {
 
@@ -19,12 +19,10 @@ struct insets {
     int left, top, right, bottom;
 };
 
-// The measures of a puzzle, pixels. The game's own layout has the same grid positions.
-struct puzzle_layout {
+// What the pictures of a puzzle measure beyond the game's own layout, pixels.
+struct puzzle_measures {
     puzzle_kind kind;
     int board_width, board_height;
-    int grid_x, grid_y, row_pitch;
-    int piece_width, piece_height;
     int label_height;   // of a label picture; its width is the piece's
     int ink_x, ink_y;   // middle of what the sockets leave free on a label
     int frame;          // width of the board's coloured frame
@@ -35,7 +33,7 @@ struct puzzle_layout {
     int box_shift;     // moves the tray's compartments right and down
 };
 
-const puzzle_layout &layout_of(int type);
+const puzzle_measures &measures_of(int type);
 
 // The colours that follow from a puzzle's accent.
 struct puzzle_colours {
@@ -47,22 +45,8 @@ struct puzzle_colours {
 
 puzzle_colours colours_of(int type);
 
-std::string folder_of(int type);
-
 // How a picture is written whose ink stands on a known ground of one colour.
 finish on_ground(rgb ground);
-
-// Each writes its pictures of one puzzle.
-void make_board(int type);  // board/base, board/symbols, board/pieces
-void make_tray(int type);   // box/base
-void make_labels(int type); // piece/symbols
-void make_deck(int type);   // deck, next button and keys
-void make_keypad(int type); // input and deck/symbols of the puzzles with typed answers
-
-// The market stall, and the goods of a cell of the types 6 and 9.
-void draw_market_scene(cairo_t *cr, double width, double height, const puzzle_colours &colours);
-const char *market_goods(int cell); // an emoji
-const char *money_goods(int cell);  // an emoji
 
 // One line of text in Dosis Bold whose capitals' middle lies at (cx, cy), its baseline on a whole pixel.
 void print(cairo_t *cr, double cap_height, double cx, double cy, std::string_view utf8, rgb colour);

@@ -2,7 +2,11 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "puzzle.h"
+#include "puzzle_board.h"
+
+#include "problems.h"
+#include "puzzle_market.h"
+#include "text.h"
 #include "things.h"
 
 #include <algorithm>
@@ -156,28 +160,27 @@ canvas draw_coin_heading(int cents) {
 }
 
 void make_headings(int type, const puzzle_colours &c) {
-    const puzzle_layout &layout = layout_of(type);
-    const std::string prefix = folder_of(type) + "/board/symbols/";
+    const puzzle_measures &measures = measures_of(type);
     finish how = {.ground = c.panel, .threshold = 0.02};
     int k = 0;
-    if (layout.kind == puzzle_kind::market || layout.kind == puzzle_kind::money) {
+    if (measures.kind == puzzle_kind::market || measures.kind == puzzle_kind::money) {
         how.dither = true;
         for (const int cents : COINS_IN_ORDER)
-            save(draw_coin_heading(cents), numbered(prefix, ++k), how);
+            save(draw_coin_heading(cents), entry_of_puzzle(type, PICTURE_HEADINGS, k++), how);
         return;
     }
-    if (layout.heading_height == 0)
+    if (measures.heading_height == 0)
         return;
-    const grid_size grid = puzzle_grid(type);
-    for (int column = 1; column <= grid.columns; ++column) {
+    const puzzle_layout &layout = PUZZLE_LAYOUTS[type];
+    for (int column = 1; column <= layout.cols; ++column) {
         const rgb tone = c.rows[static_cast<std::size_t>(column - 1)];
-        save(layout.kind == puzzle_kind::factors ? draw_factor_heading(column, layout.heading_height, tone)
-                                                 : draw_column_heading(column, layout.heading_height, c),
-             numbered(prefix, ++k), how);
+        save(measures.kind == puzzle_kind::factors ? draw_factor_heading(column, measures.heading_height, tone)
+                                                   : draw_column_heading(column, measures.heading_height, c),
+             entry_of_puzzle(type, PICTURE_HEADINGS, k++), how);
     }
-    for (int row = 0; layout.kind != puzzle_kind::factors && row < grid.rows; ++row)
+    for (int row = 0; measures.kind != puzzle_kind::factors && row < layout.rows; ++row)
         save(draw_row_heading(first_row_number(type) + row, c.rows[static_cast<std::size_t>(row)]),
-             numbered(prefix, ++k), how);
+             entry_of_puzzle(type, PICTURE_HEADINGS, k++), how);
 }
 
 // --- Cells ---------------------------------------------------------------------------------------
@@ -185,8 +188,8 @@ void make_headings(int type, const puzzle_colours &c) {
 constexpr double CELL_SHADE = -0.045, CELL_LIGHT = 0.03; // lightness
 
 // A cell's tone with its recess, inside the grid line that it shares with its neighbours.
-canvas draw_cell_ground(const puzzle_layout &layout, rgb tone, rgb line) {
-    const int w = layout.piece_width + 2, h = layout.piece_height + 2;
+canvas draw_cell_ground(int type, rgb tone, rgb line) {
+    const int w = PUZZLE_LAYOUTS[type].cell_w + 2, h = puzzle_piece_height(type) + 2;
     canvas cell(w, h);
     const auto block = [&](int x, int y, int width, int height, rgb colour) {
         cairo_rectangle(cell, x, y, width, height);
@@ -210,10 +213,9 @@ void print_fraction(cairo_t *cr, const fraction &f, double cx, double cy, rgb in
 }
 
 // Repaints the grid line and the recess over a cell's share of the market scene.
-void draw_scene_cell(const canvas &cell, const canvas &scene, int column, int row, const puzzle_layout &layout,
-                     rgb line) {
+void draw_scene_cell(const canvas &cell, const canvas &scene, int type, int column, int row, rgb line) {
     const int w = cell.width, h = cell.height;
-    paste(cell, scene, -column * (layout.piece_width + 1), -row * layout.row_pitch);
+    paste(cell, scene, -column * (PUZZLE_LAYOUTS[type].cell_w + COLUMN_GAP), -row * puzzle_row_pitch(type));
     const auto block = [&](int x, int y, int width, int height, rgb colour, double alpha) {
         cairo_rectangle(cell, x, y, width, height);
         fill(cell, colour, alpha);
@@ -235,17 +237,17 @@ void draw_money_goods(cairo_t *cr, int cell, double cx, double cy) {
 }
 
 canvas draw_cell(int type, int index, const canvas *scene, const puzzle_colours &c) {
-    const puzzle_layout &layout = layout_of(type);
-    const int columns = puzzle_grid(type).columns, column = index % columns, row = index / columns;
-    const bool by_row = !scene && layout.kind != puzzle_kind::fractions && layout.kind != puzzle_kind::money &&
-                        layout.kind != puzzle_kind::time;
+    const puzzle_measures &measures = measures_of(type);
+    const int columns = PUZZLE_LAYOUTS[type].cols, column = index % columns, row = index / columns;
+    const bool by_row = !scene && measures.kind != puzzle_kind::fractions && measures.kind != puzzle_kind::money &&
+                        measures.kind != puzzle_kind::time;
     const auto tone = static_cast<std::size_t>(by_row ? index : (column + row) % 2);
-    canvas cell = draw_cell_ground(layout, c.rows[tone], c.joints.line);
-    const double cx = layout.ink_x + 1, cy = layout.ink_y + 1;
-    const rgb ink = layout.kind == puzzle_kind::time ? PRINT : c.name;
-    switch (layout.kind) {
+    canvas cell = draw_cell_ground(type, c.rows[tone], c.joints.line);
+    const double cx = measures.ink_x + 1, cy = measures.ink_y + 1;
+    const rgb ink = measures.kind == puzzle_kind::time ? PRINT : c.name;
+    switch (measures.kind) {
     case puzzle_kind::market:
-        draw_scene_cell(cell, *scene, column, row, layout, c.joints.line);
+        draw_scene_cell(cell, *scene, type, column, row, c.joints.line);
         break;
     case puzzle_kind::fractions:
         print_fraction(cell, fraction_problem(index), cx, cy + 1, ink);
@@ -263,31 +265,27 @@ canvas draw_cell(int type, int index, const canvas *scene, const puzzle_colours 
 }
 
 void make_cells(int type, const puzzle_colours &c) {
-    const puzzle_layout &layout = layout_of(type);
-    const grid_size grid = puzzle_grid(type);
-    const bool own_picture = layout.kind == puzzle_kind::market || layout.kind == puzzle_kind::fractions ||
-                             layout.kind == puzzle_kind::money || layout.kind == puzzle_kind::time;
+    const puzzle_layout &layout = PUZZLE_LAYOUTS[type];
     std::optional<canvas> scene;
-    if (layout.kind == puzzle_kind::market) {
-        scene.emplace(grid.columns * (layout.piece_width + 1) + 1, grid.rows * layout.row_pitch + 1);
+    if (measures_of(type).kind == puzzle_kind::market) {
+        scene.emplace(layout.cols * (layout.cell_w + COLUMN_GAP) + 1, layout.rows * puzzle_row_pitch(type) + 1);
         draw_market_scene(*scene, scene->width, scene->height, c);
     }
-    const int count = own_picture ? grid.columns * grid.rows : grid.rows;
-    for (int i = 0; i < count; ++i)
-        save(draw_cell(type, i, scene ? &*scene : nullptr, c), numbered(folder_of(type) + "/board/pieces/", i + 1));
+    for (int i = 0; i < layout.cell_pictures; ++i)
+        save(draw_cell(type, i, scene ? &*scene : nullptr, c), entry_of_puzzle(type, PICTURE_CELLS, i));
 }
 
 } // namespace
 
 void make_board(int type) {
-    const puzzle_layout &layout = layout_of(type);
+    const puzzle_measures &measures = measures_of(type);
     const puzzle_colours c = colours_of(type);
-    canvas board(layout.board_width, layout.board_height);
-    draw_frame(board, layout.frame, c);
+    canvas board(measures.board_width, measures.board_height);
+    draw_frame(board, measures.frame, c);
     constexpr double margin = 14;
-    draw_name(board, board.width / 2.0, layout.title_y + 0.5, layout.frame + margin,
-              board.width - layout.frame - margin, PUZZLE_LOOKS[static_cast<std::size_t>(type)].title, c);
-    save(board, folder_of(type) + "/board/base");
+    draw_name(board, board.width / 2.0, measures.title_y + 0.5, measures.frame + margin,
+              board.width - measures.frame - margin, puzzle_title(type), c);
+    save(board, entry_of_puzzle(type, PICTURE_BOARD));
     make_headings(type, c);
     make_cells(type, c);
 }

@@ -2,6 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "puzzle_deck.h"
+
 #include "buttons.h"
 #include "puzzle.h"
 
@@ -16,10 +18,10 @@ constexpr double CARD_RADIUS = 6, FIELD_RADIUS = 3;
 constexpr double STRIPE_WIDTH = 1.6, STRIPE_PITCH = 6;
 
 // A card is back and face in one: pattern in the rim only, plain cream where the label will stand.
-canvas draw_card(const puzzle_layout &layout, const puzzle_colours &c) {
-    const double w = layout.card_width, h = layout.card_height;
-    const insets &in = layout.card_field;
-    canvas card(layout.card_width, layout.card_height);
+canvas draw_card(const puzzle_measures &measures, const puzzle_colours &c) {
+    const double w = measures.card_width, h = measures.card_height;
+    const insets &in = measures.card_field;
+    canvas card(measures.card_width, measures.card_height);
     rounded_rect(card, 0, 0, w, h, CARD_RADIUS);
     fill(card, c.outline);
     rounded_rect(card, 1, 1, w - 2, h - 2, CARD_RADIUS - 1);
@@ -41,10 +43,10 @@ canvas draw_card(const puzzle_layout &layout, const puzzle_colours &c) {
 }
 
 // The empty place of the deck: a shallow tray with the outline of the card that lay there, ticked off.
-canvas draw_deck_over(const puzzle_layout &layout, const puzzle_colours &c) {
+canvas draw_deck_over(const puzzle_measures &measures, const puzzle_colours &c) {
     constexpr double DEPTH = 3, DASH[] = {4, 3}, DASH_INSET = 5.5, DASH_LINE = 1.4, TICK_LINE = 0.16;
-    const double w = layout.card_width, h = layout.card_height, tick = std::round(h * 0.55);
-    canvas place(layout.card_width, layout.card_height);
+    const double w = measures.card_width, h = measures.card_height, tick = std::round(h * 0.55);
+    canvas place(measures.card_width, measures.card_height);
     rounded_rect(place, 0, 0, w, h, CARD_RADIUS);
     fill(place, c.outline);
     rounded_rect(place, 1, 1, w - 2, h - 2, CARD_RADIUS - 1);
@@ -73,30 +75,28 @@ constexpr double NEXT_MIDDLE = 17; // of its face, pixels
 constexpr int KEY_WIDTH = 40, KEY_HEIGHT = 36;
 
 void make_keys(int type, const puzzle_colours &c) {
-    const std::string prefix = folder_of(type) + "/input/keys/";
     int k = 0;
-    for (const button_state state : BUTTON_STATES) {
+    for (const button_look look : BUTTON_LOOKS) {
         canvas key(KEY_WIDTH, KEY_HEIGHT);
-        draw_plate(key, KEY_SKIN, state, 0, 0, KEY_WIDTH, KEY_HEIGHT);
-        save(key, numbered(prefix, ++k), {.dither = true});
+        draw_plate(key, KEY_SKIN, look, 0, 0, KEY_WIDTH, KEY_HEIGHT);
+        save(key, entry_of_puzzle(type, PICTURE_KEYS, k++), {.dither = true});
     }
-    for (const button_state state : BUTTON_STATES) {
-        canvas next = draw_button(NEXT, state, icon::none, "");
+    for (const button_look look : BUTTON_LOOKS) {
+        canvas next = draw_button(NEXT, look, icon::none, "");
         draw_next_mark(next, NEXT.width / 2.0, NEXT_MIDDLE, c.accent);
-        save(next, numbered(prefix, ++k), {.dither = true});
+        save(next, entry_of_puzzle(type, PICTURE_KEYS, k++), {.dither = true});
     }
 }
 
 } // namespace
 
 void make_deck(int type) {
-    const puzzle_layout &layout = layout_of(type);
+    const puzzle_measures &measures = measures_of(type);
     const puzzle_colours c = colours_of(type);
-    const std::string folder = folder_of(type);
-    const canvas card = draw_card(layout, c);
-    save(card, folder + "/deck/base");
-    save(card, folder + "/deck/next");
-    save(draw_deck_over(layout, c), folder + "/deck/over");
+    const canvas card = draw_card(measures, c);
+    save(card, entry_of_puzzle(type, PICTURE_CARD));
+    save(card, entry_of_puzzle(type, PICTURE_NEXT));
+    save(draw_deck_over(measures, c), entry_of_puzzle(type, PICTURE_EMPTY_DECK));
     make_keys(type, c);
 }
 
@@ -213,18 +213,17 @@ canvas draw_times(rgb colour) {
 } // namespace
 
 void make_keypad(int type) {
-    const std::string folder = folder_of(type);
-    save(draw_pad(), folder + "/input/base");
+    save(draw_pad(), entry_of_puzzle(type, PICTURE_KEYPAD));
     for (int value = 0; value <= ENTER_KEY; ++value)
-        save(draw_key_label(value), numbered(folder + "/input/symbols/keys/", value + 1), on_ground(KEY_SKIN.middle));
+        save(draw_key_label(value), entry_of_puzzle(type, PICTURE_KEY_SYMBOLS, value), on_ground(KEY_SKIN.middle));
     for (int digit = 0; digit < DIGITS; ++digit) {
-        save(draw_entered_digit(digit), numbered(folder + "/input/symbols/entered/", digit + 1));
-        save(draw_card_sign(std::to_string(digit), PRINT), numbered(folder + "/deck/symbols/", digit + 1),
+        save(draw_entered_digit(digit), entry_of_puzzle(type, PICTURE_ENTERED_DIGITS, digit));
+        save(draw_card_sign(std::to_string(digit), PRINT), entry_of_puzzle(type, PICTURE_CARD_SYMBOLS, digit),
              on_ground(CREAM));
     }
     lch sign = to_lch(colours_of(type).accent);
     sign.l = 0.42;
-    save(draw_times(to_rgb(sign)), numbered(folder + "/deck/symbols/", DIGITS + 1), on_ground(CREAM));
+    save(draw_times(to_rgb(sign)), entry_of_puzzle(type, PICTURE_CARD_SYMBOLS, DIGITS), on_ground(CREAM));
 }
 
 } // namespace art

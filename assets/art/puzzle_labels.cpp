@@ -6,8 +6,10 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "puzzle.h"
-#include "things.h"
+#include "puzzle_labels.h"
+
+#include "problems.h"
+#include "puzzle_market.h"
 
 #include <cmath>
 
@@ -42,10 +44,10 @@ void print_goods(cairo_t *cr, int cell, double cx) {
 }
 
 canvas draw_label(int type, int cell) {
-    const puzzle_layout &layout = layout_of(type);
-    canvas label(layout.piece_width, layout.label_height);
-    const double cx = layout.ink_x, cy = layout.ink_y;
-    switch (layout.kind) {
+    const puzzle_measures &measures = measures_of(type);
+    canvas label(PUZZLE_LAYOUTS[type].cell_w, measures.label_height);
+    const double cx = measures.ink_x, cy = measures.ink_y;
+    switch (measures.kind) {
     case puzzle_kind::division:
         print_division(label, division_problem(type, cell), cx);
         break;
@@ -76,9 +78,8 @@ canvas draw_label(int type, int cell) {
 } // namespace
 
 void make_labels(int type) {
-    const grid_size grid = puzzle_grid(type);
-    for (int cell = 0; cell < grid.columns * grid.rows; ++cell)
-        save(draw_label(type, cell), numbered(folder_of(type) + "/piece/symbols/", cell + 1), on_ground(CREAM));
+    for (int cell = 0; cell < PUZZLE_LAYOUTS[type].labels; ++cell)
+        save(draw_label(type, cell), entry_of_puzzle(type, PICTURE_LABELS, cell), on_ground(CREAM));
 }
 
 } // namespace art

@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "puzzle.h"
+#include "puzzle_market.h"
 
 #include <cmath>
 #include <iterator>

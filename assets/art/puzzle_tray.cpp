@@ -2,6 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "puzzle_tray.h"
+
 #include "puzzle.h"
 
 namespace art {
@@ -50,7 +52,7 @@ void draw_place(cairo_t *cr, double x, double y, int seed) {
 } // namespace
 
 void make_tray(int type) {
-    const int shift = layout_of(type).box_shift;
+    const int shift = measures_of(type).box_shift;
     canvas tray(TRAY_WIDTH, TRAY_HEIGHT);
     rounded_rect(tray, 0, 0, TRAY_WIDTH, TRAY_HEIGHT, 8);
     fill(tray, WOOD_OUTLINE);
@@ -63,7 +65,7 @@ void make_tray(int type) {
     for (int i = 0; i < TRAY_COLUMNS * TRAY_ROWS; ++i)
         draw_place(tray, PLACE_X + shift + PLACE_PITCH_X * (i % TRAY_COLUMNS),
                    PLACE_Y + shift + PLACE_PITCH_Y * (i / TRAY_COLUMNS), i * 7 % 11);
-    save(tray, folder_of(type) + "/box/base", {.dither = true});
+    save(tray, entry_of_puzzle(type, PICTURE_BOX), {.dither = true});
 }
 
 } // namespace art

@@ -2,7 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "canvas.h"
+#include "save.h"
+#include "screens/picture_sets.h"
 #include "sets.h"
 
 namespace art {
@@ -23,7 +24,7 @@ void make_score() {
     cairo_set_source(bar, line);
     cairo_fill(bar);
     cairo_pattern_destroy(line);
-    save(bar, numbered("score/", 1), {.dither = true});
+    save(bar, entry_of(SCORE_SET, 0), {.dither = true});
 }
 
 } // namespace art

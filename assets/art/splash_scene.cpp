@@ -8,6 +8,7 @@
 #include "night.h"
 #include "palette.h"
 #include "problems.h"
+#include "text.h"
 #include "things.h"
 #include "title_parts.h"
 #include "title_props.h"
@@ -39,7 +40,7 @@ struct face_colours {
 
 // Print in the same hue as the cardboard, dark enough to read from afar.
 face_colours colours_for(int type) {
-    const lch accent = to_lch(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent);
+    const lch accent = to_lch(PUZZLE_LOOKS[type].accent);
     return {.ground = to_rgb({std::max(0.89, accent.l + 0.03), std::min(0.085, accent.c * 0.7), accent.h}),
             .ink = to_rgb({0.31, std::min(0.12, accent.c), accent.h})};
 }

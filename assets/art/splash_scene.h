@@ -1,6 +1,6 @@
 // splash_scene.h: the picture that the first screen reveals.
 //
-// One thread; nothing fails except by ending the program with a message, as canvas.h describes.
+// One thread; failures are exceptions (fail.h).
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

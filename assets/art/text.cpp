@@ -5,7 +5,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "canvas.h"
+#include "text.h"
+
 #include "faces.h"
 #include "fail.h"
 

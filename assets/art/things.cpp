@@ -5,6 +5,7 @@
 #include "things.h"
 
 #include "fail.h"
+#include "text.h"
 
 #include <algorithm>
 #include <cmath>

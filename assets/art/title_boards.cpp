@@ -107,7 +107,7 @@ constexpr std::array<scene, 11> SCENES = {{
      "#.o.",
      34, 47, 8},
 }};
-static_assert(SCENES.size() == PUZZLE_LOOKS.size());
+static_assert(SCENES.size() == PUZZLE_COUNT);
 
 constexpr bool cells_complete() {
     for (const scene &s : SCENES)
@@ -291,7 +291,7 @@ void keypad_below(cairo_t *cr, int type, const scene &s, const layout &l) {
     constexpr double CAP = 14;
     const place p = loose_place(s);
     const std::string answer = std::to_string((first_row_number(type) + p.row) * (p.column + 1));
-    const board_colours colours = board_colours_of(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent);
+    const board_colours colours = board_colours_of(PUZZLE_LOOKS[type].accent);
     const double y = l.under.y + 6;
     const box card = {8, y, CARD_W, CARD_H};
     paint_card(cr, card.x, card.y, card.w, card.h, colours, 3);
@@ -306,7 +306,7 @@ void keypad_below(cairo_t *cr, int type, const scene &s, const layout &l) {
         const int kx = plate_x + 5 + key % PER_ROW * KEY_W, ky = plate_y + 4 + key / PER_ROW * KEY_H;
         const std::string digit = std::to_string((key + 1) % KEYS);
         const bool pressing = digit[0] == answer.back();
-        draw_plate(cr, KEY_SKIN, pressing ? button_state::hover : button_state::normal, kx, ky, KEY_W - 1, KEY_H - 1);
+        draw_plate(cr, KEY_SKIN, pressing ? BUTTON_LOOK_HOVER : BUTTON_LOOK_NORMAL, kx, ky, KEY_W - 1, KEY_H - 1);
         centred_text(cr, CAP, kx + (KEY_W - 1) / 2.0, ky + (KEY_H - 5) / 2.0, digit, PRINT);
     }
 }
@@ -314,14 +314,14 @@ void keypad_below(cairo_t *cr, int type, const scene &s, const layout &l) {
 void deck_below(cairo_t *cr, int type, const scene &s, const layout &l) {
     constexpr int BUTTON_W = 44, BUTTON_H = 31, BETWEEN = 10, RIM = 6, STACK = 3;
     constexpr double FROM_LEFT = 0.34; // of the room that is left; the loose piece comes down further right
-    const board_colours colours = board_colours_of(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent);
+    const board_colours colours = board_colours_of(PUZZLE_LOOKS[type].accent);
     // The card shows one of the pieces that still wait, reduced where it would be too tall.
     const double scale = std::min(1.0, (l.under.h - 2 * RIM - 2 * STACK) / s.cell_h);
     const double card_w = s.cell_w * scale + 2 * RIM, card_h = s.cell_h * scale + 2 * RIM;
     const double x = std::round((l.under.w - BUTTON_W - BETWEEN - card_w) * FROM_LEFT);
     const double y = std::round(l.under.y + (l.under.h - card_h - 2 * STACK) / 2);
     const double button_y = std::round(y + (card_h - BUTTON_H) / 2);
-    paste(cr, draw_button({.width = BUTTON_W, .height = BUTTON_H}, button_state::normal, icon::none, ""), x, button_y);
+    paste(cr, draw_button({.width = BUTTON_W, .height = BUTTON_H}, BUTTON_LOOK_NORMAL, icon::none, ""), x, button_y);
     draw_next_mark(cr, x + BUTTON_W / 2.0 - 1, button_y + BUTTON_H / 2.0 - 2, colours.accent);
     const double card_x = x + BUTTON_W + BETWEEN;
     paint_card(cr, card_x, y, card_w, card_h, colours, STACK);
@@ -368,7 +368,7 @@ void flying_piece(cairo_t *cr, int type, const scene &s, const layout &l) {
 canvas draw_board_picture(int type) {
     const scene &s = SCENES[static_cast<std::size_t>(type)];
     const layout l = lay_out(s);
-    const board_colours colours = board_colours_of(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent);
+    const board_colours colours = board_colours_of(PUZZLE_LOOKS[type].accent);
     canvas picture(static_cast<int>(l.board.w), l.height);
     paint_board(picture, l.board.x, l.board.y, l.board.w, l.board.h, colours);
     if (s.round == heads::numbers)

@@ -1,6 +1,6 @@
 // title_boards.h: the picture of each puzzle that the title and the score log show.
 //
-// One thread; nothing fails except by ending the program with a message, as canvas.h describes.
+// One thread; failures are exceptions (fail.h).
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

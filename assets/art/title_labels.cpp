@@ -6,6 +6,8 @@
 
 #include "palette.h"
 #include "problems.h"
+#include "puzzles/puzzle_layout.h"
+#include "text.h"
 #include "things.h"
 #include "title_parts.h"
 
@@ -188,7 +190,7 @@ void fraction_cell(cairo_t *cr, int type, int column, int row, const box &cell) 
     const int common = std::gcd(f.coloured, f.parts);
     const middle m = print_middle(cell);
     upright_fraction(cr, CAP, m.x, m.y - TAB_SHIFT, f.coloured / common, f.parts / common,
-                     board_colours_of(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent).ink);
+                     board_colours_of(PUZZLE_LOOKS[type].accent).ink);
 }
 
 // --- Times ---------------------------------------------------------------------------------------
@@ -246,7 +248,7 @@ constexpr std::array<board_content, 11> CONTENTS = {{
     {total_label, toy_cell, 0, hex(0xD7F0D5), hex(0xC8E6C5)},
     {clock_label, time_cell, 0, hex(0xFCEDB4), hex(0xD1EBF7)},
 }};
-static_assert(CONTENTS.size() == PUZZLE_LOOKS.size());
+static_assert(CONTENTS.size() == PUZZLE_COUNT);
 
 const board_content &content_of(int type) {
     return CONTENTS[static_cast<std::size_t>(type)];
@@ -272,24 +274,22 @@ void draw_board_problem(cairo_t *cr, int type, int column, int row, const box &f
 rgb board_floor(int type, int column, int row) {
     const board_content &content = content_of(type);
     if (content.tones > 0)
-        return row_tone(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent, row, content.tones);
+        return row_tone(PUZZLE_LOOKS[type].accent, row, content.tones);
     return (column + row) % 2 == 0 ? content.even : content.odd;
 }
 
 int column_coin(int type, int index) {
     // The small board shows four of the six columns, with the dollar among them where prices pass it.
     constexpr std::array MARKET_COLUMNS = {1, 10, 25, 100};
-    return type == CONSUMER ? MARKET_COLUMNS[static_cast<std::size_t>(index)]
-                            : COINS_IN_ORDER[static_cast<std::size_t>(index)];
+    return type == CONSUMER ? MARKET_COLUMNS[static_cast<std::size_t>(index)] : COINS_IN_ORDER[index];
 }
 
 int left_coin(int, int index) {
-    return COINS_IN_ORDER[static_cast<std::size_t>(index)];
+    return COINS_IN_ORDER[index];
 }
 
 int right_coin(int type, int index) {
-    const auto i = static_cast<std::size_t>(index);
-    return type == CONSUMER ? COINS_IN_ORDER[RIGHT_COINS[i]] : COINS_IN_ORDER[i];
+    return COINS_IN_ORDER[type == CONSUMER ? CONSUMER_RIGHT_HEADINGS[index] : index];
 }
 
 } // namespace art

@@ -1,7 +1,7 @@
 // title_labels.h: what stands on the pieces, in the cells and beside the rows of the small boards that the
 // title shows, for every puzzle type. All of it is computed from the cell's place.
 //
-// One thread; nothing fails except by ending the program with a message, as canvas.h describes.
+// One thread; failures are exceptions (fail.h).
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

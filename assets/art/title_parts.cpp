@@ -5,6 +5,7 @@
 #include "title_parts.h"
 
 #include "palette.h"
+#include "text.h"
 #include "things.h"
 
 #include <algorithm>

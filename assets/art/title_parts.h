@@ -2,7 +2,7 @@
 // size, boards, cards, trays and keys, all with the light from the top left.
 //
 // These are for pictures only; the pieces and boards of the game itself are made elsewhere, pixel by pixel.
-// One thread; nothing fails except by ending the program with a message, as canvas.h describes.
+// One thread; failures are exceptions (fail.h).
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

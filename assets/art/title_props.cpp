@@ -5,6 +5,7 @@
 #include "title_props.h"
 
 #include "palette.h"
+#include "text.h"
 #include "title_parts.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 // title_props.h: the things that lie about on a craft table, seen from above, for the large pictures. Each
 // lies round (x, y), is turned clockwise by `turn` degrees and throws its shadow on what is already painted.
 //
-// One thread; nothing fails except by ending the program with a message, as canvas.h describes.
+// One thread; failures are exceptions (fail.h).
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers

@@ -2,9 +2,10 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "title_rows.h"
 #include "night.h"
 #include "palette.h"
-#include "title.h"
+#include "text.h"
 #include "title_parts.h"
 
 #include "things.h"
@@ -108,7 +109,7 @@ void factor_icon(cairo_t *cr, rgb ink) {
 constexpr std::array<void (*)(cairo_t *, rgb), 11> DRAWN_ICONS = {
     nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, basket_icon, pie_icon, factor_icon, coin_icon, clock_icon,
 };
-static_assert(DRAWN_ICONS.size() == PUZZLE_LOOKS.size());
+static_assert(DRAWN_ICONS.size() == PUZZLE_COUNT);
 
 // --- The heading ---------------------------------------------------------------------------------
 
@@ -174,8 +175,8 @@ void heading_tile(cairo_t *cr, std::size_t i) {
 canvas draw_list_row(int type) {
     constexpr int WIDTH = 181, HEIGHT = 28, ROW_X = 30, ROW_Y = 130, PITCH = 35;
     constexpr double CAP = 12.5, STRIP_RADIUS = 7;
-    const puzzle_look &look = PUZZLE_LOOKS[static_cast<std::size_t>(type)];
-    const int position = static_cast<int>(std::ranges::find(LIST_ORDER, type) - LIST_ORDER.begin());
+    const puzzle_look &look = PUZZLE_LOOKS[type];
+    const int position = static_cast<int>(std::ranges::find(PUZZLE_LIST_ORDER, type) - PUZZLE_LIST_ORDER);
     // The dark accents take a slightly darker tile, so that white signs stand out well.
     const rgb accent = look.white_ink ? lighten(look.accent, -0.05) : look.accent;
     const rgb ink = look.white_ink ? WHITE : ICON_INK;
@@ -242,14 +243,6 @@ canvas draw_master_star() {
     star_path(star, MIDDLE - 1, MIDDLE_Y - 1, OUTER * 0.42, INNER * 0.5);
     fill(star, hex(0xFFF6C8));
     return star;
-}
-
-canvas draw_spare() {
-    constexpr int SIZE = 8;
-    canvas spare(SIZE, SIZE);
-    circle(spare, SIZE / 2.0, SIZE / 2.0, SIZE / 2.0 - 1);
-    fill(spare, FOOTER_LINE);
-    return spare;
 }
 
 } // namespace art

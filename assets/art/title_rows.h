@@ -1,5 +1,4 @@
-// title.h: those pictures of the title's set that have a file of their own. Each returns or writes finished
-// pictures; one thread, and nothing fails except by ending the program with a message.
+// title_rows.h: the title's list rows, heading, star and sub-heading.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -20,11 +19,5 @@ canvas draw_master_star();
 
 // The line of words under the heading, for a blend onto the blackboard.
 canvas draw_sub_heading();
-
-// The craft table being set, SCREEN_WIDTH x SCREEN_HEIGHT.
-canvas draw_craft_table();
-
-// A small, valid picture for a number that no screen shows.
-canvas draw_spare();
 
 } // namespace art

@@ -3,11 +3,12 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "title_table.h"
 #include "night.h"
 #include "palette.h"
 #include "problems.h"
+#include "text.h"
 #include "things.h"
-#include "title.h"
 #include "title_parts.h"
 #include "title_props.h"
 
@@ -76,7 +77,7 @@ constexpr int COLUMNS = 4, ROWS = 3;
 constexpr double PIECE_W = 106, PIECE_H = 98, KNOB = 17, DEPTH = 7, FIRST_X = 188, FIRST_Y = 128;
 
 void print_sign(cairo_t *cr, double cx, double cy, int type) {
-    const puzzle_look &look = PUZZLE_LOOKS[static_cast<std::size_t>(type)];
+    const puzzle_look &look = PUZZLE_LOOKS[type];
     centred_text(cr, 34, cx, cy, look.icon, board_colours_of(look.accent).ink);
 }
 
@@ -95,14 +96,14 @@ void print_price(cairo_t *cr, double cx, double cy, int type) {
     emoji(cr, "🍎", cx - SIZE / 2 - 4, cy - SIZE / 2 - 12, SIZE);
     rounded_rect(cr, cx - 10, cy + 12, 46, 23, 5);
     fill_keep(cr, WHITE);
-    const rgb ink = board_colours_of(PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent).ink;
+    const rgb ink = board_colours_of(PUZZLE_LOOKS[type].accent).ink;
     stroke(cr, ink, 1.3);
     centred_text(cr, CAP, cx + 13, cy + 23.5, money_text(36), ink);
 }
 
 void print_fraction(cairo_t *cr, double cx, double cy, int type) {
     constexpr double SIZE = 48;
-    const rgb accent = PUZZLE_LOOKS[static_cast<std::size_t>(type)].accent;
+    const rgb accent = PUZZLE_LOOKS[type].accent;
     draw_fraction(cr, fraction_shape::pie, 3, 4, cx - SIZE / 2 - 16, cy - SIZE / 2, SIZE, lighten(accent, 0.10));
     upright_fraction(cr, 16, cx + 23, cy, 3, 4, board_colours_of(accent).ink);
 }
@@ -162,7 +163,7 @@ piece_shape table_shape(int column, int row) {
 rgb table_face(int type) {
     if (type < 0)
         return CREAM;
-    const puzzle_look &look = PUZZLE_LOOKS[static_cast<std::size_t>(type)];
+    const puzzle_look &look = PUZZLE_LOOKS[type];
     const lch accent = to_lch(look.accent);
     return to_rgb({look.white_ink ? 0.80 : std::max(0.88, accent.l + 0.02), std::min(0.11, accent.c * 0.8), accent.h});
 }

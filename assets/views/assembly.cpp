@@ -4,17 +4,15 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "assembly.h"
 
-#include <algorithm>
+#include "written.h"
 
 namespace art {
 namespace {
 
-enum { TOP, RIGHT, BOTTOM, LEFT };
-
-std::vector<canvas> load_four(const std::string &prefix) {
+std::vector<canvas> load_four(int type, puzzle_picture id) {
     std::vector<canvas> pictures;
-    for (int k = 1; k <= 4; ++k)
-        pictures.push_back(load(numbered(prefix, k)));
+    for (int k = 0; k < EDGE_COUNT; ++k)
+        pictures.push_back(load(entry_of_puzzle(type, id, k)));
     return pictures;
 }
 
@@ -33,35 +31,35 @@ void draw_socket(canvas &target, const canvas &under, const canvas &rim, int x, 
 
 } // namespace
 
-piece_set::piece_set(const std::string &folder)
-    : body(load(folder + "/piece/base")), loose(load_four(folder + "/piece/fragments/out/")),
-      placed(load_four(folder + "/piece/fragments/in/")), dents(load_four(folder + "/board/fragments/negative/")),
-      bumps(load_four(folder + "/board/fragments/positive/")) {}
+piece_set::piece_set(int type)
+    : body(load(entry_of_puzzle(type, PICTURE_PIECE))), loose(load_four(type, PICTURE_LOOSE_EDGES)),
+      placed(load_four(type, PICTURE_PLACED_EDGES)), dents(load_four(type, PICTURE_BOARD_DENTS)),
+      bumps(load_four(type, PICTURE_BOARD_BUMPS)) {}
 
 void draw_piece(canvas &target, const piece_set &set, bool loose, int x, int y, edge_places places,
                 const canvas *label) {
     const std::vector<canvas> &edge = loose ? set.loose : set.placed;
-    const int bottom_x = x + places.bottom - 1, bottom_y = y + set.body.height - edge[BOTTOM].height;
-    const int right_x = x + set.body.width - edge[RIGHT].width, right_y = y + places.right - 1;
-    const canvas under_bottom = cut_out(target, bottom_x, bottom_y, edge[BOTTOM].width, edge[BOTTOM].height);
-    const canvas under_right = cut_out(target, right_x, right_y, edge[RIGHT].width, edge[RIGHT].height);
+    const int bottom_x = x + places.bottom - 1, bottom_y = y + set.body.height - edge[EDGE_BOTTOM].height;
+    const int right_x = x + set.body.width - edge[EDGE_RIGHT].width, right_y = y + places.right - 1;
+    const canvas under_bottom = cut_out(target, bottom_x, bottom_y, edge[EDGE_BOTTOM].width, edge[EDGE_BOTTOM].height);
+    const canvas under_right = cut_out(target, right_x, right_y, edge[EDGE_RIGHT].width, edge[EDGE_RIGHT].height);
     paste(target, set.body, x, y);
     if (label)
         paste(target, *label, x + set.body.width / 2 - label->width / 2, y + set.body.height / 2 - label->height / 2);
-    paste(target, edge[TOP], x + places.top - 1, y - edge[TOP].height + 1);
-    paste(target, edge[LEFT], x - edge[LEFT].width, y + places.left);
-    draw_socket(target, under_bottom, edge[BOTTOM], bottom_x, bottom_y);
-    draw_socket(target, under_right, edge[RIGHT], right_x, right_y);
+    paste(target, edge[EDGE_TOP], x + places.top - 1, y - edge[EDGE_TOP].height + 1);
+    paste(target, edge[EDGE_LEFT], x - edge[EDGE_LEFT].width, y + places.left);
+    draw_socket(target, under_bottom, edge[EDGE_BOTTOM], bottom_x, bottom_y);
+    draw_socket(target, under_right, edge[EDGE_RIGHT], right_x, right_y);
 }
 
 void draw_cell_edges(canvas &target, const piece_set &set, int x, int y, int width, int height, edge_places places,
                      bool last_row, bool last_column) {
-    paste(target, set.dents[TOP], x + places.top, y - set.dents[TOP].height + 1);
-    paste(target, set.dents[LEFT], x - set.dents[LEFT].width + 1, y + places.left);
+    paste(target, set.dents[EDGE_TOP], x + places.top, y - set.dents[EDGE_TOP].height + 1);
+    paste(target, set.dents[EDGE_LEFT], x - set.dents[EDGE_LEFT].width + 1, y + places.left);
     if (last_row)
-        paste(target, set.bumps[TOP], x + places.bottom, y + height - set.bumps[TOP].height);
+        paste(target, set.bumps[EDGE_TOP], x + places.bottom, y + height - set.bumps[EDGE_TOP].height);
     if (last_column)
-        paste(target, set.bumps[LEFT], x + width - set.bumps[LEFT].width, y + places.right);
+        paste(target, set.bumps[EDGE_LEFT], x + width - set.bumps[EDGE_LEFT].width, y + places.right);
 }
 
 // --- The joint study -----------------------------------------------------------------------------
@@ -87,10 +85,11 @@ edge_places study_places(std::size_t column, std::size_t row) {
 
 } // namespace
 
-canvas joint_study(const std::string &folder, bool reversed) {
-    const piece_set set(folder);
-    const canvas cell = load(folder + "/board/pieces/001");
-    const canvas label = load(folder + "/piece/symbols/020"), board = load(folder + "/board/base");
+canvas joint_study(int type) {
+    const piece_set set(type);
+    const canvas cell = load(entry_of_puzzle(type, PICTURE_CELLS));
+    const canvas label = load(entry_of_puzzle(type, PICTURE_LABELS, 19)),
+                 board = load(entry_of_puzzle(type, PICTURE_BOARD));
     const int pitch_x = cell.width - 1, pitch_y = cell.height - 1;
     canvas study(STUDY_MARGIN * 3 + pitch_x * (STUDY + 1), STUDY_MARGIN * 2 + pitch_y * STUDY + set.body.height / 2);
     // One pixel of the plain panel, repeated, is the ground.
@@ -108,12 +107,10 @@ canvas joint_study(const std::string &folder, bool reversed) {
         cells.push_back({i % STUDY, i / STUDY, STUDY_MARGIN + static_cast<int>(i % STUDY) * pitch_x,
                          STUDY_MARGIN + static_cast<int>(i / STUDY) * pitch_y});
     for (const place &p : cells)
-        paste(study, load(numbered(folder + "/board/pieces/", static_cast<int>(p.row) * 2 + 1)), p.x, p.y);
+        paste(study, load(entry_of_puzzle(type, PICTURE_CELLS, static_cast<int>(p.row) * 2)), p.x, p.y);
     for (const place &p : cells)
         draw_cell_edges(study, set, p.x, p.y, cell.width, cell.height, study_places(p.column, p.row),
                         p.row == STUDY - 1, p.column == STUDY - 1);
-    if (reversed)
-        std::reverse(cells.begin(), cells.end());
     for (const place &p : cells) {
         if (STUDY_PIECES[p.row][p.column] == 'X')
             draw_piece(study, set, false, p.x + 1, p.y + 1, study_places(p.column, p.row), &label);

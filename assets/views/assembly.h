@@ -10,14 +10,13 @@
 #include "canvas.h"
 
 #include <array>
-#include <string>
 #include <vector>
 
 namespace art {
 
-// The body and edge pictures of one puzzle folder; edges in the order top, right, bottom, left.
+// The body and edge pictures of one puzzle; edges in the order top, right, bottom, left.
 struct piece_set {
-    explicit piece_set(const std::string &folder); // "puzzle/mult_15"
+    explicit piece_set(int type);
     canvas body;
     std::vector<canvas> loose, placed, dents, bumps;
 };
@@ -36,8 +35,8 @@ void draw_piece(canvas &target, const piece_set &set, bool loose, int x, int y, 
 void draw_cell_edges(canvas &target, const piece_set &set, int x, int y, int width, int height, edge_places places,
                      bool last_row, bool last_column);
 
-// A block of three by three cells of a puzzle folder with tidy, empty and loose pieces on its own board's
-// colours, for judging the joints. `reversed` lays the pieces in the opposite order.
-canvas joint_study(const std::string &folder, bool reversed = false);
+// A block of three by three cells of a puzzle with tidy, empty and loose pieces on its own board's colours, for judging
+// the joints.
+canvas joint_study(int type);
 
 } // namespace art

@@ -5,10 +5,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "assembly.h"
-#include "canvas.h"
+#include "fail.h"
+#include "text.h"
+#include "written.h"
 
+#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -21,6 +23,7 @@ constexpr art::rgb PAPER = art::hex(0xF4F2EC), INK = art::hex(0x30343C), RED = a
                    GROUND_LIGHT = art::hex(0xDCE6F0), GROUND_DARK = art::hex(0xC8D6E6), NIGHT = art::hex(0x33415C);
 constexpr double CAPS = 9; // pixels
 constexpr int GAP = 24;
+constexpr int SHOWN_TYPE = 0; // whose pieces are shown
 
 art::canvas sheet_of(int width, int height) {
     art::canvas sheet(width, height);
@@ -52,23 +55,22 @@ void label(cairo_t *cr, double x, double y, const std::string &text, art::rgb co
 
 void write(const art::canvas &sheet, const fs::path &path) {
     fs::create_directories(path.parent_path());
-    if (cairo_surface_write_to_png(sheet.surface.get(), path.c_str()) == CAIRO_STATUS_SUCCESS)
-        return;
-    std::fprintf(stderr, "cannot write %s\n", path.c_str());
-    std::exit(EXIT_FAILURE);
+    if (cairo_surface_write_to_png(sheet.surface.get(), path.c_str()) != CAIRO_STATUS_SUCCESS)
+        fail("cannot write " + path.string());
 }
 
 // The edge pictures of one puzzle, a folder a row.
 void draw_edges(const fs::path &out) {
     struct edge_row {
-        const char *folder, *what;
+        puzzle_picture pictures;
+        const char *what;
         bool top_and_left_only;
     };
     constexpr edge_row ROWS[] = {
-        {"piece/fragments/out/", "piece/fragments/out: a loose piece", false},
-        {"piece/fragments/in/", "piece/fragments/in: a placed piece", false},
-        {"board/fragments/negative/", "board/fragments/negative: a dent in the board", true},
-        {"board/fragments/positive/", "board/fragments/positive: the frame's bump", true},
+        {PICTURE_LOOSE_EDGES, "piece/fragments/out: a loose piece", false},
+        {PICTURE_PLACED_EDGES, "piece/fragments/in: a placed piece", false},
+        {PICTURE_BOARD_DENTS, "board/fragments/negative: a dent in the board", true},
+        {PICTURE_BOARD_BUMPS, "board/fragments/positive: the frame's bump", true},
     };
     constexpr const char *SIDES[] = {"001 top", "002 right", "003 bottom", "004 left"};
     constexpr int scale = 8, column = 150, row_height = 150, width = 4 * column + 2 * GAP;
@@ -82,7 +84,7 @@ void draw_edges(const fs::path &out) {
                 label(sheet, x, y + 24, std::string(SIDES[side]) + ": not drawn");
                 continue;
             }
-            const art::canvas edge = art::load(art::numbered(std::string("puzzle/mult_15/") + row.folder, side + 1));
+            const art::canvas edge = art::load(entry_of_puzzle(SHOWN_TYPE, row.pictures, side));
             label(sheet, x, y + 24,
                   std::string(SIDES[side]) + ": " + std::to_string(edge.width) + "x" + std::to_string(edge.height));
             enlarged(sheet, edge, x, y + 32, scale, false);
@@ -94,27 +96,23 @@ void draw_edges(const fs::path &out) {
 
 void draw_joint(const fs::path &out) {
     constexpr int scale = 4;
-    const art::canvas joint = art::joint_study("puzzle/mult_15");
+    const art::canvas joint = art::joint_study(SHOWN_TYPE);
     art::canvas sheet = sheet_of(joint.width * scale, joint.height * scale);
     enlarged(sheet, joint, 0, 0, scale, false);
     write(sheet, out / "joint.png");
 }
 
 int empty_rows(const art::canvas &picture) {
-    cairo_surface_flush(picture.surface.get());
-    const unsigned char *data = cairo_image_surface_get_data(picture.surface.get());
-    const int stride = cairo_image_surface_get_stride(picture.surface.get());
     for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < picture.width; ++x)
-            if (data[y * stride + x * 4 + 3] != 0)
-                return y;
+        if (std::any_of(art::row_of(picture, y), art::row_of(picture, y) + picture.width, [](u32 p) { return p != 0; }))
+            return y;
     return 0;
 }
 
 // Letters as pictures, each where the game draws it on the reference line.
 void draw_font_line(const fs::path &out) {
     struct letter {
-        const char *file, *what;
+        const char *name, *what;
     };
     constexpr letter LETTERS[] = {
         {"A", "A: nothing below"}, {"n", "n: nothing below"},    {"g", "g: 3 rows below"},
@@ -124,7 +122,7 @@ void draw_font_line(const fs::path &out) {
     art::canvas sheet = sheet_of(static_cast<int>(std::size(LETTERS)) * column + GAP, line + 110);
     double x = GAP;
     for (const letter &l : LETTERS) {
-        const art::canvas glyph = art::load(std::string("font/normal/") + l.file);
+        const art::canvas glyph = art::load(entry_of_glyph(l.name));
         const int top = empty_rows(glyph);
         const double y = line + (top - glyph.height) * scale;
         enlarged(sheet, glyph, x, y, scale, true);
@@ -141,9 +139,7 @@ void draw_font_line(const fs::path &out) {
     write(sheet, out / "font-line.png");
 }
 
-} // namespace
-
-int main(int argc, char **argv) {
+int run(int argc, char **argv) {
     if (argc != 3) {
         std::fprintf(stderr, "usage: tavimo-doc-pictures DATADIR OUTDIR\n");
         return 2;
@@ -153,4 +149,10 @@ int main(int argc, char **argv) {
     draw_joint(argv[2]);
     draw_font_line(argv[2]);
     return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    return exit_code_of("tavimo-doc-pictures", [=] { return run(argc, argv); });
 }

@@ -7,8 +7,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "assembly.h"
-#include "canvas.h"
 #include "fail.h"
+#include "text.h"
+#include "written.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -50,7 +51,7 @@ art::canvas enlarge(const art::canvas &picture, int scale) {
 void write_png(const art::canvas &sheet, const fs::path &path) {
     fs::create_directories(path.parent_path());
     if (cairo_surface_write_to_png(sheet.surface.get(), path.c_str()) != CAIRO_STATUS_SUCCESS)
-        art::fail("cannot write " + path.string());
+        fail("cannot write " + path.string());
 }
 
 // Sets the pictures out in rows; returns the height of the sheet.
@@ -104,7 +105,7 @@ void write_sheet(std::vector<picture> &pictures, const fs::path &path, bool dark
 std::map<std::string, std::vector<std::string>> find_pictures(const fs::path &root, const std::string &set) {
     std::map<std::string, std::vector<std::string>> folders;
     for (const fs::directory_entry &entry : fs::recursive_directory_iterator(root)) {
-        if (entry.path().extension() != ".xpm")
+        if (entry.path().extension() != PICTURE_SUFFIX)
             continue;
         const std::string folder = fs::relative(entry.path().parent_path(), root).generic_string();
         if (folder.starts_with(set))
@@ -119,7 +120,7 @@ void write_folder(const std::string &folder, const std::vector<std::string> &nam
     std::vector<picture> pictures;
     int largest = 0;
     for (const std::string &name : names) {
-        pictures.push_back({.label = name, .image = art::load(folder + "/" + name)});
+        pictures.push_back({.label = name, .image = art::load(PICTURE_FOLDER + folder + "/" + name + PICTURE_SUFFIX)});
         largest = std::max({largest, pictures.back().image.width, pictures.back().image.height});
     }
     for (picture &p : pictures) {
@@ -132,20 +133,24 @@ void write_folder(const std::string &folder, const std::vector<std::string> &nam
 }
 
 constexpr int JOINT_SCALE = 4;
-constexpr const char *JOINT_FOLDER = "puzzle/mult_15";
+constexpr int JOINT_TYPE = 0;
 
-} // namespace
-
-int main(int argc, char **argv) {
+int run(int argc, char **argv) {
     if (argc < 3) {
         std::fprintf(stderr, "usage: tavimo-sheets DATADIR OUTDIR [SET]\n");
         return 2;
     }
-    const fs::path root = fs::path(argv[1]) / "xpm", out = argv[2];
+    const fs::path root = fs::path(argv[1]) / PICTURE_FOLDER, out = argv[2];
     art::set_output(argv[1]);
     for (const auto &[folder, names] : find_pictures(root, argc > 3 ? argv[3] : ""))
         write_folder(folder, names, out);
-    if (fs::exists(root / JOINT_FOLDER))
-        write_png(enlarge(art::joint_study(JOINT_FOLDER), JOINT_SCALE), out / "joint-4x.png");
+    if (fs::exists(root / PUZZLE_LAYOUTS[JOINT_TYPE].dir))
+        write_png(enlarge(art::joint_study(JOINT_TYPE), JOINT_SCALE), out / "joint-4x.png");
     return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    return exit_code_of("tavimo-sheets", [=] { return run(argc, argv); });
 }

@@ -27,7 +27,6 @@ struct heading_series {
 constexpr i32 FIRST_TEN[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
 constexpr i32 NEXT_FIVE[] = {10, 11, 12, 13, 14};
 constexpr i32 FIRST_SIX[] = {0, 1, 2, 3, 4, 5};
-constexpr i32 MIXED_SIX[] = {2, 5, 1, 4, 0, 3}; // every cell then lies in line with three different symbols
 
 constexpr heading_series COUNTING_LOW[]  = {{OVER_COLUMNS, 57, 0, FIRST_TEN}, {BESIDE_ROWS, 35, 2, NEXT_FIVE}};
 constexpr heading_series PRODUCTS_LOW[]  = {{OVER_COLUMNS, 59, 0, FIRST_TEN}, {BESIDE_ROWS, 38, 2, NEXT_FIVE}};
@@ -37,7 +36,7 @@ constexpr heading_series DIVISION_LOW[]  = {{OVER_COLUMNS, 64, 0, FIRST_TEN}, {B
 constexpr heading_series DIVISION_HIGH[] = {{OVER_COLUMNS, 63, 0, FIRST_TEN}, {BESIDE_ROWS, 38, 4, NEXT_FIVE}};
 constexpr heading_series FACTORS[]       = {{OVER_COLUMNS, 59, 0, FIRST_TEN}, {BESIDE_ROWS, 36, 2, FIRST_TEN}};
 constexpr heading_series CONSUMER[] = {
-    {OVER_COLUMNS, 66, 0, FIRST_SIX}, {BESIDE_ROWS, 42, 2, FIRST_SIX}, {BESIDE_ROWS, 523, 2, MIXED_SIX}};
+    {OVER_COLUMNS, 66, 0, FIRST_SIX}, {BESIDE_ROWS, 42, 2, FIRST_SIX}, {BESIDE_ROWS, 523, 2, CONSUMER_RIGHT_HEADINGS}};
 constexpr heading_series MONEY[] = {
     {OVER_COLUMNS, 61, 0, FIRST_SIX}, {OVER_COLUMNS, 427, 0, FIRST_SIX},
     {BESIDE_ROWS,  42, 1, FIRST_SIX}, {BESIDE_ROWS, 442, 1, FIRST_SIX}};

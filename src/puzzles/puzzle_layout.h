@@ -87,6 +87,10 @@ constexpr i32 puzzle_piece_height(i32 type) {
     return puzzle_row_pitch(type) - 1;
 }
 
+// Which of the headings over the columns stands at the right of each row of Consumer Math: every cell then lies in line
+// with three different ones.
+inline constexpr i32 CONSUMER_RIGHT_HEADINGS[] = {2, 5, 1, 4, 0, 3};
+
 // Where things stand on the screen, in pixels; unused ones are 0.
 struct puzzle_places {
     point box;

@@ -3,15 +3,14 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
-#include "canvas.h"
 #include "edges.h"
 #include "problems.h"
+#include "save.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdint>
-#include <filesystem>
 #include <map>
 #include <numeric>
 #include <set>
@@ -19,39 +18,23 @@
 namespace {
 
 std::uint32_t pixel(const art::canvas &picture, int x, int y) {
-    cairo_surface_flush(picture.surface.get());
-    const unsigned char *data = cairo_image_surface_get_data(picture.surface.get());
-    const int stride = cairo_image_surface_get_stride(picture.surface.get());
-    return reinterpret_cast<const std::uint32_t *>(data + y * stride)[x];
+    return art::row_of(picture, y)[x];
 }
 
-// --- Pictures as they are written ----------------------------------------------------------------
+// --- Pictures as the game shows them -------------------------------------------------------------
 
 void block(const art::canvas &picture, int x, int y, int w, int h, art::rgb colour) {
     cairo_rectangle(picture, x, y, w, h);
     art::fill(picture, colour);
 }
 
-art::canvas saved(const art::canvas &picture, const std::string &name, const art::finish &how = {}) {
-    art::save(picture, name, how);
-    return art::load(name);
-}
-
-class Xpm : public ::testing::Test {
-protected:
-    void SetUp() override { art::set_output(folder); }
-    void TearDown() override { std::filesystem::remove_all(folder); }
-    const std::string folder =
-        ::testing::TempDir() + "tavimo-xpm-" + ::testing::UnitTest::GetInstance()->current_test_info()->name();
-};
-
-TEST_F(Xpm, WrittenColoursSurviveBeingCutToSixteenBits) {
+TEST(Finished, ColoursSurviveBeingCutToSixteenBits) {
     art::canvas ramp(256, 1);
     for (int v = 0; v < 256; ++v)
         block(ramp, v, 0, 1, 1, {v / 255.0, v / 255.0, v / 255.0});
-    const art::canvas back = saved(ramp, "ramp");
+    const raster back = art::finished(ramp);
     for (int v = 0; v < 256; ++v) {
-        const std::uint32_t p = pixel(back, v, 0);
+        const std::uint32_t p = back.pixels[static_cast<std::size_t>(v)];
         const auto red = static_cast<int>((p >> 16) & 0xFF), green = static_cast<int>((p >> 8) & 0xFF);
         EXPECT_EQ(red, (red >> 3) << 3 | red >> 5) << "level " << v;
         EXPECT_EQ(green, (green >> 2) << 2 | green >> 6) << "level " << v;
@@ -60,17 +43,17 @@ TEST_F(Xpm, WrittenColoursSurviveBeingCutToSixteenBits) {
     }
 }
 
-TEST_F(Xpm, EdgePixelsBecomeOpaqueOnTheirGroundOrTransparent) {
+TEST(Finished, EdgePixelsBecomeOpaqueOnTheirGroundOrTransparent) {
     art::canvas picture(2, 1);
     cairo_rectangle(picture, 0, 0, 0.75, 1);
     cairo_rectangle(picture, 1, 0, 0.25, 1);
     art::fill(picture, {0, 0, 0});
-    const art::canvas bare = saved(picture, "bare");
-    EXPECT_EQ(pixel(bare, 0, 0), 0xFF000000);
-    EXPECT_EQ(pixel(bare, 1, 0), 0U);
-    const art::canvas grounded = saved(picture, "grounded", {.ground = art::rgb{1, 1, 1}, .threshold = 0.1});
-    EXPECT_NEAR(pixel(grounded, 0, 0) & 0xFF, 0x40, 4);
-    EXPECT_NEAR(pixel(grounded, 1, 0) & 0xFF, 0xC0, 4);
+    const raster bare = art::finished(picture);
+    EXPECT_EQ(bare.pixels[0], 0xFF000000);
+    EXPECT_EQ(bare.pixels[1], 0U);
+    const raster grounded = art::finished(picture, {.ground = art::rgb{1, 1, 1}, .threshold = 0.1});
+    EXPECT_NEAR(grounded.pixels[0] & 0xFF, 0x40, 4);
+    EXPECT_NEAR(grounded.pixels[1] & 0xFF, 0xC0, 4);
 }
 
 // --- Joints: no gap, whichever piece is drawn first ----------------------------------------------
@@ -120,15 +103,10 @@ TEST(Joints, PlacedTabFillsItsSocketExactly) {
 
 // --- Problems ------------------------------------------------------------------------------------
 
-int cell_count(int type) {
-    const art::grid_size grid = art::puzzle_grid(type);
-    return grid.columns * grid.rows;
-}
-
 // That they are the answers to what the boards ask is checked while the whole program is played.
 TEST(Problems, FractionsAreInLowestTermsAndCountable) {
     std::map<std::pair<int, int>, std::set<std::pair<int, int>>> drawings; // by lowest terms: parts and shape
-    for (int cell = 0; cell < cell_count(7); ++cell) {
+    for (int cell = 0; cell < PUZZLE_LAYOUTS[7].labels; ++cell) {
         const art::fraction f = art::fraction_problem(cell);
         EXPECT_EQ(std::gcd(f.numerator, f.denominator), 1) << "cell " << cell;
         EXPECT_TRUE(f.numerator > 0 && f.numerator < f.denominator);
@@ -146,7 +124,7 @@ TEST(Problems, FractionsAreInLowestTermsAndCountable) {
 
 TEST(Problems, TimesDiffer) {
     std::set<std::string> seen;
-    for (int cell = 0; cell < cell_count(10); ++cell) {
+    for (int cell = 0; cell < PUZZLE_LAYOUTS[10].labels; ++cell) {
         const art::clock_time t = art::time_problem(cell);
         EXPECT_TRUE(t.hour >= 1 && t.hour <= 12 && t.minute >= 0 && t.minute < 60 && t.minute % 5 == 0);
         EXPECT_TRUE(seen.insert(art::time_text(t)).second) << art::time_text(t) << " comes twice";
