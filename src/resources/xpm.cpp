@@ -8,71 +8,17 @@
 #include "resources/pixel.h"
 
 #include <algorithm>
-#include <array>
-#include <atomic>
-#include <bit>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
-#include <utility>
 
-// --- alphabet ------------------------------------------------------------------------------------
-
-static constexpr i32 RANK_BITS = 7;           // a symbol's key has this many bits a character
-static constexpr u8 NO_RANK = 1 << RANK_BITS; // a character outside the alphabet
-static constexpr i32 MAX_SYMBOL_LENGTH = 9;
-static constexpr i32 MAX_FLAT_LENGTH = 2;
+static constexpr i32 MAX_SYMBOL_LENGTH = 9; // characters; each takes a level of tables
 static constexpr i32 COLOR_DIGITS = 6;
-static_assert(XPM_ALPHABET.size() < NO_RANK);
-static_assert(RANK_BITS * MAX_SYMBOL_LENGTH < 64, "a key, plus one, fits its integer");
 
-static constexpr auto RANKS = [] {
-    std::array<u8, 256> ranks = {};
-    ranks.fill(NO_RANK);
-    for (std::size_t i = 0; i < XPM_ALPHABET.size(); ++i)
-        ranks[static_cast<u8>(XPM_ALPHABET[i])] = static_cast<u8>(i);
-    return ranks;
-}();
-
-// The flat table of short symbols: rows of the first characters, and one of symbols of one character. It is kept from
-// picture to picture, since filling it takes longer than decoding most; a picture puts back the rows that it changes.
-static constexpr i32 ROW_LENGTH = 256, SINGLE_ROW = 256, ROW_COUNT = 257;
-static constexpr u32 SYMBOL_UNKNOWN = u32{1} << 31;
-static_assert((pixel32::from_rgb({0xFF, 0xFF, 0xFF}) & SYMBOL_UNKNOWN) == 0, "no pixel looks like it");
-
-static u32 flat[ROW_COUNT * ROW_LENGTH]; // pixels; SYMBOL_UNKNOWN at characters outside the alphabet
-static bool flat_changed[ROW_COUNT];
-static std::atomic_flag flat_taken;
-
-static constexpr auto UNDEFINED_ROW = [] {
-    std::array<u32, ROW_LENGTH> row = {};
-    for (std::size_t c = 0; c < row.size(); ++c)
-        row[c] = RANKS[c] == NO_RANK ? SYMBOL_UNKNOWN : 0;
-    return row;
-}();
-
-static u8 rank_of(char c) {
-    return RANKS[static_cast<u8>(c)];
-}
-
-// Whether every character belongs to the alphabet; says which does not.
-static bool symbols_known(std::span<const char> characters) {
-    for (const char c : characters) {
-        if (rank_of(c) == NO_RANK) {
-            std::fprintf(stderr, "Warning, palette symbol %c does not exist, returning -1\n", c);
-            return false;
-        }
-    }
-    return true;
-}
-
-static u64 symbol_key(const char *symbol, i32 length) {
-    u64 key = 0;
-    for (i32 i = 0; i < length; ++i)
-        key = key << RANK_BITS | rank_of(symbol[i]);
-    return key;
+static void say_unknown(char c) {
+    std::fprintf(stderr, "Warning, palette symbol %c does not exist, returning -1\n", c);
 }
 
 // --- scanner -------------------------------------------------------------------------------------
@@ -80,27 +26,15 @@ static u64 symbol_key(const char *symbol, i32 length) {
 // The characters before the next c, which is skipped too. Without one the text is used up and found cleared.
 static std::span<const char> take_until(xpm *picture, char c, bool *found) {
     const std::span<const char> text = picture->text;
-    const auto *at = text.empty() ? nullptr : static_cast<const char *>(std::memchr(text.data(), c, text.size()));
-    if (at == nullptr) {
-        *found = false;
-        picture->text = {};
-        return text;
-    }
-    const auto n = static_cast<std::size_t>(at - text.data());
-    picture->text = text.subspan(n + 1);
+    std::size_t n = 0; // mostly a few, which a plain loop passes faster than a call
+    while (n < text.size() && text[n] != c)
+        ++n;
+    *found = *found && n < text.size();
+    picture->text = text.subspan(std::min(n + 1, text.size()));
     return text.first(n);
 }
 
-// Mostly it stands right at the beginning.
 static bool skip_past(xpm *picture, char c) {
-    constexpr std::size_t NEAR = 4;
-    const std::span<const char> text = picture->text;
-    for (std::size_t i = 0; i < std::min(NEAR, text.size()); ++i) {
-        if (text[i] == c) {
-            picture->text = text.subspan(i + 1);
-            return true;
-        }
-    }
     bool found = true;
     take_until(picture, c, &found);
     return found;
@@ -129,63 +63,71 @@ static i32 to_number(std::span<const char> token) {
 
 // --- palette -------------------------------------------------------------------------------------
 
-static void clear_row(std::size_t row) {
-    std::ranges::copy(UNDEFINED_ROW, flat + row * ROW_LENGTH);
+// The first table is where characters lead that belong to no alphabet: back to itself, and marked. One for each level
+// follows, in which all others lead through the levels to black; that of the first level is the root.
+static constexpr u32 TABLE = 256; // entries
+static constexpr u32 UNKNOWN = u32{1} << 31;
+static_assert((pixel32::from_rgb(WHITE) & UNKNOWN) == 0, "no pixel looks like it");
+
+static constexpr u32 table_of_level(i32 level) {
+    return static_cast<u32>(1 + level) * TABLE;
+}
+static constexpr u32 ROOT = table_of_level(0);
+
+// Where a new table begins, whose entries are undefined; UNKNOWN when memory is short.
+static u32 add_table(xpm_palette *palette) {
+    if (palette->used == palette->capacity) {
+        const i32 capacity = 2 * palette->capacity + MAX_SYMBOL_LENGTH + 1;
+        void *tables = std::realloc(palette->tables, static_cast<std::size_t>(capacity) * TABLE * sizeof(u32));
+        if (tables == nullptr) {
+            std::fprintf(stderr, "Warning: could not allocate memory for palette node\n");
+            return UNKNOWN;
+        }
+        palette->tables = static_cast<u32 *>(tables);
+        palette->capacity = capacity;
+    }
+    return static_cast<u32>(palette->used++) * TABLE;
 }
 
-// False while another picture has it.
-static bool take_flat() {
-    static bool filled = false;
-    if (flat_taken.test_and_set(std::memory_order_acquire))
+static u32 copy_table(xpm_palette *palette, u32 like) {
+    const u32 fresh = add_table(palette);
+    if (fresh != UNKNOWN)
+        std::copy_n(palette->tables + like, TABLE, palette->tables + fresh);
+    return fresh;
+}
+
+static bool palette_create(xpm_palette *palette, i32 symbol_length) {
+    const u32 strangers = add_table(palette);
+    if (strangers == UNKNOWN)
         return false;
-    if (!filled) {
-        std::ranges::fill(flat, SYMBOL_UNKNOWN);
+    std::fill_n(palette->tables + strangers, TABLE, UNKNOWN);
+    for (i32 level = 0; level < symbol_length; ++level) {
+        u32 *table = palette->tables + copy_table(palette, strangers); // the first table has left room for all levels
         for (const char c : XPM_ALPHABET)
-            clear_row(static_cast<u8>(c));
-        clear_row(SINGLE_ROW);
+            table[static_cast<u8>(c)] = level + 1 < symbol_length ? table_of_level(level + 1) : 0;
     }
-    filled = true;
     return true;
 }
 
-static void give_flat_back() {
-    for (std::size_t r = 0; r < ROW_COUNT; ++r)
-        if (std::exchange(flat_changed[r], false))
-            clear_row(r);
-    flat_taken.clear(std::memory_order_release);
-}
-
-static bool palette_create(xpm_palette *palette, i32 color_count, i32 symbol_length) {
-    palette->flat = symbol_length <= MAX_FLAT_LENGTH && take_flat();
-    if (palette->flat)
-        return true;
-    const std::size_t slots = std::bit_ceil(static_cast<std::size_t>(color_count) * 2); // half of them stay free
-    palette->slots = static_cast<xpm_palette::slot *>(std::calloc(slots, sizeof(xpm_palette::slot)));
-    palette->mask = static_cast<u32>(slots - 1);
-    if (palette->slots == nullptr)
-        std::fprintf(stderr, "Warning: could not allocate memory for palette node\n");
-    return palette->slots != nullptr;
-}
-
-// The slot that holds this key, or the free one where it belongs.
-static xpm_palette::slot *find_slot(const xpm_palette *palette, u64 key) {
-    constexpr u64 spread = 0x9E3779B97F4A7C15; // odd, without pattern: neighbouring keys part
-    constexpr i32 upper_half = 32;
-    u32 at = static_cast<u32>(key * spread >> upper_half) & palette->mask;
-    while (palette->slots[at].key != 0 && palette->slots[at].key != key + 1)
-        at = (at + 1) & palette->mask;
-    return &palette->slots[at];
-}
-
-static void palette_set(const xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
-    if (palette->flat) {
-        const i32 row = symbol.size() == 1 ? SINGLE_ROW : static_cast<u8>(symbol.front());
-        flat[row * ROW_LENGTH + static_cast<u8>(symbol.back())] = pixel;
-        flat_changed[row] = true;
-        return;
+// False when a character does not belong to the alphabet or memory is short, which it says.
+static bool palette_set(xpm_palette *palette, std::span<const char> symbol, u32 pixel) {
+    u32 table = ROOT;
+    for (i32 level = 0;; ++level) {
+        const char c = symbol[static_cast<std::size_t>(level)];
+        const u32 at = table + static_cast<u8>(c), next = palette->tables[at];
+        if ((next & UNKNOWN) != 0) {
+            say_unknown(c);
+            return false;
+        }
+        if (level + 1 == std::ssize(symbol)) {
+            palette->tables[at] = pixel;
+            return true;
+        }
+        table = next == table_of_level(level + 1) ? copy_table(palette, next) : next;
+        if (table == UNKNOWN)
+            return false;
+        palette->tables[at] = table;
     }
-    const u64 key = symbol_key(symbol.data(), static_cast<i32>(symbol.size()));
-    *find_slot(palette, key) = {key + 1, pixel};
 }
 
 static u32 to_pixel(const char *digits) {
@@ -201,16 +143,8 @@ static const char *read_color(xpm *picture) {
     return *mark == '#' ? take(picture, COLOR_DIGITS) : "000000";
 }
 
-// The colour's digits in what follows a symbol, to the end of the string; null when the text ends. Nearly every line
-// has the first form, which is told at a glance.
+// The colour's digits in what follows a symbol, to the end of the string; null when the text ends.
 static const char *read_definition(xpm *picture) {
-    constexpr std::string_view BEFORE = " c #";
-    constexpr std::size_t QUOTE = BEFORE.size() + COLOR_DIGITS;
-    const std::string_view text(picture->text.data(), picture->text.size());
-    if (text.size() > QUOTE && text.starts_with(BEFORE) && text[QUOTE] == '"') {
-        picture->text = picture->text.subspan(QUOTE + 1);
-        return text.data() + BEFORE.size();
-    }
     const char *digits = skip_past(picture, 'c') && skip_past(picture, ' ') ? read_color(picture) : nullptr;
     return digits != nullptr && skip_past(picture, '"') ? digits : nullptr;
 }
@@ -221,10 +155,7 @@ static bool read_palette_line(xpm *picture) {
     const auto length = static_cast<std::size_t>(picture->symbol_length);
     const char *symbol = take(picture, length);
     const char *digits = symbol != nullptr ? read_definition(picture) : nullptr;
-    if (digits == nullptr || !symbols_known({symbol, length}))
-        return false;
-    palette_set(&picture->palette, {symbol, length}, to_pixel(digits));
-    return true;
+    return digits != nullptr && palette_set(&picture->palette, {symbol, length}, to_pixel(digits));
 }
 
 // --- values --------------------------------------------------------------------------------------
@@ -259,8 +190,7 @@ static bool values_sane(const xpm *picture) {
 bool xpm_open(xpm *picture, std::span<const char> text) {
     *picture = {};
     picture->text = text;
-    if (!read_values(picture) || !values_sane(picture) ||
-        !palette_create(&picture->palette, picture->color_count, picture->symbol_length))
+    if (!read_values(picture) || !values_sane(picture) || !palette_create(&picture->palette, picture->symbol_length))
         return false;
     for (i32 i = 0; i < picture->color_count; ++i)
         if (!read_palette_line(picture))
@@ -269,72 +199,53 @@ bool xpm_open(xpm *picture, std::span<const char> text) {
 }
 
 void xpm_close(xpm *picture) {
-    if (picture->palette.flat)
-        give_flat_back();
-    std::free(picture->palette.slots);
+    std::free(picture->palette.tables);
     picture->palette = {};
 }
 
 // --- rows ----------------------------------------------------------------------------------------
 
-// The indices of the four symbols of two characters from here on, the first in the highest bits.
-static u64 four_indices(const char *symbols) {
-    u64 four = 0;
-    std::memcpy(&four, symbols, sizeof four);
-    return std::endian::native == std::endian::little ? __builtin_bswap64(four) : four;
-}
-
-// One and two characters a pixel. What the entries say of unknown characters is gathered and judged once a row, so the
-// loop has no branches.
-template <class Pixel, i32 LENGTH> static bool decode_flat(const char *row, Pixel *out, i32 width) {
+// What the entries say of unknown characters is gathered and judged once a row. LENGTH: of the symbols, 0 for any.
+template <i32 LENGTH, class Pixel> static bool decode_row(const xpm *picture, const char *row, Pixel *out) {
+    const u32 *tables = picture->palette.tables;
+    const i32 length = LENGTH != 0 ? LENGTH : picture->symbol_length;
     u32 seen = 0;
-    i32 x = 0;
-    const auto put = [&](i32 at, u64 index) {
-        const u32 entry = flat[index];
+    for (Pixel *const end = out + picture->width; out != end; ++out) {
+        u32 entry = ROOT;
+        for (i32 level = 0; level < length; ++level)
+            entry = tables[(entry & ~UNKNOWN) + static_cast<u8>(*row++)];
         seen |= entry;
-        out[at] = static_cast<Pixel>(entry);
-    };
-    for (; LENGTH == 2 && x + 4 <= width; x += 4, row += sizeof(u64)) {
-        const u64 four = four_indices(row);
-        put(x, four >> 48);
-        put(x + 1, four >> 32 & 0xFFFF);
-        put(x + 2, four >> 16 & 0xFFFF);
-        put(x + 3, four & 0xFFFF);
+        *out = static_cast<Pixel>(entry);
     }
-    for (; x < width; ++x, row += LENGTH) {
-        const u32 in_row = LENGTH == 1 ? SINGLE_ROW : static_cast<u8>(row[0]);
-        put(x, in_row * ROW_LENGTH + static_cast<u8>(row[LENGTH - 1]));
-    }
-    return (seen & SYMBOL_UNKNOWN) == 0;
+    return (seen & UNKNOWN) == 0;
 }
 
-template <class Pixel> static bool decode_row(const xpm *picture, const char *row, Pixel *out) {
-    const i32 length = picture->symbol_length;
-    if (picture->palette.flat)
-        return (length == 1 ? decode_flat<Pixel, 1> : decode_flat<Pixel, 2>)(row, out, picture->width);
-    for (i32 x = 0; x < picture->width; ++x, row += length)
-        out[x] = static_cast<Pixel>(find_slot(&picture->palette, symbol_key(row, length))->pixel);
-    return true;
+static void say_first_unknown(std::span<const char> symbols) {
+    for (const char c : symbols) {
+        if (XPM_ALPHABET.find(c) == std::string_view::npos) {
+            say_unknown(c);
+            return;
+        }
+    }
 }
 
 // Many rows repeat the one above, as in frames and plain boards, and are copied.
 template <class Pixel> static bool decode_rows(xpm *picture, Pixel *out) {
-    const auto width = static_cast<std::size_t>(picture->width);
-    const std::size_t length = width * static_cast<std::size_t>(picture->symbol_length);
+    const i32 symbol = picture->symbol_length;
+    const auto decode = symbol == 1 ? decode_row<1, Pixel> : symbol == 2 ? decode_row<2, Pixel> : decode_row<0, Pixel>;
+    const auto length = static_cast<std::size_t>(picture->width) * static_cast<std::size_t>(symbol);
     const char *above = nullptr;
-    for (i32 y = 0; y < picture->height; ++y, out += width) {
+    for (i32 y = 0; y < picture->height; ++y, out += picture->width) {
         const char *row = skip_past(picture, '"') ? take(picture, length) : nullptr;
         if (row == nullptr || !skip_past(picture, '"'))
             return false;
         if (above != nullptr && std::memcmp(row, above, length) == 0) {
-            std::memcpy(out, out - width, width * sizeof(Pixel));
-            continue;
+            std::copy_n(out - picture->width, picture->width, out);
+        } else if (!decode(picture, row, out)) {
+            say_first_unknown({row, length});
+            return false;
         }
         above = row;
-        if (!picture->palette.flat && !symbols_known({row, length}))
-            return false;
-        if (!decode_row(picture, row, out))
-            return symbols_known({row, length}); // names the stranger
     }
     return true;
 }

@@ -1,9 +1,8 @@
 // xpm.h: the decoder of XPM texts into the screen's pixels.
 //
-// It scans the text for its quoted strings and reads no declarations. State lies in the caller's record, but for one
-// table, which is lent to one record at a time; the text is borrowed and must outlive the record. Any thread, one per
-// record. Damaged text ends the decoding with false: nothing is read beyond the text, and sizes are checked against it
-// before anybody allocates by them.
+// It scans the text for its quoted strings and reads no declarations. All state lies in the caller's record; the text
+// is borrowed and must outlive it. Any thread, one per record. Damaged text ends the decoding with false: nothing is
+// read beyond the text, and sizes are checked against it before anybody allocates by them.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -13,17 +12,10 @@
 
 #include <span>
 
-// Symbols to pixels. Symbols of one and two characters index a flat table; longer ones are searched for in an
-// open-addressed table, and so are short ones while another picture has the flat table, of which there is one. A symbol
-// that was never defined is black.
+// Symbols to pixels: a tree of tables, one level a character. A symbol that was never defined is black.
 struct xpm_palette {
-    struct slot {
-        u64 key; // the symbol's, plus one; 0 while free
-        u32 pixel;
-    };
-    slot *slots; // owned; null for the flat table
-    u32 mask;    // number of slots less one
-    bool flat;   // has the flat table, until xpm_close
+    u32 *tables; // owned; an entry for each character: pixels in the last level, above it where the next table begins
+    i32 used, capacity; // tables
 };
 
 struct xpm {
@@ -40,4 +32,4 @@ struct xpm {
 // Decodes the rows that follow into width x height pixels of the screen's format, rows without padding.
 [[nodiscard]] bool xpm_read_pixels(xpm *picture, void *pixels);
 
-void xpm_close(xpm *picture); // frees the palette, or gives it back
+void xpm_close(xpm *picture); // frees the palette
