@@ -145,16 +145,11 @@ i64 area_pixels(const rect &area) {
 // Opaque pixels inside a box.
 i64 picture_pixels(const image &picture, i32 x, i32 y, const rect &box) {
     i64 pixels = 0;
-    const i32 *entry = picture.runs;
-    for (i32 row = y; entry != nullptr && *entry != RUN_END_PICTURE; ++row, ++entry) {
-        i32 column = x;
-        for (bool opaque = false; *entry >= 0; ++entry, opaque = !opaque) {
-            const i32 end = column + (*entry >> video_format.shift);
-            const i32 shown = std::min(end, box.x + box.w) - std::max(column, box.x);
-            if (opaque && row >= box.y && row < box.y + box.h)
-                pixels += std::max(shown, 0);
-            column = end;
-        }
+    for (i32 i = 0; i < picture.run_count; ++i) {
+        const image_run &run = picture.runs[i];
+        const i32 shown = std::min(x + run.x + run.count, box.x + box.w) - std::max(x + run.x, box.x);
+        if (y + run.y >= box.y && y + run.y < box.y + box.h)
+            pixels += std::max(shown, 0);
     }
     return pixels;
 }

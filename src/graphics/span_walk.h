@@ -23,9 +23,9 @@ template <class Pixel> struct pixel_span {
 };
 
 // The opaque runs in these rows of the picture. Of a picture that shows whole none has to be looked for.
-inline std::span<const image_span> spans_of_rows(const image &picture, i32 top, i32 bottom) {
-    const auto above = [](i32 row) { return [row](const image_span &span) { return span.y < row; }; };
-    const image_span *first = picture.spans, *end = first + picture.span_count;
+inline std::span<const image_run> runs_of_rows(const image &picture, i32 top, i32 bottom) {
+    const auto above = [](i32 row) { return [row](const image_run &run) { return run.y < row; }; };
+    const image_run *first = picture.runs, *end = first + picture.run_count;
     if (top > 0)
         first = std::partition_point(first, end, above(top));
     if (bottom < picture.height)
@@ -39,21 +39,21 @@ void walk_list(const frame_buffer &to, const image &picture, i32 x, i32 y, const
     using value = typename Pixel::value;
     const i32 left = box.x - x, right = left + box.w; // of the box, in the picture
     const auto *pixels = reinterpret_cast<const value *>(picture.pixels);
-    for (const image_span &span : spans_of_rows(picture, box.y - y, box.y - y + box.h)) {
-        const i32 end = span.x + span.count;
-        const i32 first = CUT ? std::max<i32>(span.x, left) : span.x, stop = CUT ? std::min(end, right) : end;
+    for (const image_run &run : runs_of_rows(picture, box.y - y, box.y - y + box.h)) {
+        const i32 end = run.x + run.count;
+        const i32 first = CUT ? std::max<i32>(run.x, left) : run.x, stop = CUT ? std::min(end, right) : end;
         if (CUT && first >= stop)
             continue;
-        auto *row = reinterpret_cast<value *>(frame_row(to, y + span.y));
-        rule(pixel_span<Pixel>{row + (x + first), pixels + span.y * picture.width + first, stop - first,
-                               first == span.x, stop == end});
+        auto *row = reinterpret_cast<value *>(frame_row(to, y + run.y));
+        rule(pixel_span<Pixel>{row + (x + first), pixels + run.y * picture.width + first, stop - first, first == run.x,
+                               stop == end});
     }
 }
 
 // Calls rule(pixel_span<Pixel>) for what shows of a picture at (x, y) inside the box, which must lie in the buffer.
 template <class Pixel, class Rule>
 void walk_spans(const frame_buffer &to, const image &picture, i32 x, i32 y, const rect &box, Rule rule) {
-    if (rect_is_empty(box) || picture.runs == nullptr)
+    if (rect_is_empty(box))
         return;
     if (x < box.x || x + picture.width > box.x + box.w)
         walk_list<Pixel, true>(to, picture, x, y, box, rule);

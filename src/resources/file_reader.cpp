@@ -12,7 +12,7 @@
 #include <cstdlib>
 #include <cstring>
 
-file_reader *file_reader_create_bounded(int descriptor, i32 limit) {
+file_reader *file_reader_create(int descriptor) {
     auto *reader = static_cast<file_reader *>(std::calloc(1, sizeof(file_reader)));
     auto *bytes = static_cast<u8 *>(std::malloc(FILE_READER_CAPACITY));
     if (reader == nullptr || bytes == nullptr) {
@@ -24,12 +24,7 @@ file_reader *file_reader_create_bounded(int descriptor, i32 limit) {
     reader->descriptor = descriptor;
     reader->capacity = FILE_READER_CAPACITY;
     reader->buffer = bytes;
-    reader->limit = limit;
     return reader;
-}
-
-file_reader *file_reader_create(int descriptor) {
-    return file_reader_create_bounded(descriptor, FILE_READER_NO_LIMIT);
 }
 
 file_reader *file_reader_open(const char *path) {
@@ -70,13 +65,10 @@ static i32 take_buffered(file_reader *reader, u8 *destination, i32 count) {
 
 // Fills the buffer anew; the source's end is final.
 static void refill(file_reader *reader) {
-    const bool limited = reader->limit != FILE_READER_NO_LIMIT;
-    const i32 wanted = limited ? std::min(reader->capacity, reader->limit) : reader->capacity;
-    const std::ptrdiff_t n = platform_read(reader->descriptor, reader->buffer, static_cast<std::size_t>(wanted));
+    const std::ptrdiff_t n =
+        platform_read(reader->descriptor, reader->buffer, static_cast<std::size_t>(reader->capacity));
     reader->position = 0;
     reader->filled = static_cast<i32>(std::max<std::ptrdiff_t>(n, 0));
-    if (limited)
-        reader->limit -= reader->filled;
     if (reader->filled == 0) {
         reader->ended = true;
         close_owned(reader);

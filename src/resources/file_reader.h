@@ -1,4 +1,4 @@
-// file_reader.h: a buffered, bounded stream of bytes over a file descriptor. Main thread.
+// file_reader.h: a buffered stream of bytes over a file descriptor. Main thread.
 //
 // Nothing reports a failure while reading: bytes that the source could not supply are zero and set `cut`,
 // so that a parser may read a whole record and ask once.
@@ -10,7 +10,6 @@
 #include "core/base/types.h"
 
 inline constexpr i32 FILE_READER_CAPACITY = 204800; // bytes
-inline constexpr i32 FILE_READER_NO_LIMIT = -1;
 
 // Results of file_reader_read.
 inline constexpr i32 FILE_READER_ENDED = 1;
@@ -22,7 +21,6 @@ struct file_reader {
     u8 *buffer;           // owned
     i32 position;         // index of the next unread byte
     i32 filled;           // valid bytes in the buffer
-    i32 limit;            // bytes that may still be taken from the descriptor, or FILE_READER_NO_LIMIT
     bool ended;           // a refill has delivered nothing
     bool cut;             // some read asked for more than there was
     bool owns_descriptor; // closes it at the end
@@ -33,9 +31,6 @@ struct file_reader {
 
 // A reader over a borrowed descriptor, from where it stands; null when memory is short (logged).
 [[nodiscard]] file_reader *file_reader_create(int descriptor);
-
-// Likewise, but never takes more than this many bytes from the descriptor.
-[[nodiscard]] file_reader *file_reader_create_bounded(int descriptor, i32 limit);
 
 void file_reader_destroy(file_reader *reader); // accepts null
 

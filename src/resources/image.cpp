@@ -1,4 +1,4 @@
-// image.cpp: picture records, their run tables, and loading them from the archive.
+// image.cpp: picture records, their opaque runs, and loading them from the archive.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -6,22 +6,15 @@
 
 #include "core/base/log.h"
 #include "core/base/strings.h"
+#include "platform/platform.h"
 #include "resources/archive.h"
-#include "resources/file_reader.h"
 #include "resources/pixel.h"
 #include "resources/xpm.h"
 
 #include <algorithm>
 #include <atomic>
-#include <bit>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
-
-static constexpr i32 RUN_STEP = 1024; // entries the run table grows by
 
 static std::atomic<u32> changes{0};
 
@@ -58,161 +51,50 @@ void image_free(image *picture) {
     std::free(picture);
 }
 
-// --- run table -----------------------------------------------------------------------------------
+// --- runs ----------------------------------------------------------------------------------------
 
-// A run table in the making.
-struct run_table {
-    i32 *entries; // owned
-    i32 count;
-    i32 capacity;
-    i32 spans; // opaque runs among the entries
-};
-
-// Makes room for this many more entries; false when memory is short.
-static bool reserve_runs(run_table *table, i32 more) {
-    if (more <= table->capacity - table->count)
-        return true;
-    const i32 capacity = (table->count + more + RUN_STEP - 1) / RUN_STEP * RUN_STEP;
-    void *entries = std::realloc(table->entries, static_cast<std::size_t>(capacity) * sizeof(i32));
-    if (entries == nullptr)
-        return false;
-    table->entries = static_cast<i32 *>(entries);
-    table->capacity = capacity;
-    return true;
+// Gives the table this many entries, keeping what is in it; false when memory is short.
+static bool resize_runs(image *picture, i32 entries) {
+    auto *runs =
+        static_cast<image_run *>(std::realloc(picture->runs, static_cast<std::size_t>(entries) * sizeof(image_run)));
+    if (runs != nullptr)
+        picture->runs = runs;
+    return runs != nullptr;
 }
 
-// Which of BLOCK pixels are transparent, one bit a pixel, the first the lowest. Through the bits that carry colour.
-static constexpr i32 BLOCK = 16;
-template <class P> static u32 transparent_block(const typename P::value *pixels, u32 key) {
-#ifdef __SSE2__
-    const bool narrow = P::BITS == pixel16::BITS;
-    const __m128i keys = narrow ? _mm_set1_epi16(static_cast<i16>(key)) : _mm_set1_epi32(static_cast<i32>(key));
-    const __m128i rgb_bits = _mm_set1_epi32(static_cast<i32>(P::RGB_MASK));
-    const auto equal = [=](i32 lane) {
-        const __m128i some = _mm_loadu_si128(reinterpret_cast<const __m128i *>(pixels) + lane);
-        return narrow ? _mm_cmpeq_epi16(some, keys) : _mm_cmpeq_epi32(_mm_and_si128(some, rgb_bits), keys);
+template <class Pixel> static bool list_runs(image *picture) {
+    const auto shows = [key = Pixel::from_rgb(color_key)](auto pixel) {
+        return ((pixel ^ key) & Pixel::RGB_MASK) != 0;
     };
-    if (narrow)
-        return static_cast<u32>(_mm_movemask_epi8(_mm_packs_epi16(equal(0), equal(1))));
-    return static_cast<u32>(
-        _mm_movemask_epi8(_mm_packs_epi16(_mm_packs_epi32(equal(0), equal(1)), _mm_packs_epi32(equal(2), equal(3)))));
-#else
-    u32 bits = 0;
-    for (i32 i = 0; i < BLOCK; ++i)
-        bits |= static_cast<u32>(((pixels[i] ^ key) & P::RGB_MASK) == 0) << i;
-    return bits;
-#endif
-}
-
-// The same of up to 64 pixels of a row from the x-th on. The last block reaches back over pixels before it.
-template <class P> static u64 transparent_pixels(const typename P::value *row, i32 x, i32 count, u32 key) {
-    u64 bits = 0;
-    i32 i = 0;
-    if (x + count < BLOCK) {
-        for (; i < count; ++i)
-            bits |= static_cast<u64>(((row[x + i] ^ key) & P::RGB_MASK) == 0) << i;
-        return bits;
-    }
-    for (; i + BLOCK <= count; i += BLOCK)
-        bits |= u64{transparent_block<P>(row + x + i, key)} << i;
-    const u64 last = transparent_block<P>(row + x + count - BLOCK, key);
-    return bits | (count < BLOCK ? last >> (BLOCK - count) : last << (count - BLOCK));
-}
-
-// Appends a row's runs, beginning with a transparent one. There must be room for width + 2 entries.
-template <class P> static void add_row(run_table *table, const typename P::value *row, i32 width, u32 key) {
-    constexpr i32 AT_ONCE = 64;
-    const i32 first = table->count;
-    u64 last = 1; // the pixel before: transparent
-    i32 start = 0;
-    for (i32 x = 0; x < width; x += AT_ONCE) {
-        const i32 count = std::min(width - x, AT_ONCE);
-        const u64 transparent = transparent_pixels<P>(row, x, count, key);
-        u64 ends = (transparent ^ (transparent << 1 | last)) & (~u64{0} >> (AT_ONCE - count));
-        for (; ends != 0; ends &= ends - 1) {
-            const i32 end = x + std::countr_zero(ends);
-            table->entries[table->count++] = (end - start) << P::SHIFT;
-            start = end;
-        }
-        last = transparent >> (AT_ONCE - 1);
-    }
-    table->entries[table->count++] = (width - start) << P::SHIFT;
-    table->spans += (table->count - first) / 2;
-    table->entries[table->count++] = RUN_END_ROW;
-}
-
-// Appends once more the row that begins at the entry `first`, which holds so many opaque runs.
-static void repeat_row(run_table *table, i32 first, i32 spans) {
-    const i32 length = table->count - first;
-    std::copy_n(table->entries + first, length, table->entries + table->count);
-    table->count += length;
-    table->spans += spans;
-}
-
-// Many rows are like the one above, as in frames and plain boards, and so are their runs.
-template <class P> static bool build_table(run_table *table, const image *picture) {
-    constexpr i32 row_extra = 2; // a leading run of nothing, the end of the row
-    const u32 key_pixel = P::from_rgb(color_key);
-    const std::size_t row_bytes = static_cast<std::size_t>(picture->width) << P::SHIFT;
-    const auto *row = reinterpret_cast<const typename P::value *>(picture->pixels);
-    i32 first = 0, spans = 0; // of the row above
+    const i32 row_limit = picture->width / 2 + 1; // runs in a row, at most
+    i32 capacity = 0;
+    const auto *row = reinterpret_cast<const typename Pixel::value *>(picture->pixels);
     for (i32 y = 0; y < picture->height; ++y, row += picture->width) {
-        if (!reserve_runs(table, picture->width + row_extra))
-            return false;
-        const i32 begin = table->count, spans_before = table->spans;
-        if (y > 0 && std::memcmp(row, row - picture->width, row_bytes) == 0)
-            repeat_row(table, first, spans);
-        else
-            add_row<P>(table, row, picture->width, key_pixel);
-        first = begin;
-        spans = table->spans - spans_before;
-    }
-    if (!reserve_runs(table, 1))
-        return false;
-    table->entries[table->count++] = RUN_END_PICTURE;
-    return true;
-}
-
-// Writes the opaque runs down one after the other, for drawing a picture that shows whole.
-static void list_spans(image *picture, image_span *spans) {
-    const i32 shift = video_format.shift;
-    i32 count = 0;
-    const i32 *entry = picture->runs;
-    for (u16 y = 0; *entry != RUN_END_PICTURE; ++y, ++entry) {
-        for (i32 x = 0, opaque = 0; *entry >= 0; ++entry, opaque ^= 1) {
-            const i32 length = *entry >> shift;
-            if (opaque != 0)
-                spans[count++] = {static_cast<u16>(x), y, length};
-            x += length;
+        if (picture->run_count + row_limit > capacity) {
+            capacity = 2 * capacity + std::max(row_limit, picture->height);
+            if (!resize_runs(picture, capacity))
+                return false;
+        }
+        const auto *const end = row + picture->width;
+        for (const auto *at = std::find_if(row, end, shows); at != end; at = std::find_if(at, end, shows)) {
+            const auto *const first = at;
+            at = std::find_if_not(at, end, shows);
+            picture->runs[picture->run_count++] = {static_cast<u16>(first - row), static_cast<u16>(y),
+                                                   static_cast<i32>(at - first)};
         }
     }
-    picture->spans = spans;
-    picture->span_count = count;
+    return resize_runs(picture, std::max(picture->run_count, 1));
 }
 
 bool image_build_runs(image *picture) {
     ++changes;
-    std::free(picture->runs);
-    picture->runs = nullptr;
     picture->run_count = 0;
-    picture->spans = nullptr;
-    picture->span_count = 0;
-    run_table table = {};
-    const bool narrow = video_format.depth == pixel16::BITS;
-    void *exact = nullptr;
-    if (narrow ? build_table<pixel16>(&table, picture) : build_table<pixel32>(&table, picture)) {
-        const auto runs = static_cast<std::size_t>(table.count), spans = static_cast<std::size_t>(table.spans);
-        exact = std::realloc(table.entries, runs * sizeof(i32) + spans * sizeof(image_span));
-    }
-    if (exact == nullptr) {
+    const bool listed = video_format.depth == pixel16::BITS ? list_runs<pixel16>(picture) : list_runs<pixel32>(picture);
+    if (!listed) {
         log_out_of_memory();
-        std::free(table.entries);
-        return false;
+        picture->run_count = 0;
     }
-    picture->runs = static_cast<i32 *>(exact);
-    picture->run_count = table.count;
-    list_spans(picture, reinterpret_cast<image_span *>(picture->runs + table.count));
-    return true;
+    return listed;
 }
 
 // --- loading -------------------------------------------------------------------------------------
@@ -234,15 +116,11 @@ static bool read_entry_text(entry_text *text, const char *name) {
         return false;
     text->size = data_archive_current_size();
     text->bytes = static_cast<char *>(std::malloc(static_cast<std::size_t>(std::max(text->size, 1))));
-    file_reader *reader = file_reader_create_bounded(descriptor, text->size);
-    if (text->bytes == nullptr)
+    if (text->bytes == nullptr) {
         std::fprintf(stderr, "Warning: could not allocate memory for xpm buffer\n");
-    bool whole = false;
-    if (text->bytes != nullptr && reader != nullptr) {
-        file_reader_read(reader, text->bytes, text->size);
-        whole = !reader->cut;
+        return false;
     }
-    file_reader_destroy(reader);
+    const bool whole = platform_read(descriptor, text->bytes, static_cast<std::size_t>(text->size)) == text->size;
     if (!whole)
         std::free(text->bytes);
     return whole;

@@ -1,4 +1,4 @@
-// image.h: pictures in the screen's pixel format, with the run table that drawing walks.
+// image.h: pictures in the screen's pixel format, with the runs of opaque pixels that drawing walks.
 //
 // Pictures are decoded once from the archive's XPM entries (main thread). Whoever loads or creates one frees
 // it. A picture that a recorded drawing command refers to must stay alive until the command has been played.
@@ -10,39 +10,33 @@
 #include "core/base/types.h"
 #include "resources/picture_set.h"
 
-// One opaque run, in pixels of the picture.
-struct image_span {
-    u16 x, y; // its first pixel
-    i32 count;
+// An unbroken row of opaque pixels.
+struct image_run {
+    u16 x, y;  // its first pixel
+    i32 count; // pixels
 };
 
 struct image {
-    u8 *pixels;                        // owned; width x height pixels, rows without padding
-    i32 size;                          // bytes
-    i32 width;                         // pixels
-    i32 height;                        // pixels
-    i32 *runs;                         // owned; see image_build_runs; null for a blank image until built
-    i32 run_count;                     // entries
-    const image_span *spans = nullptr; // opaque runs, row by row, in the block of `runs`
-    i32 span_count = 0;
+    u8 *pixels;      // owned; width x height pixels, rows without padding
+    i32 size;        // bytes
+    i32 width;       // pixels
+    i32 height;      // pixels
+    image_run *runs; // owned; all that is opaque, row by row from left to right; null for a blank image until built
+    i32 run_count;
 };
-
-inline constexpr i32 RUN_END_ROW = -1;
-inline constexpr i32 RUN_END_PICTURE = -2;
 
 // Decodes the archive entry "xpm/NAME"; null on failure (logged).
 [[nodiscard]] image *image_load(const char *name);
 
-// A picture with undefined pixels and no run table; null when out of memory (logged).
+// A picture with undefined pixels and no runs; null when out of memory (logged).
 [[nodiscard]] image *image_create(i32 width, i32 height);
 
 void image_free(image *picture); // accepts null
 
-// (Re)builds the run table: per row the lengths, in bytes, of alternating transparent and opaque runs,
-// transparent first (perhaps 0), then RUN_END_ROW; after the last row RUN_END_PICTURE. False when out of memory.
+// (Re)builds the table of opaque runs from the pixels; what has the key colour is in none. False when out of memory.
 bool image_build_runs(image *picture);
 
-// A number that grows whenever a picture is freed or gets a new run table. While it stands still, what a pointer to
+// A number that grows whenever a picture is freed or gets new runs. While it stands still, what a pointer to
 // a picture meant it still means. Any thread.
 u32 image_changes();
 

@@ -40,25 +40,23 @@ struct archive_test : testing::Test {
     }
 };
 
-TEST(file_reader, reads_across_the_buffer_and_never_past_its_limit) {
+TEST(file_reader, reads_across_the_buffer_and_not_beyond_the_end) {
     const temp_game game;
-    file_bytes all(3 * FILE_READER_CAPACITY + 17);
-    for (std::size_t i = 0; i < all.size(); ++i)
-        all[i] = static_cast<unsigned char>(i * 31 >> 3);
-    write_file("f", all);
-    for (const i32 limit : {3 * FILE_READER_CAPACITY, FILE_READER_CAPACITY, 5000}) {
-        for (const i32 step : {1000, FILE_READER_CAPACITY, limit}) {
-            const int descriptor = platform_open_read("f");
-            file_reader *reader = file_reader_create_bounded(descriptor, limit);
-            file_bytes read(static_cast<std::size_t>(limit) + 1, 'x');
-            for (i32 at = 0; at < limit; at += step)
-                file_reader_read(reader, read.data() + at, std::min(step, limit - at));
+    for (const i32 size : {3 * FILE_READER_CAPACITY + 17, FILE_READER_CAPACITY, 5000}) {
+        file_bytes all(static_cast<std::size_t>(size));
+        for (std::size_t i = 0; i < all.size(); ++i)
+            all[i] = static_cast<unsigned char>(i * 31 >> 3);
+        write_file("f", all);
+        for (const i32 step : {1000, FILE_READER_CAPACITY, size}) {
+            file_reader *reader = file_reader_open("f");
+            file_bytes read(all.size() + 1, 'x');
+            for (i32 at = 0; at < size; at += step)
+                file_reader_read(reader, read.data() + at, std::min(step, size - at));
             EXPECT_FALSE(reader->cut);
-            EXPECT_EQ(file_reader_read(reader, read.data() + limit, 1), FILE_READER_ENDED);
-            EXPECT_TRUE(std::equal(read.begin(), read.end() - 1, all.begin())) << step << " " << limit;
+            EXPECT_EQ(file_reader_read(reader, read.data() + size, 1), FILE_READER_ENDED);
+            EXPECT_TRUE(std::equal(read.begin(), read.end() - 1, all.begin())) << step << " " << size;
             EXPECT_EQ(read.back(), 0);
             file_reader_destroy(reader);
-            platform_close(descriptor);
         }
     }
 }
