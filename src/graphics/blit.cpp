@@ -8,15 +8,16 @@
 #include "graphics/noise.h"
 #include "graphics/span_walk.h"
 #include "resources/pixel.h"
-#include "resources/wide.h"
 #include "resources/xpm_format.h"
+
+#include <algorithm>
 
 static rect bounds_of(const frame_buffer &buffer) {
     return {0, 0, buffer.width, buffer.height};
 }
 
 template <class Pixel> static void copy_span(const pixel_span<Pixel> &span) {
-    wide_copy<Pixel>(span.to, span.from, span.count);
+    std::copy_n(span.from, span.count, span.to);
 }
 
 template <class Pixel> static void blit_plain(const frame_buffer &to, const image &picture, i32 x, i32 y) {
@@ -45,31 +46,35 @@ template <class Pixel, class Rule> static void paint(const frame_buffer &to, con
     });
 }
 
+// to[i] = rule(to[i], from[i])
+template <class Pixel, class Rule> static void change(const pixel_span<Pixel> &span, Rule rule) {
+    for (i32 i = 0; i < span.count; ++i)
+        span.to[i] = rule(span.to[i], span.from[i]);
+}
+
 template <class Pixel> static void blit_by_mode(const frame_buffer &to, const image_ex_operands &op) {
+    using value = typename Pixel::value;
     using span_of = const pixel_span<Pixel> &;
-    const auto colour = Pixel::from_rgb(op.colour_a);
-    const wide colours = wide_of<Pixel>(colour);
-    if ((op.mode & BLIT_FILL) != 0) {
-        paint<Pixel>(to, op, [=](span_of span) { wide_fill<Pixel>(span.to, span.count, colour); });
-    } else if ((op.mode & BLIT_TINT) != 0) {
+    const value colour = Pixel::from_rgb(op.colour_a);
+    if ((op.mode & BLIT_FILL) != 0)
+        paint<Pixel>(to, op, [=](span_of span) { std::fill_n(span.to, span.count, colour); });
+    else if ((op.mode & BLIT_TINT) != 0)
         paint<Pixel>(to, op, [=](span_of span) {
-            wide_change<Pixel>(span.to, span.count, [=](wide under) { return wide_blend_half<Pixel>(under, colours); });
+            change(span, [=](value under, value) { return pixel_blend_half<Pixel>(under, colour); });
         });
-    } else if ((op.mode & BLIT_NOISE) != 0) {
+    else if ((op.mode & BLIT_NOISE) != 0)
         paint<Pixel>(to, op, [&](span_of span) {
-            for (i32 i = 0; i < span.count; ++i)
-                span.to[i] = Pixel::from_rgb(noise_colour(op.colour_a, PICTURE_NOISE_LOWEST));
+            change(span,
+                   [&](value, value) { return Pixel::from_rgb(noise_colour(op.colour_a, PICTURE_NOISE_LOWEST)); });
         });
-    } else if ((op.mode & BLIT_OR) != 0) {
+    else if ((op.mode & BLIT_OR) != 0)
         paint<Pixel>(to, op, [=](span_of span) {
-            wide_change<Pixel>(span.to, span.count, [=](wide under) { return wide_keep_rgb<Pixel>(under | colours); });
+            change(span, [=](value under, value) { return pixel_or_rgb<Pixel>(under, colour); });
         });
-    } else if ((op.mode & BLIT_HALF) != 0) {
-        paint<Pixel>(to, op,
-                     [](span_of span) { wide_apply<Pixel>(span.to, span.from, span.count, wide_blend_half<Pixel>); });
-    } else {
+    else if ((op.mode & BLIT_HALF) != 0)
+        paint<Pixel>(to, op, [](span_of span) { change(span, pixel_blend_half<Pixel>); });
+    else
         paint<Pixel>(to, op, copy_span<Pixel>);
-    }
 }
 
 template <class Pixel>

@@ -7,7 +7,6 @@
 #include "core/base/log.h"
 #include "graphics/noise.h"
 #include "resources/pixel.h"
-#include "resources/wide.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -22,12 +21,15 @@ template <class Pixel, class Row> static void each_row(const frame_buffer &to, c
 }
 
 template <class Pixel> static void darken(const frame_buffer &to, const rect &area) {
-    each_row<Pixel>(to, area, [](auto *pixels, i32 count) { wide_change<Pixel>(pixels, count, wide_halve<Pixel>); });
+    each_row<Pixel>(to, area, [](auto *pixels, i32 count) {
+        for (i32 i = 0; i < count; ++i)
+            pixels[i] = pixel_halve<Pixel>(pixels[i]);
+    });
 }
 
 template <class Pixel> static void fill(const frame_buffer &to, const rect &area, rgb colour) {
     const auto pixel = Pixel::from_rgb(colour);
-    each_row<Pixel>(to, area, [pixel](auto *pixels, i32 count) { wide_fill<Pixel>(pixels, count, pixel); });
+    each_row<Pixel>(to, area, [pixel](auto *pixels, i32 count) { std::fill_n(pixels, count, pixel); });
 }
 
 template <class Pixel> static void frame(const frame_buffer &to, const rect &area, rgb colour) {

@@ -34,6 +34,19 @@ struct pixel32 {
     }
 };
 
+// Pixels of one format; no channel carries into the next, since halves are masked and two of them never overflow.
+template <class Pixel> constexpr typename Pixel::value pixel_halve(typename Pixel::value p) {
+    return static_cast<typename Pixel::value>((p >> 1) & Pixel::HALF_MASK);
+}
+// Halfway between the two.
+template <class Pixel>
+constexpr typename Pixel::value pixel_blend_half(typename Pixel::value a, typename Pixel::value b) {
+    return static_cast<typename Pixel::value>((pixel_halve<Pixel>(a) + pixel_halve<Pixel>(b)) & Pixel::RGB_MASK);
+}
+template <class Pixel> constexpr typename Pixel::value pixel_or_rgb(typename Pixel::value a, typename Pixel::value b) {
+    return static_cast<typename Pixel::value>((a | b) & Pixel::RGB_MASK);
+}
+
 // What the screen uses. depth is -1 before set-up.
 struct screen_format {
     i32 depth = -1;          // bits per pixel

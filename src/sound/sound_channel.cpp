@@ -13,9 +13,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 static_assert(std::endian::native == std::endian::little, "samples are mixed as the decoder stores them");
 
@@ -171,24 +168,10 @@ i32 sound_channel_decode(sound_channel *channel, i32 chunks, i32 chunk_samples) 
 
 namespace {
 
-// At full volume samples pass unchanged: eight of them in one instruction where there is one. The samples added.
-i32 add_unchanged([[maybe_unused]] i16 *mix, [[maybe_unused]] const i16 *samples, [[maybe_unused]] i32 count) {
-    i32 done = 0;
-#ifdef __SSE2__
-    constexpr i32 LANES = sizeof(__m128i) / sizeof(i16);
-    for (; done + LANES <= count; done += LANES) {
-        auto *to = reinterpret_cast<__m128i *>(mix + done);
-        const __m128i added = _mm_loadu_si128(reinterpret_cast<const __m128i *>(samples + done));
-        _mm_storeu_si128(to, _mm_adds_epi16(_mm_loadu_si128(to), added));
-    }
-#endif
-    return done;
-}
-
-// The rest in one plain loop over two arrays that do not overlap, which compilers turn into vector instructions too.
+// A plain loop over two arrays that do not overlap, which compilers turn into vector instructions.
 void add_saturated(i16 *__restrict mix, const i16 *__restrict samples, i32 count, i32 volume) {
     constexpr i32 low = std::numeric_limits<i16>::min(), high = std::numeric_limits<i16>::max();
-    for (i32 i = volume == VOLUME_MAX ? add_unchanged(mix, samples, count) : 0; i < count; ++i) {
+    for (i32 i = 0; i < count; ++i) {
         const i32 sum = mix[i] + ((samples[i] * volume) >> VOLUME_SHIFT);
         mix[i] = static_cast<i16>(std::clamp(sum, low, high));
     }
