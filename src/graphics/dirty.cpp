@@ -10,23 +10,16 @@
 #include "resources/pixel.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstdlib>
 #include <cstring>
 
 // Rectangles whose place and size differ by no more than this become one.
 static constexpr i32 MERGE_DISTANCE = 10; // pixels
 
-// Where 64 of the rectangles lie: a bit for each in every band of rows and of columns that it reaches into. An added
-// rectangle is compared only with those in its own bands; else a frame of many pictures would cost most in comparing.
-static constexpr i32 BLOCK_RECTS = 64, BAND_SHIFT = 5; // a band is 32 pixels wide
-struct block {
-    u64 rows[(SCREEN_HEIGHT >> BAND_SHIFT) + 1], columns[(SCREEN_WIDTH >> BAND_SHIFT) + 1];
-};
+static constexpr i32 GROWTH = 64; // rectangles
 
 static struct {
     SDL_Rect *rects; // owned
-    block *blocks;   // owned; of BLOCK_RECTS rectangles each
     i32 count, capacity;
     bool all_shown; // SDL was given nothing the last time
 } dirty;
@@ -37,7 +30,6 @@ std::span<const SDL_Rect> dirty_rects() {
 
 void dirty_free() {
     std::free(dirty.rects);
-    std::free(dirty.blocks);
     dirty = {};
 }
 
@@ -81,66 +73,15 @@ static rect union_of(const rect &a, const rect &b) {
 static bool reserve() {
     if (dirty.count < dirty.capacity)
         return true;
-    const std::size_t slots = static_cast<std::size_t>(dirty.capacity) + BLOCK_RECTS;
+    const std::size_t slots = static_cast<std::size_t>(dirty.capacity) + GROWTH;
     void *rects = std::realloc(dirty.rects, slots * sizeof(SDL_Rect));
-    if (rects != nullptr)
-        dirty.rects = static_cast<SDL_Rect *>(rects);
-    void *blocks = std::realloc(dirty.blocks, slots / BLOCK_RECTS * sizeof(block));
-    if (blocks != nullptr)
-        dirty.blocks = static_cast<block *>(blocks);
-    if (rects == nullptr || blocks == nullptr) {
+    if (rects == nullptr) {
         log_out_of_memory();
         return false;
     }
-    dirty.capacity += BLOCK_RECTS;
+    dirty.rects = static_cast<SDL_Rect *>(rects);
+    dirty.capacity += GROWTH;
     return true;
-}
-
-// Calls visit(a block's word) for each band of rows, then with the other function for each of columns.
-template <class Block, class Rows, class Columns>
-static void each_band(Block &of, const rect &area, Rows visit_rows, Columns visit_columns) {
-    for (i32 band = area.y >> BAND_SHIFT; band <= last_row(area) >> BAND_SHIFT; ++band)
-        visit_rows(of.rows[band]);
-    for (i32 band = area.x >> BAND_SHIFT; band <= last_column(area) >> BAND_SHIFT; ++band)
-        visit_columns(of.columns[band]);
-}
-
-static void put(i32 index, const rect &area) {
-    const u64 bit = u64{1} << index % BLOCK_RECTS;
-    const auto set = [bit](u64 &word) { word |= bit; };
-    each_band(dirty.blocks[index / BLOCK_RECTS], area, set, set);
-    dirty.rects[index] = to_sdl(area);
-}
-
-static void take_out(i32 index) {
-    const u64 bit = u64{1} << index % BLOCK_RECTS;
-    const auto clear = [bit](u64 &word) { word &= ~bit; };
-    each_band(dirty.blocks[index / BLOCK_RECTS], from_sdl(dirty.rects[index]), clear, clear);
-}
-
-static void append(const rect &area) {
-    if (!reserve())
-        return;
-    if (dirty.count % BLOCK_RECTS == 0)
-        dirty.blocks[dirty.count / BLOCK_RECTS] = {};
-    put(dirty.count++, area);
-}
-
-// The last one takes its place.
-static void remove(i32 index) {
-    take_out(index);
-    if (index == --dirty.count)
-        return;
-    take_out(dirty.count);
-    put(index, from_sdl(dirty.rects[dirty.count]));
-}
-
-// The rectangles of a block that share bands with this one, a bit for each.
-static u64 near_in(const block &of, const rect &area) {
-    u64 in_rows = 0, in_columns = 0;
-    each_band(
-        of, area, [&](u64 word) { in_rows |= word; }, [&](u64 word) { in_columns |= word; });
-    return in_rows & in_columns;
 }
 
 void dirty_add(i32 x, i32 y, i32 w, i32 h) {
@@ -149,30 +90,24 @@ void dirty_add(i32 x, i32 y, i32 w, i32 h) {
     if (rect_is_empty(added))
         return;
     bool merged = false;
-    for (i32 first = 0; first < dirty.count; first += BLOCK_RECTS) {
-        const block &of = dirty.blocks[first / BLOCK_RECTS];
-        for (u64 near = near_in(of, added); near != 0;) {
-            const i32 bit = std::countr_zero(near);
-            const u64 after = ~u64{1} << bit;
-            const rect stored = from_sdl(dirty.rects[first + bit]);
-            near &= after;
-            if (!overlap(stored, added))
-                continue;
-            if (lies_inside(added, stored))
-                return;
-            if (lies_inside(stored, added)) {
-                remove(first + bit);
-                near = near_in(of, added) & ~u64{0} << bit; // with the one that took its place
-            } else if (nearly_equal(added, stored)) {
-                added = union_of(added, stored);
-                put(first + bit, added);
-                merged = true;
-                near = near_in(of, added) & after;
-            }
+    for (i32 i = 0; i < dirty.count;) {
+        const rect stored = from_sdl(dirty.rects[i]);
+        const bool near = overlap(stored, added);
+        if (near && lies_inside(added, stored))
+            return;
+        if (near && lies_inside(stored, added)) {
+            dirty.rects[i] = dirty.rects[--dirty.count];
+            continue;
         }
+        if (near && nearly_equal(added, stored)) {
+            added = union_of(added, stored);
+            dirty.rects[i] = to_sdl(added);
+            merged = true;
+        }
+        ++i;
     }
-    if (!merged)
-        append(added);
+    if (!merged && reserve())
+        dirty.rects[dirty.count++] = to_sdl(added);
 }
 
 // --- Showing --------------------------------------------------------------------------------------
