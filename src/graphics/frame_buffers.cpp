@@ -27,6 +27,7 @@ static frame_buffer buffer_create() {
 
 bool frame_buffers_create(SDL_Surface *surface) {
     frames.surface = surface;
+    frames.missed = false;
     frames.screen = NO_BUFFER;
     frames.background = buffer_create();
     if (frames.background.pixels != nullptr)
@@ -54,9 +55,11 @@ void frame_buffers_free() {
 screen_access::screen_access() : open(false) {
     lock_assert(surface_lock);
     SDL_Surface *surface = frames.surface;
-    if (surface == nullptr || (SDL_MUSTLOCK(surface) && SDL_LockSurface(surface) < 0))
+    open = surface != nullptr && (!SDL_MUSTLOCK(surface) || SDL_LockSurface(surface) == 0);
+    if (!open) {
+        frames.missed = true;
         return;
-    open = true;
+    }
     frames.screen = {static_cast<u8 *>(surface->pixels), surface->pitch, std::min(surface->w, SCREEN_WIDTH),
                      std::min(surface->h, SCREEN_HEIGHT)};
 }

@@ -37,6 +37,7 @@ struct frame_buffers {
     frame_buffer spare;      // owned
     frame_buffer shown;      // owned; what the window shows, so that nothing is handed to SDL that has not changed
     save_slot slots[SAVE_SLOTS];
+    bool missed; // something was not drawn or not shown, because the surface could not be locked
 };
 inline frame_buffers frames;
 
@@ -44,7 +45,8 @@ inline frame_buffers frames;
 void frame_buffers_free();                                     // accepts buffers that were never made
 
 // Opens the screen's pixels for the length of a block. Where the surface cannot be locked, frames.screen stays a
-// buffer of size 0: what draws on the screen then draws nothing, and all else goes on.
+// buffer of size 0: what draws on the screen then draws nothing, and all else goes on. frames.missed remembers it, and
+// the render thread shows everything again with the next list.
 struct screen_access {
     bool open;
     screen_access();

@@ -17,16 +17,13 @@
 static constexpr i32 PASS_PERIOD_MS = 5;
 static constexpr u32 POLL_MS = 1;
 
-// Set when a list was played that could not reach the screen. Under the surface lock.
-static bool screen_missed = false;
-
 static void play(std::span<const u8> list) {
     const screen_access access;
-    if (access.open && screen_missed) {
+    if (access.open && frames.missed) {
+        frames.missed = false;
         frame_show_background(WHOLE_SCREEN);
         dirty_add(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
     }
-    screen_missed = !access.open;
     draw_list_play(list);
 }
 

@@ -40,7 +40,7 @@ SDL_Surface *__wrap_SDL_SetVideoMode(int width, int height, int bits, Uint32 fla
 int __wrap_SDL_LockSurface(SDL_Surface *surface) {
     if (surface != fake_video.surface)
         return __real_SDL_LockSurface(surface);
-    if (fake_video.fail_lock)
+    if (fake_video.fail_lock || (fake_video.fail_lock_in > 0 && --fake_video.fail_lock_in == 0))
         return -1;
     ++fake_video.locks;
     return 0;

@@ -18,6 +18,7 @@ struct fake_video_state {
     bool (*refuse)(int bits, u32 flags) = nullptr; // modes that cannot be set
     int extra_pixels = 0;   // modes give a surface whose rows are so much longer than the window, and must be locked
     bool fail_lock = false; // of such a surface
+    int fail_lock_in = 0;   // the nth lock from now on alone fails
     bool watching = false;  // updates are written down; only without a render thread
     // What it learns.
     int locks = 0;                              // open on such a surface

@@ -155,6 +155,18 @@ TEST(locking, a_screen_that_cannot_be_locked_loses_nothing_else) {
     EXPECT_EQ(fake_video.locks, 0);
 }
 
+TEST(locking, what_was_not_compared_is_shown_again) {
+    stage on(16, 8);
+    const auto show_square = [&](rgb colour) { on.show([=] { draw_fill({0, 0, 9, 9}, colour, true); }); };
+    show_square(WHITE);
+    fake_video.fail_lock_in = 2; // drawing has one, comparing with what the window shows the next
+    show_square(RED);
+    fake_video.watching = true;
+    show_square(WHITE); // as it was compared last, but not as it was shown last
+    ASSERT_EQ(fake_video.updates.size(), 1U);
+    EXPECT_EQ(fake_video.updates[0][0].w, SCREEN_WIDTH);
+}
+
 // --- The render thread ---------------------------------------------------------------------------
 
 struct running_thread {
