@@ -12,96 +12,86 @@
 
 namespace {
 
-using operation = void (*)();
+struct screen_state {
+    const screen_operations *table; // borrowed from screen_init_all
+    screen_id current, next;
+    bool full_redraw; // the next recorded frame first restores the whole window
+};
+constexpr screen_state NO_SCREEN = {nullptr, SCREEN_NONE, SCREEN_NONE, false};
+screen_state screens = NO_SCREEN;
 
-// Main thread only.
-screen_id current = SCREEN_NONE;
-screen_id next = SCREEN_NONE;
-bool full_redraw = false; // the next recorded frame first restores the whole window
+void run(void (*const operations[SCREEN_COUNT])()) {
+    if (operations[screens.current] != nullptr)
+        operations[screens.current]();
+}
 
-const screen_operations *screens = nullptr; // borrowed from screen_init_all
-
-// The current screen's per-frame operations.
-operation current_update, current_draw, current_tick, current_late;
-
-void run(operation step) {
-    if (step != nullptr)
-        step();
+// Enters a screen at once, without leaving the current one.
+void screen_activate(screen_id id) {
+    screens.current = id;
+    run(screens.table->enter);
+    screens.full_redraw = true;
 }
 
 } // namespace
 
 void screen_request(screen_id id) {
-    next = id;
+    screens.next = id;
 }
 
 void screen_request_redraw() {
-    full_redraw = true;
+    screens.full_redraw = true;
 }
 
 screen_id screen_current() {
-    return current;
+    return screens.current;
 }
 
 i32 screen_init_all(const screen_operations &table) {
-    screens = &table;
-    for (auto *init : screens->init)
+    screens.table = &table;
+    for (auto *init : table.init)
         if (init != nullptr && init() < 0)
             return -1;
     screen_request(SCREEN_SPLASH);
     screen_activate(SCREEN_SPLASH);
-    current = SCREEN_SPLASH;
     return 1;
 }
 
-void screen_activate(screen_id id) {
-    current_update = screens->update[id];
-    current_draw = screens->draw[id];
-    current_tick = screens->tick[id];
-    current_late = screens->late[id];
-    run(screens->enter[id]);
-    full_redraw = true;
-}
-
 void screen_tick() {
-    run(current_tick);
+    run(screens.table->tick);
 }
 
 void screen_update() {
     input_poll();
-    run(current_update);
+    run(screens.table->update);
     help_step();
 }
 
 void screen_draw() {
     if (render_begin_frame()) {
-        if (full_redraw) {
+        if (screens.full_redraw)
             draw_restore(WHOLE_SCREEN);
-            full_redraw = false;
-        }
-        run(current_draw);
+        screens.full_redraw = false;
+        run(screens.table->draw);
         help_draw();
     }
     render_end_frame();
 }
 
 void screen_end_frame() {
-    run(current_late);
-    if (next != current) {
+    run(screens.table->late);
+    if (screens.next != screens.current) {
         help_stop();
-        run(screens->leave[current]);
-        current = next;
-        screen_activate(current);
+        run(screens.table->leave);
+        screen_activate(screens.next);
     }
     sound_update();
 }
 
 void screen_shutdown_all() {
-    if (screens == nullptr)
+    if (screens.table == nullptr)
         return;
-    for (auto *shutdown : screens->shutdown)
-        run(shutdown);
-    screens = nullptr;
-    current = next = SCREEN_NONE;
-    current_update = current_draw = current_tick = current_late = nullptr;
+    for (auto *shutdown : screens.table->shutdown)
+        if (shutdown != nullptr)
+            shutdown();
+    screens = NO_SCREEN;
 }
