@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/app/app.h"
+#include "core/base/app_state.h"
 #include "core/ui/screen.h"
 #include "graphics/draw_queue.h"
 #include "monkey/monkey.h"

@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/app/app.h"
 
+#include "core/base/app_state.h"
 #include "core/base/log.h"
 #include "core/ui/help.h"
 #include "core/ui/screen.h"
@@ -55,6 +56,15 @@ void save() {
     });
 }
 
+void app_state_destroy() {
+    if (app == nullptr)
+        return;
+    board_destroy(app->board);
+    std::free(app->player_name);
+    std::free(app);
+    app = nullptr;
+}
+
 // Every step is safe when its start-up step never ran.
 void app_exit_handler() {
     // A library has ended the program, as Xlib does when the display goes away, perhaps on the render thread: both
@@ -69,8 +79,7 @@ void app_exit_handler() {
     effects_shutdown();
     board_free_background();
     best_times_destroy();
-    app_state_destroy(app);
-    app = nullptr;
+    app_state_destroy();
     cursor_shutdown();
     input_shutdown();
     font_shutdown();
@@ -105,9 +114,16 @@ i32 start_sound() {
     return 1;
 }
 
-i32 start_app_state() {
-    app = app_state_create();
-    return app != nullptr ? 1 : -1;
+i32 app_state_create() {
+    void *block = std::calloc(1, sizeof(app_state));
+    if (block == nullptr) {
+        log_out_of_memory();
+        return -1;
+    }
+    app = new (block) app_state{}; // starts the life of the atomic flags
+    app->puzzle = -1;
+    app->board = board_create();
+    return app->board != nullptr ? 1 : -1;
 }
 
 i32 load_saved() {
@@ -132,7 +148,7 @@ constexpr i32 (*START_UP[])() = {
     start_sound,
     input_init,
     cursor_init,
-    start_app_state,
+    app_state_create,
     best_times_create,
     help_init,
     load_saved,
@@ -193,30 +209,6 @@ void main_loop() {
 }
 
 } // namespace
-
-app_state *app_state_create() {
-    void *block = std::calloc(1, sizeof(app_state));
-    if (block == nullptr) {
-        log_out_of_memory();
-        return nullptr;
-    }
-    auto *state = new (block) app_state{}; // starts the life of the atomic flags
-    state->puzzle = -1;
-    state->board = board_create();
-    if (state->board == nullptr) {
-        app_state_destroy(state);
-        return nullptr;
-    }
-    return state;
-}
-
-void app_state_destroy(app_state *state) {
-    if (state == nullptr)
-        return;
-    board_destroy(state->board);
-    std::free(state->player_name);
-    std::free(state);
-}
 
 void app_run() {
     start_up();

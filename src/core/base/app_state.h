@@ -1,7 +1,7 @@
 // app_state.h: the one global record: program-wide flags, the selected puzzle, the player's name, the board.
 //
 // The main thread owns it; the flags alone are also read by the render thread. The record is made and freed
-// by start-up and exit (core/app.h), which also make and free the board.
+// by start-up and exit (core/app/app.cpp), which also make and free the board.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
