@@ -23,21 +23,20 @@
 #include "sprites/effect.h"
 
 #include <SDL.h>
-#include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <utility>
 
 namespace {
 
 constexpr i32 ANSWER_Y = 290, ANSWER_GAP = 10;
 constexpr i32 NAME_OK_Y = 330, NAME_Y = 310;
-constexpr i32 LINE_1_Y = 310, LINE_2_Y = 330;
+constexpr i32 LINE_Y[] = {310, 330};
 constexpr i32 COMPLETED_OK_Y = 310, EMPTY_LINE_DROP = 15, LINE_DROP = 30, SECOND_LINE_DROP = 15;
 constexpr i32 TITLE_LOW_Y = 300, TITLE_REST_Y = 276; // slides down to the first, settles at the second
 constexpr i32 TITLE_SLIDE_STEP = 24, TITLE_SETTLE_STEP = 2;
 constexpr i32 CONFETTI_ONE_IN = 5; // frames, on average
-constexpr i32 LINE_COUNT = 5;
-constexpr i32 LINE_HIDDEN = -1; // as line_x
-constexpr i32 NAME_LIMIT = 16;  // characters
+constexpr i32 NAME_LIMIT = 16;     // characters
 constexpr char KEY_CHAR_RETURN = 10, KEY_CHAR_BACKSPACE = 8;
 
 constexpr u32 DIALOG_FIRST_FRAME = 0x1; // dim and restore the whole screen at the next draw
@@ -51,9 +50,8 @@ constexpr u32 DIALOG_ENTRANCE = DIALOG_SLIDE_IN | DIALOG_SETTLE;
 struct dialog_state {
     image *pictures[DIALOG_SET.count]; // owned
     char *title;                       // owned
-    i32 title_x, title_y;
-    char *lines[LINE_COUNT]; // owned
-    i32 line_x[LINE_COUNT], line_y[LINE_COUNT];
+    i32 title_y;
+    char *lines[std::size(LINE_Y)]; // owned, may be null
     u32 dialog_flags;
     ptr_array<button> *buttons; // owned
     button *hovered;
@@ -71,30 +69,21 @@ void bind_key(i32 key, button *target) {
         dialog.key_buttons[key] = target;
 }
 
-// A text that memory is short for is left out: the one of the dialog before would ask another question.
+// A text that memory is short for is left out.
 void set_text(char **target, const char *text) {
-    if (string_set(target, text) >= 0)
-        return;
-    log_out_of_memory();
-    std::free(*target);
-    *target = nullptr;
+    if (string_set(target, text) < 0)
+        log_out_of_memory();
 }
 
-void set_title(const char *text) {
-    set_text(&dialog.title, text);
-    const text_size size = text_measure(text);
-    dialog.title_x = center_x(size.width);
-    dialog.title_y = 1 - size.height - size.top;
-}
-
-void set_line(i32 line, const char *text, i32 y) {
-    set_text(&dialog.lines[line], text);
-    dialog.line_x[line] = center_x(text_measure(text).width);
-    dialog.line_y[line] = y;
+// Without the texts of the dialog before, which would ask another question.
+void free_texts() {
+    std::free(std::exchange(dialog.title, nullptr));
+    for (char *&line : dialog.lines)
+        std::free(std::exchange(line, nullptr));
 }
 
 void reset(const char *title) {
-    std::ranges::fill(dialog.line_x, LINE_HIDDEN);
+    free_texts();
     ptr_array_clear(dialog.buttons);
     dialog.dialog_flags &= ~(DIALOG_NAME_ENTRY | DIALOG_CELEBRATE);
     for (i32 key = 0; key < key_count(); ++key)
@@ -102,7 +91,9 @@ void reset(const char *title) {
     std::memset(dialog.name_text, 0, sizeof dialog.name_text);
     dialog.name_length = 0;
     dialog.hovered = nullptr;
-    set_title(title);
+    set_text(&dialog.title, title);
+    const text_size size = text_measure(title);
+    dialog.title_y = 1 - size.height - size.top; // just above the window
 }
 
 void add_answers(button_callback yes, std::intptr_t yes_arg, screen_id no) {
@@ -168,19 +159,13 @@ char typed_character() {
     return 0;
 }
 
-void clear_name() {
-    dialog.name_text[0] = '\0';
-    dialog.name_length = 0;
-}
-
 void type_name() {
     const char c = typed_character();
     if (c == 0)
         return;
-    if ((dialog.dialog_flags & DIALOG_NAME_UNTOUCHED) != 0) {
-        dialog.dialog_flags &= ~DIALOG_NAME_UNTOUCHED;
-        if (c != KEY_CHAR_RETURN)
-            clear_name();
+    if (take_flag(&dialog.dialog_flags, DIALOG_NAME_UNTOUCHED) && c != KEY_CHAR_RETURN) {
+        dialog.name_text[0] = '\0';
+        dialog.name_length = 0;
     }
     if (c == KEY_CHAR_BACKSPACE) {
         if (dialog.name_length > 0)
@@ -217,6 +202,10 @@ void celebrate() {
     ptr_array_compact(dialog.confetti);
 }
 
+void draw_centred(const char *text, i32 y, rgb colour) {
+    text_draw(text, 0, y, colour, TEXT_TRANSIENT | TEXT_CENTER_X);
+}
+
 } // namespace
 
 void dialog_ask_exit() {
@@ -245,9 +234,9 @@ void dialog_completed(i32 master_place, const char *message) {
     if (master)
         dialog.dialog_flags |= DIALOG_CELEBRATE;
     const bool empty = message == nullptr || message[0] == '\0';
-    set_line(0, empty ? "" : message, LINE_1_Y);
+    set_text(&dialog.lines[0], message);
     if (master)
-        set_line(1, "You have achieved a Master's score!", LINE_2_Y);
+        set_text(&dialog.lines[1], "You have achieved a Master's score!");
     const i32 drop = (empty ? EMPTY_LINE_DROP : LINE_DROP) + (master ? SECOND_LINE_DROP : 0);
     add_ok(COMPLETED_OK_Y + drop, completion_confirmed);
 }
@@ -260,7 +249,6 @@ i32 dialog_init() {
         log_out_of_memory();
         return -1;
     }
-    std::ranges::fill(dialog.line_x, LINE_HIDDEN);
     dialog.buttons = ptr_array_create<button>(button_free);
     dialog.confetti = ptr_array_create<effect>(effect_free);
     return dialog.buttons != nullptr && dialog.confetti != nullptr ? 1 : -1;
@@ -300,21 +288,18 @@ void dialog_draw() {
     if ((dialog.dialog_flags & DIALOG_ENTRANCE) == 0) {
         draw_buttons(dialog.buttons);
         if ((dialog.dialog_flags & DIALOG_NAME_ENTRY) != 0)
-            text_draw(dialog.name_text, 0, NAME_Y, YELLOW, TEXT_TRANSIENT | TEXT_CENTER_X);
-        for (i32 i = 0; i < LINE_COUNT; ++i)
-            if (dialog.line_x[i] >= 0)
-                text_draw(dialog.lines[i], dialog.line_x[i], dialog.line_y[i], YELLOW, TEXT_TRANSIENT);
+            draw_centred(dialog.name_text, NAME_Y, YELLOW);
+        for (std::size_t i = 0; i < std::size(LINE_Y); ++i)
+            draw_centred(dialog.lines[i], LINE_Y[i], YELLOW);
     }
-    text_draw(dialog.title, dialog.title_x, dialog.title_y, WHITE, TEXT_TRANSIENT);
+    draw_centred(dialog.title, dialog.title_y, WHITE);
 }
 
 void dialog_shutdown() {
-    std::free(dialog.title);
+    free_texts();
     ptr_array_destroy(dialog.buttons);
     image_free_array(dialog.pictures, DIALOG_SET.count);
     std::free(dialog.key_buttons);
-    for (char *line : dialog.lines)
-        std::free(line);
     ptr_array_destroy(dialog.confetti);
     dialog = {};
 }

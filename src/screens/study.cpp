@@ -89,8 +89,7 @@ void load_text(i32 type) {
     if (string_printf(&name, "study%i.txt", type) >= 0)
         data_archive_read_text(&study.study_text, name);
     std::free(name);
-    if (study.study_text != nullptr)
-        text_wrap(study.study_text, TEXT_WIDTH);
+    text_wrap(study.study_text, TEXT_WIDTH);
 }
 
 void help_on_first_visit() {
@@ -142,8 +141,7 @@ void study_draw() {
         return;
     if (take_flag(&study.study_flags, STUDY_REDRAW)) {
         board_draw_background(app->board);
-        if (study.study_text != nullptr)
-            text_draw(study.study_text, center_x(text_measure(study.study_text).width), TEXT_Y, NAVY, TEXT_TO_BG);
+        text_draw(study.study_text, 0, TEXT_Y, NAVY, TEXT_TO_BG | TEXT_CENTER_X);
         draw_restore(WHOLE_SCREEN);
     }
     board_draw(app->board);

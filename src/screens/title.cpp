@@ -80,8 +80,6 @@ void show_help(button *, std::intptr_t, std::intptr_t) {
 }
 
 void study_selected(button *, std::intptr_t, std::intptr_t) {
-    if (title.selected < 0 || title.selected >= PUZZLE_COUNT)
-        return;
     app_state_select_puzzle(app, PUZZLE_LIST_ORDER[title.selected]);
     wipe_to_study();
     title.title_flags |= TITLE_SKIP_DRAW;
@@ -89,8 +87,6 @@ void study_selected(button *, std::intptr_t, std::intptr_t) {
 }
 
 void show_scores(button *, std::intptr_t, std::intptr_t) {
-    if (title.selected < 0 || title.selected >= PUZZLE_COUNT)
-        return;
     sound_play(SOUND_SCORE_LOG);
     score_log_show(PUZZLE_LIST_ORDER[title.selected]);
     screen_request(SCREEN_SCORE_LOG);
@@ -102,6 +98,7 @@ constexpr column_button COLUMN[] = {
     {TITLE_HELP_BUTTON, 2, show_help, 0},
     {TITLE_EXIT_BUTTON, 1, ask_exit, 0},
 };
+// Only while something is selected.
 constexpr column_button SELECTION_COLUMN[] = {
     {TITLE_STUDY_BUTTON, 6, study_selected, 0},
     {TITLE_SCORES_BUTTON, 5, show_scores, 0},
