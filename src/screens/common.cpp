@@ -9,6 +9,7 @@
 #include "core/base/settings.h"
 #include "graphics/text.h"
 #include "input/input.h"
+#include "persist/best_times.h"
 #include "screens/title_pictures.h"
 
 namespace {
@@ -81,4 +82,13 @@ void draw_buttons(const ptr_array<button> *list) {
 
 void draw_player_name(rgb colour) {
     text_draw(app->player_name, NAME_X, NAME_Y, colour, TEXT_TRANSIENT);
+}
+
+bool first_visit(u32 seen_bit) {
+    player_record *player = player_find(app->player_name, true);
+    if (player == nullptr)
+        return true;
+    const bool first = (player->seen & seen_bit) == 0;
+    player->seen |= seen_bit;
+    return first;
 }

@@ -56,6 +56,9 @@ bool buttons_follow_mouse(button **hovered, button *hit);
 void draw_buttons(const ptr_array<button> *list);
 void draw_player_name(rgb colour);
 
+// Whether the player has not been where this bit of player_record::seen stands for; notes the visit.
+bool first_visit(u32 seen_bit);
+
 // Whether the flag was set; clears it.
 constexpr bool take_flag(u32 *flags, u32 flag) {
     const bool was_set = (*flags & flag) != 0;

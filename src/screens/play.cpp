@@ -14,7 +14,6 @@
 #include "graphics/text.h"
 #include "input/cursor.h"
 #include "input/input.h"
-#include "persist/best_times.h"
 #include "puzzles/board.h"
 #include "puzzles/debug_actions.h"
 #include "puzzles/deck.h"
@@ -33,7 +32,7 @@ constexpr u32 PLAY_REDRAW = 0x1;       // draw the background layer again
 constexpr u32 PLAY_DRAGGING = 0x2;     // the hovered piece is being dragged
 constexpr u32 PLAY_NEW_RUN = 0x4;      // start a new run on enter
 constexpr u32 PLAY_COMPLETED = 0x8;    // the completion dialog was opened; keep the finished board once
-constexpr u32 PLAY_FIRST_FRAME = 0x10; // record the attempt on the next update
+constexpr u32 PLAY_FIRST_FRAME = 0x10; // of a run; note the visit on the next update
 constexpr u32 PLAY_BROKEN = 0x20;      // the board could not be loaded; on the way back to the title screen
 
 constexpr rgb HOVER_A = {128, 128, 128}, HOVER_B = BLACK; // the hovered piece pulses between these
@@ -68,16 +67,6 @@ bool start_new_run(board *b) {
 }
 
 // --- Update --------------------------------------------------------------------------------------
-
-// The help opens by itself the first time a player plays a type.
-void record_attempt(const board *b) {
-    player_record *player = player_find(app->player_name, true);
-    const u32 bit = 1u << b->type;
-    if (player == nullptr || (player->seen & bit) == 0)
-        board_show_help(b);
-    if (player != nullptr)
-        player->seen |= bit;
-}
 
 void hover_piece(sprite *piece) {
     if (piece == play.play_hover_piece)
@@ -205,8 +194,8 @@ void play_update() {
     if ((play.play_flags & PLAY_BROKEN) != 0)
         return;
     board *b = app->board;
-    if (take_flag(&play.play_flags, PLAY_FIRST_FRAME))
-        record_attempt(b);
+    if (take_flag(&play.play_flags, PLAY_FIRST_FRAME) && first_visit(1u << b->type))
+        board_show_help(b);
     cursor_select(update_pieces(b));
     if (play.play_hover_piece == nullptr)
         update_buttons(b);

@@ -92,16 +92,6 @@ void load_text(i32 type) {
     text_wrap(study.study_text, TEXT_WIDTH);
 }
 
-void help_on_first_visit() {
-    if (!app_has(APP_NAME_SET))
-        return;
-    player_record *player = player_find(app->player_name, true);
-    if (player == nullptr || (player->seen & PLAYER_SEEN_STUDY) == 0)
-        show_help(nullptr, 0, 0);
-    if (player != nullptr)
-        player->seen |= PLAYER_SEEN_STUDY;
-}
-
 } // namespace
 
 i32 study_init() {
@@ -124,7 +114,8 @@ void study_enter() {
     load_text(app->board->type);
     build_buttons();
     study.study_flags = STUDY_REDRAW;
-    help_on_first_visit();
+    if (app_has(APP_NAME_SET) && first_visit(PLAYER_SEEN_STUDY))
+        show_help(nullptr, 0, 0);
 }
 
 void study_update() {
