@@ -100,8 +100,9 @@ std::vector<frame_cost> stirred_frames(bool with_sdl) {
 void place_top_card() {
     const board *b = the_board();
     until("the deck rests", [b] { return !board_is(b, BOARD_DECK_MOVING | BOARD_DECK_LOCK); });
-    sprite *piece = b->slot[0];
-    mouse_down_at(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
+    sprite *piece = b->deck.slot[0];
+    mouse_down_at(b->deck.slot_at[0].x + b->pictures.card->width / 2,
+                  b->deck.slot_at[0].y + b->pictures.card->height / 2);
     wait_frames(CARD_LEAVES);
     carry_to_cell(piece);
 }

@@ -7,7 +7,6 @@
 #include "core/base/log.h"
 #include "core/base/strings.h"
 #include "core/ui/help.h"
-#include "input/input.h"
 #include "puzzles/background.h"
 #include "puzzles/board_pictures.h"
 #include "puzzles/cells.h"
@@ -15,7 +14,6 @@
 #include "puzzles/generators.h"
 #include "puzzles/keypad.h"
 #include "puzzles/puzzle_help.h"
-#include "puzzles/puzzle_type.h"
 #include "puzzles/random_list.h"
 #include "sprites/effect.h"
 #include "sprites/number_entry.h"
@@ -31,9 +29,13 @@ namespace {
 constexpr i32 ENTRY_CAPACITY = 4; // digits of an answer
 constexpr char CLOCK_AT_START[] = "0:00";
 
-enum console_button : i32 { CONSOLE_HELP, CONSOLE_RETURN };
+constexpr i32 BACKGROUND_NUMBER = 1; // all types share one background picture
 
-button_callback return_action = nullptr;
+enum console_button : i32 { CONSOLE_HELP, CONSOLE_RETURN, CONSOLE_BUTTONS };
+constexpr point CONSOLE_PLACES[CONSOLE_BUTTONS] = {{730, 5}, {730, 35}};
+
+constexpr puzzle_layout NO_LAYOUT = {};
+constexpr puzzle_places NO_PLACES = {};
 
 bool create_lists(board *b) {
     b->cells = ptr_array_create(sprite_free);
@@ -41,10 +43,10 @@ bool create_lists(board *b) {
     b->buttons = ptr_array_create(button_free);
     b->effects = ptr_array_create(effect_free);
     b->new_effects = ptr_array_create<effect>();
-    b->deck_pool = random_list_create();
+    b->deck.pool = random_list_create();
     b->entry = number_entry_create(ENTRY_CAPACITY);
     return b->cells != nullptr && b->pieces != nullptr && b->buttons != nullptr && b->effects != nullptr &&
-           b->new_effects != nullptr && b->deck_pool != nullptr && b->entry != nullptr;
+           b->new_effects != nullptr && b->deck.pool != nullptr && b->entry != nullptr;
 }
 
 // Empties the lists of a run, and all that borrows from them.
@@ -56,12 +58,10 @@ void drop_run(board *b) {
     for (effect *queued : each(b->new_effects))
         effect_free(queued);
     ptr_array_clear(b->new_effects);
-    if (b->key_buttons != nullptr)
-        std::fill_n(b->key_buttons, key_count(), nullptr);
-    random_list_clear(b->deck_pool);
+    random_list_clear(b->deck.pool);
     number_entry_clear(b->entry);
-    std::fill(std::begin(b->slot), std::end(b->slot), nullptr);
-    b->leaving = nullptr;
+    std::fill(std::begin(b->deck.slot), std::end(b->deck.slot), nullptr);
+    b->deck.leaving = nullptr;
 }
 
 // Leaves no type loaded: without its pictures a board must not be drawn, and the next prepare loads it again.
@@ -72,24 +72,29 @@ void unload(board *b) {
 }
 
 i32 load_type(board *b, i32 type) {
-    if (puzzle_type_init(b, type) < 0)
-        return -1;
     b->type = type;
+    b->layout = &PUZZLE_LAYOUTS[type];
+    b->places = &PUZZLE_PLACES[type];
+    board_set_background(BACKGROUND_NUMBER);
     if (board_load_pictures(b) < 0 || board_load_background() < 0)
         return -1;
     if (board_has(b, BOARD_HAS_KEYPAD))
-        b->entry->digits = b->entered_digits;
-    b->width = b->board_picture->width;
-    b->height = b->board_picture->height;
+        b->entry->digits = b->pictures.entered_digits;
+    b->entry->x = b->places->entry.x;
+    b->entry->y = b->places->entry.y;
+    b->entry->dest_x = b->places->entry_dest.x;
+    b->entry->dest_y = b->places->entry_dest.y;
+    b->width = b->pictures.board->width;
+    b->height = b->pictures.board->height;
     return 1;
 }
 
 i32 reset_clock(board *b) {
     b->placed = b->remaining = 0;
     b->state = 0;
-    b->clock_start = SDL_GetTicks();
-    b->seconds = 0;
-    const i32 result = string_set(&b->clock_text, CLOCK_AT_START);
+    b->clock.start = SDL_GetTicks();
+    b->clock.seconds = 0;
+    const i32 result = string_set(&b->clock.text, CLOCK_AT_START);
     if (result < 0)
         log_out_of_memory();
     return result;
@@ -102,30 +107,21 @@ void show_help(button *, std::intptr_t board_address, std::intptr_t) {
 button *add_console_button(board *b, console_button which, button_callback action) {
     const image *looks[BUTTON_LOOK_COUNT];
     for (i32 look = 0; look < BUTTON_LOOK_COUNT; ++look)
-        looks[look] = b->console_pictures[look * CONSOLE_BUTTONS + which];
-    return button_add(b->buttons, looks, b->button_x[which], b->button_y[which], action,
+        looks[look] = b->pictures.console[look * CONSOLE_BUTTONS + which];
+    return button_add(b->buttons, looks, CONSOLE_PLACES[which].x, CONSOLE_PLACES[which].y, action,
                       reinterpret_cast<std::intptr_t>(b));
 }
 
-i32 build_console(board *b) {
-    if (add_console_button(b, CONSOLE_HELP, show_help) == nullptr)
-        return -1;
-    button *leave = add_console_button(b, CONSOLE_RETURN, return_action);
-    if (leave == nullptr)
-        return -1;
-    board_set_key(b, leave, SDLK_ESCAPE);
-    return 1;
+i32 build_console(board *b, button_callback on_return) {
+    button *help = add_console_button(b, CONSOLE_HELP, show_help);
+    button *leave = help != nullptr ? add_console_button(b, CONSOLE_RETURN, on_return) : nullptr;
+    button_set_keys(leave, SDLK_ESCAPE);
+    return leave != nullptr ? 1 : -1;
 }
 
-i32 start_run(board *b) {
-    if (b->key_buttons == nullptr) {
-        b->key_buttons = static_cast<button **>(std::calloc(static_cast<std::size_t>(key_count()), sizeof(button *)));
-        if (b->key_buttons == nullptr && key_count() > 0) {
-            log_out_of_memory();
-            return -1;
-        }
-    }
-    if (board_build_cells(b) < 0 || board_generate_pieces(b) < 0 || reset_clock(b) < 0 || build_console(b) < 0)
+i32 start_run(board *b, button_callback on_return) {
+    if (board_build_cells(b) < 0 || board_generate_pieces(b) < 0 || reset_clock(b) < 0 ||
+        build_console(b, on_return) < 0)
         return -1;
     if (board_has(b, BOARD_HAS_KEYPAD) && board_build_keypad(b) < 0)
         return -1;
@@ -143,6 +139,8 @@ board *board_create() {
         return nullptr;
     }
     b->type = BOARD_NO_TYPE;
+    b->layout = &NO_LAYOUT;
+    b->places = &NO_PLACES;
     if (!create_lists(b)) {
         board_destroy(b);
         return nullptr;
@@ -161,11 +159,9 @@ void board_destroy(board *b) {
     ptr_array_destroy(b->buttons);
     ptr_array_destroy(b->effects);
     ptr_array_destroy(b->new_effects);
-    random_list_free(b->deck_pool);
+    random_list_free(b->deck.pool);
     number_entry_free(b->entry);
-    std::free(b->key_buttons);
-    std::free(b->dir);
-    std::free(b->clock_text);
+    std::free(b->clock.text);
     std::free(b);
 }
 
@@ -184,16 +180,16 @@ i32 board_prepare(app_state *state) {
     if ((!board_loaded(b) || b->type != state->puzzle) && board_load(b, state->puzzle) < 0)
         return -1;
     b->x = center_x(b->width);
-    b->y = b->top;
+    b->y = b->layout->top;
     state->puzzle = b->type;
     return 1;
 }
 
-i32 board_start(board *b) {
+i32 board_start(board *b, button_callback on_return) {
     if (!board_loaded(b))
         return -1;
     drop_run(b);
-    if (start_run(b) > 0)
+    if (start_run(b, on_return) > 0)
         return 1;
     unload(b);
     return -1;
@@ -203,7 +199,7 @@ i32 board_master_rank(const board *b) {
     if (!board_loaded(b))
         return -1;
     for (i32 k = 0; k < MASTER_TIME_COUNT; ++k)
-        if (b->seconds <= puzzle_master_time(b->type, k))
+        if (b->clock.seconds <= puzzle_master_time(b->type, k))
             return k;
     return -1;
 }
@@ -220,11 +216,6 @@ i32 board_add_button(board *b, button *added) {
     return -1;
 }
 
-void board_set_key(board *b, button *pressed, i32 key) {
-    if (b->key_buttons != nullptr && key >= 0 && key < key_count())
-        b->key_buttons[key] = pressed;
-}
-
 void board_start_clock(board *b) {
     b->state |= BOARD_CLOCK;
 }
@@ -236,8 +227,4 @@ void board_add_effect(board *b, effect *added, i32 x, i32 y) {
     added->y = y;
     if (ptr_array_append(b->new_effects, added) < 0)
         effect_free(added);
-}
-
-void board_set_return_action(button_callback action) {
-    return_action = action;
 }

@@ -32,76 +32,60 @@ inline constexpr u32 BOARD_CLOCK = 0x40;        // the clock runs
 
 inline constexpr i32 BOARD_NO_TYPE = 255; // value of type while no type is loaded
 
-inline constexpr i32 DECK_CARDS = 3; // visible cards, the top one first
-inline constexpr i32 CONSOLE_BUTTONS = 2;
-inline constexpr i32 CARD_CHARACTERS = 255; // characters that a card text can be made of
-
-struct board {
-    i32 type;        // 0..10, or BOARD_NO_TYPE
-    u32 state;       // BOARD_COMPLETE .. BOARD_CLOCK
-    u32 features;    // BOARD_HAS_DECK .. BOARD_BLINK_PLACED
-    u32 clock_start; // ms: the tick count from which the clock counts
-    i32 seconds;     // of the run
-
-    // Geometry, in pixels; cells lie relative to the board's corner.
-    i32 x, y; // of the board picture on the screen
-    i32 cols, rows;
-    i32 top, study_top; // y in play and in study mode
-    i32 width, height;  // of the board picture
-    i32 cell_w, cell_h;
-    i32 grid_x, grid_y; // first cell
-
-    // Pictures, all owned; null or empty where the type has none.
-    i32 label_count;
-    image **labels; // on the pieces
-    i32 symbol_count;
-    image **symbols; // headings on the board
-    i32 cell_picture_count;
-    image **cell_pictures;
-
-    ptr_array<sprite> *cells;  // owned
-    ptr_array<sprite> *pieces; // owned; the last one is on top
-
-    char *dir; // owned; the type's data folder
-
+// The pictures of the type, all owned; null where it has none. Blocks hold as many as the layout says.
+struct board_pictures {
+    image **labels;                   // on the pieces
+    image **headings;                 // of columns and rows
+    image **cells;                    // one a row or one a cell
+    image **card_symbols;             // the characters of a card text
     image *board_tab_out[EDGE_COUNT]; // all four: by sprite_edge
     image *board_tab_in[EDGE_COUNT];
     image *piece_tab_out[EDGE_COUNT]; // of a loose piece
     image *piece_tab_in[EDGE_COUNT];  // of a placed piece
-
-    i32 snap_radius; // pixels between the centres at which a dropped piece still snaps in
-    i32 placed;      // pieces placed in this run
-
-    image *board_picture, *piece_picture, *box_picture, *card_picture, *keypad_picture, *next_picture;
-    image *empty_deck_picture, *begin_picture, *study_help_picture;
-    image *key_pictures[KEY_PICTURES];
-    image *console_pictures[CONSOLE_PICTURES]; // by look: help, return
-    image *key_symbols[KEY_SYMBOLS];           // by key value
+    image *board, *piece, *box, *card, *keypad, *next, *empty_deck, *begin, *study_help;
+    image *keys[KEY_PICTURES];
+    image *console[CONSOLE_PICTURES]; // by look: help, return
+    image *key_symbols[KEY_SYMBOLS];  // by key value
     image *entered_digits[ENTRY_DIGITS];
+};
 
-    i32 button_x[CONSOLE_BUTTONS], button_y[CONSOLE_BUTTONS];
+inline constexpr i32 DECK_CARDS = 3; // visible cards, the top one first
+
+// The cards of a type with a deck.
+struct board_deck {
+    random_list *pool;         // owned; the pieces that it deals from
+    sprite *slot[DECK_CARDS];  // borrowed from the pieces: those on the cards
+    sprite *leaving;           // borrowed: the piece on the card that slides under the stack
+    point slot_at[DECK_CARDS]; // the cards' corners
+    point leaving_at;
+    i32 timer, phase; // of the turning: frames left of the phase, and the phase
+    i32 lock_frames;  // frames left for which BOARD_DECK_LOCK stays
+};
+
+struct board_clock {
+    u32 start;   // ms: the tick count from which it counts
+    i32 seconds; // of the run
+    char *text;  // owned; "0:00" at the start
+};
+
+struct board {
+    i32 type;                    // 0..10, or BOARD_NO_TYPE
+    u32 state;                   // BOARD_COMPLETE .. BOARD_CLOCK
+    const puzzle_layout *layout; // the type's rows in the tables, never null; cells lie relative to the board's corner
+    const puzzle_places *places;
+    i32 x, y;          // of the board picture on the screen
+    i32 width, height; // of the board picture
+    board_pictures pictures;
+    ptr_array<sprite> *cells;   // owned
+    ptr_array<sprite> *pieces;  // owned; the last one is on top
+    i32 placed;                 // pieces placed in this run
+    i32 remaining;              // pieces not yet answered
     ptr_array<button> *buttons; // owned
-    i32 keypad_x, keypad_y;
-    i32 card_symbol_count;
-    random_list *deck_pool; // owned; the pieces that the deck deals from
-    number_entry *entry;    // owned; the answer display
-    i32 deck_lock_frames;
-    button **key_buttons; // owned block of key_count() entries, null before the first start: a key's button
-    i32 remaining;        // pieces not yet answered
-    i32 box_x, box_y;
-    i32 deck_x, deck_y;
-    sprite *slot[DECK_CARDS]; // borrowed from pieces: the pieces on the cards
-    sprite *leaving;          // borrowed: the piece on the card that slides under the stack
-    i32 slot_x[DECK_CARDS], leaving_x;
-    i32 slot_y[DECK_CARDS], leaving_y;
-    i32 char_map[CARD_CHARACTERS];    // character to index of its card symbol, -1 for none
-    i32 card_label_dx, card_label_dy; // of a label drawn on a card
-    image **card_symbols;
-    i32 deck_timer, deck_phase;
-
+    board_deck deck;            // of a type with BOARD_HAS_DECK
+    number_entry *entry;        // owned; the answer display of a type with BOARD_HAS_KEYPAD
+    board_clock clock;
     ptr_array<effect> *effects;     // owned
     ptr_array<effect> *new_effects; // queued during this frame; they move into effects at its end
-    char *clock_text;               // owned; "0:00" at the start
 };
 
 [[nodiscard]] board *board_create(); // null when out of memory (logged)
@@ -117,9 +101,9 @@ void board_destroy(board *b);        // accepts null
 
 void board_free_images(board *b); // waits until no recorded list refers to them any more
 
-// Starts a new run of the loaded type. 1, or -1 when no type is loaded or memory is short (logged): no type is loaded
-// any more then, and the caller goes back to the title screen.
-[[nodiscard]] i32 board_start(board *b);
+// Starts a new run of the loaded type, with what its return button does (null for nothing). 1, or -1 when no type is
+// loaded or memory is short (logged): no type is loaded any more then, and the caller goes back to the title screen.
+[[nodiscard]] i32 board_start(board *b, button_callback on_return);
 
 void board_update(board *b);                // one frame of the run
 void board_count_remaining(board *b);       // counts the pieces that are not yet answered afresh
@@ -132,12 +116,8 @@ i32 board_master_rank(const board *b);
 void board_show_help(const board *b); // the type's help bubbles; nothing while bubbles show
 
 i32 board_add_button(board *b, button *added); // takes ownership; 1, or -1 when out of memory (the button is freed)
-void board_set_key(board *b, button *pressed, i32 key);       // binds a key code; the board keeps borrowing the button
-void board_start_clock(board *b);                             // it runs from now on
+void board_start_clock(board *b);              // it runs from now on
 void board_add_effect(board *b, effect *added, i32 x, i32 y); // takes ownership; null is ignored
-
-// What the return button does in every run from now on; null (the start value) for nothing. The screens set it.
-void board_set_return_action(button_callback action);
 
 // Whether a puzzle type is loaded, with all its pictures.
 inline bool board_loaded(const board *b) {
@@ -149,5 +129,5 @@ inline bool board_is(const board *b, u32 state_flags) {
 }
 // Whether the loaded type has the feature.
 inline bool board_has(const board *b, u32 feature) {
-    return (b->features & feature) != 0;
+    return (b->layout->features & feature) != 0;
 }

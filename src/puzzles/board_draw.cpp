@@ -24,13 +24,13 @@ void draw_pieces_and_effects(const board *b) {
 
 void draw_play_background(const board *b) {
     if (board_has(b, BOARD_HAS_KEYPAD)) {
-        draw_image_bg(b->keypad_picture, b->keypad_x, b->keypad_y);
-        draw_restore({b->keypad_x, b->keypad_y, b->keypad_picture->width, b->keypad_picture->height});
+        draw_image_bg(b->pictures.keypad, b->places->keypad.x, b->places->keypad.y);
+        draw_restore({b->places->keypad.x, b->places->keypad.y, b->pictures.keypad->width, b->pictures.keypad->height});
     }
     for (const button *drawn : each(b->buttons))
         button_draw_background(drawn);
     if (board_has(b, BOARD_HAS_BOX))
-        draw_image_bg_show(b->box_picture, b->box_x, b->box_y);
+        draw_image_bg_show(b->pictures.box, b->places->box.x, b->places->box.y);
 }
 
 } // namespace
@@ -54,12 +54,13 @@ void board_draw_background(const board *b) {
         return;
     if (board_background() != nullptr)
         draw_image_bg(board_background(), 0, 0);
-    draw_image_bg(b->board_picture, b->x, b->y);
+    draw_image_bg(b->pictures.board, b->x, b->y);
     board_draw_headings(b);
     board_draw_cells(b);
     draw_restore({b->x, b->y, b->width, b->height});
     if (board_is(b, BOARD_STUDY))
-        draw_image_bg(b->study_help_picture, center_x(b->study_help_picture->width), b->y + b->height + STUDY_HELP_GAP);
+        draw_image_bg(b->pictures.study_help, center_x(b->pictures.study_help->width),
+                      b->y + b->height + STUDY_HELP_GAP);
     else
         draw_play_background(b);
 }

@@ -40,27 +40,27 @@ struct picture_place {
 
 // clang-format off
 constexpr picture_place PLACES[] = {
-    {PICTURE_BOARD,          [](board *b) { return one(&b->board_picture); }},
-    {PICTURE_PIECE,          [](board *b) { return one(&b->piece_picture); }},
-    {PICTURE_BEGIN,          [](board *b) { return one(&b->begin_picture); }},
-    {PICTURE_STUDY_HELP,     [](board *b) { return one(&b->study_help_picture); }},
-    {PICTURE_KEYS,           [](board *b) { return fixed(b->key_pictures); }},
-    {PICTURE_CARD_SYMBOLS,   [](board *b) { return owned(&b->card_symbols, b->card_symbol_count); }},
-    {PICTURE_CARD,           [](board *b) { return one(&b->card_picture); }},
-    {PICTURE_NEXT,           [](board *b) { return one(&b->next_picture); }},
-    {PICTURE_EMPTY_DECK,     [](board *b) { return one(&b->empty_deck_picture); }},
-    {PICTURE_BOX,            [](board *b) { return one(&b->box_picture); }},
-    {PICTURE_KEYPAD,         [](board *b) { return one(&b->keypad_picture); }},
-    {PICTURE_KEY_SYMBOLS,    [](board *b) { return fixed(b->key_symbols); }},
-    {PICTURE_ENTERED_DIGITS, [](board *b) { return fixed(b->entered_digits); }},
-    {PICTURE_LOOSE_EDGES,    [](board *b) { return fixed(b->piece_tab_out); }},
-    {PICTURE_PLACED_EDGES,   [](board *b) { return fixed(b->piece_tab_in); }},
-    {PICTURE_BOARD_DENTS,    [](board *b) { return fixed(b->board_tab_in); }},
-    {PICTURE_BOARD_BUMPS,    [](board *b) { return fixed(b->board_tab_out); }},
-    {PICTURE_HEADINGS,       [](board *b) { return owned(&b->symbols, b->symbol_count); }},
-    {PICTURE_LABELS,         [](board *b) { return owned(&b->labels, b->label_count); }},
-    {PICTURE_CELLS,          [](board *b) { return owned(&b->cell_pictures, b->cell_picture_count); }},
-    {PICTURE_CONSOLE,        [](board *b) { return fixed(b->console_pictures); }},
+    {PICTURE_BOARD,          [](board *b) { return one(&b->pictures.board); }},
+    {PICTURE_PIECE,          [](board *b) { return one(&b->pictures.piece); }},
+    {PICTURE_BEGIN,          [](board *b) { return one(&b->pictures.begin); }},
+    {PICTURE_STUDY_HELP,     [](board *b) { return one(&b->pictures.study_help); }},
+    {PICTURE_KEYS,           [](board *b) { return fixed(b->pictures.keys); }},
+    {PICTURE_CARD_SYMBOLS,   [](board *b) { return owned(&b->pictures.card_symbols, CARD_SYMBOLS); }},
+    {PICTURE_CARD,           [](board *b) { return one(&b->pictures.card); }},
+    {PICTURE_NEXT,           [](board *b) { return one(&b->pictures.next); }},
+    {PICTURE_EMPTY_DECK,     [](board *b) { return one(&b->pictures.empty_deck); }},
+    {PICTURE_BOX,            [](board *b) { return one(&b->pictures.box); }},
+    {PICTURE_KEYPAD,         [](board *b) { return one(&b->pictures.keypad); }},
+    {PICTURE_KEY_SYMBOLS,    [](board *b) { return fixed(b->pictures.key_symbols); }},
+    {PICTURE_ENTERED_DIGITS, [](board *b) { return fixed(b->pictures.entered_digits); }},
+    {PICTURE_LOOSE_EDGES,    [](board *b) { return fixed(b->pictures.piece_tab_out); }},
+    {PICTURE_PLACED_EDGES,   [](board *b) { return fixed(b->pictures.piece_tab_in); }},
+    {PICTURE_BOARD_DENTS,    [](board *b) { return fixed(b->pictures.board_tab_in); }},
+    {PICTURE_BOARD_BUMPS,    [](board *b) { return fixed(b->pictures.board_tab_out); }},
+    {PICTURE_HEADINGS,       [](board *b) { return owned(&b->pictures.headings, b->layout->symbols); }},
+    {PICTURE_LABELS,         [](board *b) { return owned(&b->pictures.labels, b->layout->labels); }},
+    {PICTURE_CELLS,          [](board *b) { return owned(&b->pictures.cells, b->layout->cell_pictures); }},
+    {PICTURE_CONSOLE,        [](board *b) { return fixed(b->pictures.console); }},
 };
 // clang-format on
 static_assert(std::size(PLACES) == PUZZLE_PICTURE_COUNT);
@@ -79,7 +79,7 @@ picture_slots prepare(const picture_place &place, board *b) {
 
 i32 load(const picture_place &place, board *b) {
     const puzzle_picture_row &row = PUZZLE_PICTURES[place.id];
-    if ((b->features & row.needs) != row.needs)
+    if ((b->layout->features & row.needs) != row.needs)
         return 1;
     const picture_slots slots = prepare(place, b);
     if (slots.count == 0)
@@ -87,7 +87,7 @@ i32 load(const picture_place &place, board *b) {
     if (slots.first == nullptr)
         return -1;
     char name[NAME_SIZE];
-    std::snprintf(name, sizeof name, "%s%s", b->dir, row.name);
+    std::snprintf(name, sizeof name, "%s%s", b->layout->dir, row.name);
     if (puzzle_picture_is_series(place.id))
         return image_load_sequence(slots.first, slots.count, name);
     *slots.first = image_load(name);

@@ -27,16 +27,15 @@ bool any_piece_was_taken(const board *b) {
 }
 
 void update_lock(board *b) {
-    if (board_is(b, BOARD_DECK_LOCK) && --b->deck_lock_frames < 1)
+    if (board_is(b, BOARD_DECK_LOCK) && --b->deck.lock_frames < 1)
         b->state &= ~BOARD_DECK_LOCK;
 }
 
-void press_bound_keys(board *b) {
-    if (b->key_buttons == nullptr || board_is(b, BOARD_STUDY) || settings_help_showing())
+void press_by_keys(const board *b) {
+    if (board_is(b, BOARD_STUDY) || settings_help_showing())
         return;
-    for (i32 key = 0; key < key_count(); ++key) {
-        button *bound = b->key_buttons[key];
-        if (bound != nullptr && key_pressed(key)) {
+    for (button *bound : each(b->buttons)) {
+        if (button_key_pressed(bound)) {
             button_press(bound);
             button_release_later(bound);
         }
@@ -48,16 +47,16 @@ void update_clock(board *b) {
     if (!board_is(b, BOARD_CLOCK)) {
         if (board_is(b, BOARD_DECK_MOVING) || any_piece_was_taken(b))
             board_start_clock(b);
-        b->clock_start = now;
+        b->clock.start = now;
     }
-    const u32 elapsed = now - b->clock_start;
+    const u32 elapsed = now - b->clock.start;
     if (!board_is(b, BOARD_CLOCK) || elapsed > CLOCK_LIMIT)
         return;
     const auto seconds = static_cast<i32>(elapsed / MS_PER_SECOND);
-    if (seconds == b->seconds)
+    if (seconds == b->clock.seconds)
         return;
-    b->seconds = seconds;
-    string_printf(&b->clock_text, "%i:%.2i", seconds / SECONDS_PER_MINUTE, seconds % SECONDS_PER_MINUTE);
+    b->clock.seconds = seconds;
+    string_printf(&b->clock.text, "%i:%.2i", seconds / SECONDS_PER_MINUTE, seconds % SECONDS_PER_MINUTE);
 }
 
 void update_completion(board *b) {
@@ -109,7 +108,7 @@ void board_update(board *b) {
     if (playing && board_has(b, BOARD_HAS_KEYPAD))
         board_update_keypad(b);
     update_lock(b);
-    press_bound_keys(b);
+    press_by_keys(b);
     update_clock(b);
     update_completion(b);
     exchange_effects(b);

@@ -6,7 +6,7 @@
 
 #include "core/base/random.h"
 #include "graphics/draw_list.h"
-#include "puzzles/puzzle_type.h"
+#include "puzzles/puzzle_layout.h"
 #include "sprites/sprite.h"
 
 namespace {
@@ -17,7 +17,7 @@ constexpr i32 FLAT_PLACE_MIN = 10, FLAT_PLACE_MAX = 30; // top and bottom edges
 
 // Types have a picture for every cell, or one for every row.
 i32 cell_picture_index(const board *b, i32 col, i32 row) {
-    return b->cell_picture_count == b->cols * b->rows ? row * b->cols + col : row;
+    return b->layout->cell_pictures == b->layout->cols * b->layout->rows ? row * b->layout->cols + col : row;
 }
 
 // The place that a neighbour has given to the shared edge already, or a random one.
@@ -41,8 +41,8 @@ i32 build_cell(board *b, i32 col, i32 row) {
     cell->col = col;
     cell->row = row;
     cell->index = cell_picture_index(b, col, row);
-    cell->x = b->grid_x + col * (b->cell_w + COLUMN_GAP);
-    cell->y = b->grid_y + row * puzzle_row_pitch(b->type);
+    cell->x = b->layout->grid_x + col * (b->layout->cell_w + COLUMN_GAP);
+    cell->y = b->layout->grid_y + row * puzzle_row_pitch(b->type);
     choose_edge_places(b, cell);
     return board_add_cell(b, cell);
 }
@@ -52,17 +52,17 @@ void draw_edges(const board *b, const sprite *cell) {
     const i32 x = b->x + cell->x, y = b->y + cell->y;
     draw_image_bg(cell->img_top, x + cell->tab_top, y - cell->ext_top + 1);
     draw_image_bg(cell->img_left, x - cell->ext_left + 1, y + cell->tab_left);
-    if (cell->row == b->rows - 1)
+    if (cell->row == b->layout->rows - 1)
         draw_image_bg(cell->img_bottom, x + cell->sock_bottom, y + cell->body->height - cell->ext_bottom);
-    if (cell->col == b->cols - 1)
+    if (cell->col == b->layout->cols - 1)
         draw_image_bg(cell->img_right, x + cell->body->width - cell->ext_right, y + cell->sock_right);
 }
 
 } // namespace
 
 i32 board_build_cells(board *b) {
-    for (i32 row = 0; row < b->rows; ++row)
-        for (i32 col = 0; col < b->cols; ++col)
+    for (i32 row = 0; row < b->layout->rows; ++row)
+        for (i32 col = 0; col < b->layout->cols; ++col)
             if (build_cell(b, col, row) < 0)
                 return -1;
     return 1;
@@ -73,20 +73,20 @@ i32 board_add_cell(board *b, sprite *cell) {
         sprite_free(cell);
         return -1;
     }
-    const bool last_row = cell->row == b->rows - 1;
-    const bool last_col = cell->col == b->cols - 1;
-    sprite_set_body(cell, b->cell_pictures[cell->index]);
+    const bool last_row = cell->row == b->layout->rows - 1;
+    const bool last_col = cell->col == b->layout->cols - 1;
+    sprite_set_body(cell, b->pictures.cells[cell->index]);
     // An edge's picture serves both of its sides: the top pair above and below, the left pair left and right.
-    cell->img_top = b->board_tab_in[EDGE_TOP];
-    cell->img_bottom = last_row ? b->board_tab_out[EDGE_TOP] : b->board_tab_in[EDGE_TOP];
-    cell->img_left = b->board_tab_in[EDGE_LEFT];
-    cell->img_right = last_col ? b->board_tab_out[EDGE_LEFT] : b->board_tab_in[EDGE_LEFT];
+    cell->img_top = b->pictures.board_tab_in[EDGE_TOP];
+    cell->img_bottom = last_row ? b->pictures.board_tab_out[EDGE_TOP] : b->pictures.board_tab_in[EDGE_TOP];
+    cell->img_left = b->pictures.board_tab_in[EDGE_LEFT];
+    cell->img_right = last_col ? b->pictures.board_tab_out[EDGE_LEFT] : b->pictures.board_tab_in[EDGE_LEFT];
     sprite_set_edge_sizes(cell);
     return 1;
 }
 
 sprite *board_find_cell(const board *b, i32 col, i32 row) {
-    if (col < 0 || row < 0 || col >= b->cols || row >= b->rows)
+    if (col < 0 || row < 0 || col >= b->layout->cols || row >= b->layout->rows)
         return nullptr;
     for (sprite *cell : each(b->cells))
         if (cell->col == col && cell->row == row)

@@ -25,7 +25,7 @@ void move_to_cell(const board *b, sprite *piece, const sprite *cell) {
 } // namespace
 
 void board_debug_reveal(board *b) {
-    if (board_has(b, BOARD_HAS_KEYPAD) && !board_is(b, BOARD_DECK_MOVING) && b->slot[0] != nullptr &&
+    if (board_has(b, BOARD_HAS_KEYPAD) && !board_is(b, BOARD_DECK_MOVING) && b->deck.slot[0] != nullptr &&
         board_revealing_piece(b) == nullptr)
         board_reveal_answered(b);
 }

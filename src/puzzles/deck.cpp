@@ -35,14 +35,14 @@ bool has_flag(const sprite *piece, u32 flag) {
 // --- Dealing -------------------------------------------------------------------------------------
 
 bool may_be_dealt(const board *b, const sprite *piece) {
-    return has_flag(piece, SPRITE_AVAILABLE) && piece != b->slot[0] && !has_flag(piece, SPRITE_ANSWERED);
+    return has_flag(piece, SPRITE_AVAILABLE) && piece != b->deck.slot[0] && !has_flag(piece, SPRITE_ANSWERED);
 }
 
 // So many draws reach every piece, wherever the pool's cycle stands.
 sprite *draw_from_pool(const board *b) {
-    const i32 draws = 2 * b->deck_pool->items->count + EXTRA_DRAWS;
+    const i32 draws = 2 * b->deck.pool->items->count + EXTRA_DRAWS;
     for (i32 i = 0; i < draws; ++i) {
-        sprite *piece = random_list_pick(b->deck_pool);
+        sprite *piece = random_list_pick(b->deck.pool);
         if (may_be_dealt(b, piece))
             return piece;
     }
@@ -55,17 +55,17 @@ void make_available(sprite *piece) {
 }
 
 void put_under_stack(board *b, sprite *piece) {
-    make_available(b->slot[0]);
-    b->leaving = b->slot[0];
-    b->slot[0] = b->slot[1];
-    b->slot[1] = b->slot[2];
-    b->slot[2] = piece;
+    make_available(b->deck.slot[0]);
+    b->deck.leaving = b->deck.slot[0];
+    b->deck.slot[0] = b->deck.slot[1];
+    b->deck.slot[1] = b->deck.slot[2];
+    b->deck.slot[2] = piece;
     piece->flags &= ~SPRITE_AVAILABLE;
 }
 
 i32 empty_answered_slots(board *b) {
     i32 emptied = 0;
-    for (sprite *&piece : b->slot) {
+    for (sprite *&piece : b->deck.slot) {
         if (piece != nullptr && has_flag(piece, SPRITE_ANSWERED)) {
             piece = nullptr;
             ++emptied;
@@ -76,46 +76,46 @@ i32 empty_answered_slots(board *b) {
 
 void close_gaps(board *b) {
     for (i32 i = 0; i + 1 < DECK_CARDS; ++i)
-        if (b->slot[i] == nullptr)
-            std::swap(b->slot[i], b->slot[i + 1]);
+        if (b->deck.slot[i] == nullptr)
+            std::swap(b->deck.slot[i], b->deck.slot[i + 1]);
 }
 
 void rotate_cards(board *b) {
     for (i32 turn = 0; turn < DECK_CARDS; ++turn) {
-        b->slot[0] = b->slot[1];
-        b->slot[1] = b->slot[2];
-        b->slot[2] = b->leaving;
-        if (b->slot[0] != nullptr)
+        b->deck.slot[0] = b->deck.slot[1];
+        b->deck.slot[1] = b->deck.slot[2];
+        b->deck.slot[2] = b->deck.leaving;
+        if (b->deck.slot[0] != nullptr)
             return;
     }
 }
 
 // Only the cards are left: answered ones go, the others take turns.
 void deal_used_up(board *b) {
-    b->leaving = b->slot[0];
+    b->deck.leaving = b->deck.slot[0];
     const i32 emptied = empty_answered_slots(b);
     close_gaps(b);
     if (b->remaining >= DECK_CARDS) {
         rotate_cards(b);
     } else if (b->remaining == 2 && emptied == 0) {
-        b->slot[0] = b->slot[1];
-        b->slot[1] = b->leaving;
+        b->deck.slot[0] = b->deck.slot[1];
+        b->deck.slot[1] = b->deck.leaving;
     } else if (b->remaining == 1) {
-        b->leaving = nullptr;
+        b->deck.leaving = nullptr;
     }
     // A text card that came round again was made available when it left the top. Dealt a second time it would ask
     // for a piece that is placed already, and the run would end with another piece missing.
     for (i32 i = 1; i < DECK_CARDS; ++i)
-        if (b->slot[i] != nullptr)
-            b->slot[i]->flags &= ~SPRITE_AVAILABLE;
+        if (b->deck.slot[i] != nullptr)
+            b->deck.slot[i]->flags &= ~SPRITE_AVAILABLE;
 }
 
 // --- Turning -------------------------------------------------------------------------------------
 
 void reset_card_places(board *b) {
     for (i32 i = 0; i < DECK_CARDS; ++i) {
-        b->slot_x[i] = b->deck_x - i * CARD_STEP;
-        b->slot_y[i] = b->deck_y + i * CARD_STEP;
+        b->deck.slot_at[i].x = b->places->deck.x - i * CARD_STEP;
+        b->deck.slot_at[i].y = b->places->deck.y + i * CARD_STEP;
     }
 }
 
@@ -127,10 +127,10 @@ void open_deck(board *b) {
 }
 
 void start_turning(board *b) {
-    b->leaving_x = b->slot_x[0];
-    b->leaving_y = b->slot_y[0];
-    b->deck_timer = 0;
-    b->deck_phase = PHASE_START;
+    b->deck.leaving_at.x = b->deck.slot_at[0].x;
+    b->deck.leaving_at.y = b->deck.slot_at[0].y;
+    b->deck.timer = 0;
+    b->deck.phase = PHASE_START;
     b->state |= BOARD_DECK_MOVING;
 }
 
@@ -146,13 +146,13 @@ void take_back(board *b, sprite *piece) {
 }
 
 void copy_card_place(board *b, i32 to, i32 from) {
-    b->slot_x[to] = b->slot_x[from];
-    b->slot_y[to] = b->slot_y[from];
+    b->deck.slot_at[to].x = b->deck.slot_at[from].x;
+    b->deck.slot_at[to].y = b->deck.slot_at[from].y;
 }
 
 void move_card(board *b, i32 card, i32 dx, i32 dy) {
-    b->slot_x[card] += dx;
-    b->slot_y[card] += dy;
+    b->deck.slot_at[card].x += dx;
+    b->deck.slot_at[card].y += dy;
 }
 
 // The top card's place drops to the next one's, so that the turned card leaves a stack of two behind.
@@ -160,13 +160,13 @@ void turn_start(board *b) {
     copy_card_place(b, 0, 1);
     if (b->remaining > 2)
         copy_card_place(b, 1, 2);
-    b->deck_timer = SLIDE_FRAMES;
+    b->deck.timer = SLIDE_FRAMES;
 }
 
 void turn_slide_out(board *b, bool expired) {
-    ++b->leaving_x;
+    ++b->deck.leaving_at.x;
     if (expired)
-        b->deck_timer = LIFT_FRAMES;
+        b->deck.timer = LIFT_FRAMES;
 }
 
 void turn_lift(board *b, bool expired) {
@@ -177,51 +177,51 @@ void turn_lift(board *b, bool expired) {
         else
             copy_card_place(b, i, 0);
     }
-    sprite *piece = b->slot[0];
+    sprite *piece = b->deck.slot[0];
     if (!board_has(b, BOARD_CARD_TEXT) && piece != nullptr) {
         piece->anchor_x = ++piece->x;
         piece->anchor_y = --piece->y;
     }
-    --b->leaving_x;
-    ++b->leaving_y;
+    --b->deck.leaving_at.x;
+    ++b->deck.leaving_at.y;
     if (expired)
-        b->deck_timer = SLIDE_FRAMES;
+        b->deck.timer = SLIDE_FRAMES;
 }
 
 void turn_slide_in(board *b, bool expired) {
-    --b->leaving_x;
+    --b->deck.leaving_at.x;
     if (!expired)
         return;
     if (b->remaining > 2)
         move_card(b, 2, -CARD_STEP, CARD_STEP);
     else if (b->remaining == 2)
         move_card(b, 1, -CARD_STEP, CARD_STEP);
-    b->deck_timer = 0;
+    b->deck.timer = 0;
 }
 
 void turn_deck(board *b) {
-    const bool expired = --b->deck_timer <= 0;
+    const bool expired = --b->deck.timer <= 0;
     if (b->remaining <= 1)
-        b->deck_phase = PHASE_CUT_SHORT;
-    if (b->deck_phase == PHASE_START)
+        b->deck.phase = PHASE_CUT_SHORT;
+    if (b->deck.phase == PHASE_START)
         turn_start(b);
-    else if (b->deck_phase == PHASE_SLIDE_OUT)
+    else if (b->deck.phase == PHASE_SLIDE_OUT)
         turn_slide_out(b, expired);
-    else if (b->deck_phase == PHASE_LIFT)
+    else if (b->deck.phase == PHASE_LIFT)
         turn_lift(b, expired);
-    else if (b->deck_phase == PHASE_SLIDE_IN)
+    else if (b->deck.phase == PHASE_SLIDE_IN)
         turn_slide_in(b, expired);
     else
         b->state &= ~(BOARD_DECK_MOVING | BOARD_DECK_CLOSED | BOARD_DECK_OPENING);
     if (expired)
-        ++b->deck_phase;
+        ++b->deck.phase;
 }
 
 // --- Taking --------------------------------------------------------------------------------------
 
 bool on_top_card(const board *b, i32 px, i32 py) {
-    const i32 x = b->slot_x[0], y = b->slot_y[0];
-    return x <= px && px < x + b->card_picture->width && y <= py && py < y + b->card_picture->height;
+    const i32 x = b->deck.slot_at[0].x, y = b->deck.slot_at[0].y;
+    return x <= px && px < x + b->pictures.card->width && y <= py && py < y + b->pictures.card->height;
 }
 
 bool every_piece_inert(const board *b) {
@@ -233,33 +233,33 @@ bool every_piece_inert(const board *b) {
 
 bool top_card_can_be_taken(const board *b, i32 mx, i32 my) {
     return board_has(b, BOARD_HAS_DECK) && !board_has(b, BOARD_CARD_TEXT) &&
-           !board_is(b, BOARD_DECK_MOVING | BOARD_DECK_CLOSED) && b->slot[0] != nullptr && on_top_card(b, mx, my) &&
-           every_piece_inert(b);
+           !board_is(b, BOARD_DECK_MOVING | BOARD_DECK_CLOSED) && b->deck.slot[0] != nullptr &&
+           on_top_card(b, mx, my) && every_piece_inert(b);
 }
 
 } // namespace
 
 i32 board_build_deck(board *b) {
-    const image *const *looks = b->key_pictures + NEXT_BUTTON_LOOKS;
-    const i32 drop = NEXT_BUTTON_DROP + half(b->card_picture->height) - half(looks[BUTTON_LOOK_NORMAL]->height);
-    button *next = button_add(b->buttons, looks, b->deck_x + NEXT_BUTTON_OFFSET, b->deck_y + drop, board_deck_next,
-                              reinterpret_cast<std::intptr_t>(b));
+    const image *const *looks = b->pictures.keys + NEXT_BUTTON_LOOKS;
+    const i32 drop = NEXT_BUTTON_DROP + half(b->pictures.card->height) - half(looks[BUTTON_LOOK_NORMAL]->height);
+    button *next = button_add(b->buttons, looks, b->places->deck.x + NEXT_BUTTON_OFFSET, b->places->deck.y + drop,
+                              board_deck_next, reinterpret_cast<std::intptr_t>(b));
     if (next == nullptr)
         return -1;
-    board_set_key(b, next, SDLK_SPACE);
+    button_set_keys(next, SDLK_SPACE);
     reset_card_places(b);
     b->state |= BOARD_DECK_CLOSED;
     return 1;
 }
 
 void board_deal(board *b) {
-    if (b->deck_pool->items->count == 0)
+    if (b->deck.pool->items->count == 0)
         return;
     sprite *piece = draw_from_pool(b);
     if (board_has(b, BOARD_CARD_TEXT)) {
         // A problem that was turned away comes back later.
-        make_available(b->slot[0]);
-        make_available(b->slot[1]);
+        make_available(b->deck.slot[0]);
+        make_available(b->deck.slot[1]);
     }
     if (piece != nullptr)
         put_under_stack(b, piece);
@@ -276,7 +276,7 @@ void board_deck_next(button *, std::intptr_t board_address, std::intptr_t) {
         return;
     if (board_is(b, BOARD_DECK_CLOSED))
         open_deck(b);
-    sprite *top = b->slot[0];
+    sprite *top = b->deck.slot[0];
     if (top != nullptr) {
         if (b->remaining == 0)
             return;
@@ -296,11 +296,11 @@ void board_deck_next(button *, std::intptr_t board_address, std::intptr_t) {
 void board_take_top_card(board *b, i32 mx, i32 my) {
     if (!top_card_can_be_taken(b, mx, my))
         return;
-    sprite *piece = b->slot[0];
+    sprite *piece = b->deck.slot[0];
     piece->flags &= ~(SPRITE_INERT | SPRITE_HIDDEN | SPRITE_AVAILABLE);
     piece->flags |= SPRITE_ANSWERED;
-    piece->x = piece->home_x = piece->anchor_x = b->deck_x + DECK_PIECE_OFFSET;
-    piece->y = piece->home_y = piece->anchor_y = b->deck_y + DECK_PIECE_OFFSET;
+    piece->x = piece->home_x = piece->anchor_x = b->places->deck.x + DECK_PIECE_OFFSET;
+    piece->y = piece->home_y = piece->anchor_y = b->places->deck.y + DECK_PIECE_OFFSET;
     sprite_raise(piece);
     sprite_unfold(piece);
     sprite_follow_mouse(piece, FOLLOW_FRAMES, mx, my);
@@ -309,13 +309,13 @@ void board_take_top_card(board *b, i32 mx, i32 my) {
 
 void board_lock_deck(board *b, i32 frames) {
     b->state |= BOARD_DECK_LOCK;
-    b->deck_lock_frames = frames;
+    b->deck.lock_frames = frames;
 }
 
 void board_update_deck(board *b) {
     if (board_is(b, BOARD_DECK_MOVING))
         turn_deck(b);
-    sprite *top = b->slot[0];
+    sprite *top = b->deck.slot[0];
     if (board_has(b, BOARD_CARD_TEXT) || top == nullptr || has_flag(top, SPRITE_ANSWERED))
         return;
     if (top->x != top->anchor_x || top->y != top->anchor_y) {

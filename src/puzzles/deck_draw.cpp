@@ -16,21 +16,20 @@ constexpr i32 SLIDING_OUT_PHASES = 2;             // in the first phases the tur
 
 // The picture that stands for a character; null for none.
 const image *card_symbol(const board *b, char character) {
-    const auto code = static_cast<u8>(character);
-    const i32 index = code < CARD_CHARACTERS ? b->char_map[code] : -1;
-    return index >= 0 ? b->card_symbols[index] : nullptr;
+    const auto index = CARD_TEXT_CHARACTERS.find(character);
+    return index != std::string_view::npos ? b->pictures.card_symbols[index] : nullptr;
 }
 
 void draw_card_label(const board *b, i32 x, i32 y, const image *label) {
     if (label == nullptr)
         return;
-    const i32 left = x + half(b->card_picture->width) - half(label->width) + b->card_label_dx;
-    const i32 top = y + half(b->card_picture->height) - half(label->height) + b->card_label_dy;
+    const i32 left = x + half(b->pictures.card->width) - half(label->width) + b->places->card_label.x;
+    const i32 top = y + half(b->pictures.card->height) - half(label->height) + b->places->card_label.y;
     draw_image(label, left, top, true);
 }
 
 void draw_card(const board *b, i32 x, i32 y, const sprite *face) {
-    draw_image(b->card_picture, x, y, true);
+    draw_image(b->pictures.card, x, y, true);
     if (face == nullptr)
         return;
     if (board_has(b, BOARD_CARD_TEXT))
@@ -40,34 +39,36 @@ void draw_card(const board *b, i32 x, i32 y, const sprite *face) {
 }
 
 void draw_leaving_card(const board *b) {
-    if (b->leaving != nullptr)
-        draw_card(b, b->leaving_x, b->leaving_y, board_is(b, BOARD_DECK_OPENING) ? nullptr : b->leaving);
+    if (b->deck.leaving != nullptr)
+        draw_card(b, b->deck.leaving_at.x, b->deck.leaving_at.y,
+                  board_is(b, BOARD_DECK_OPENING) ? nullptr : b->deck.leaving);
 }
 
 void draw_stack(const board *b) {
     const bool closed = board_is(b, BOARD_DECK_CLOSED);
     const bool faces = !closed && !board_is(b, BOARD_DECK_LOCK);
     for (i32 i = std::min(b->remaining, DECK_CARDS - 1); i >= 0; --i)
-        if (closed || b->slot[i] != nullptr)
-            draw_card(b, b->slot_x[i], b->slot_y[i], faces ? b->slot[i] : nullptr);
+        if (closed || b->deck.slot[i] != nullptr)
+            draw_card(b, b->deck.slot_at[i].x, b->deck.slot_at[i].y, faces ? b->deck.slot[i] : nullptr);
 }
 
 } // namespace
 
 void board_draw_deck(const board *b) {
     if (b->remaining <= 0) {
-        draw_image(b->empty_deck_picture, b->deck_x, b->deck_y, true);
+        draw_image(b->pictures.empty_deck, b->places->deck.x, b->places->deck.y, true);
         return;
     }
     const bool moving = board_is(b, BOARD_DECK_MOVING);
-    const bool above = b->deck_phase < SLIDING_OUT_PHASES;
+    const bool above = b->deck.phase < SLIDING_OUT_PHASES;
     if (moving && !above)
         draw_leaving_card(b);
     draw_stack(b);
     if (moving && above)
         draw_leaving_card(b);
-    if (b->slot[0] != nullptr && (b->slot[0]->flags & SPRITE_INERT) == 0)
-        draw_image_ex(b->card_picture, b->slot_x[0], b->slot_y[0], BLIT_TINT | BLIT_NO_DIRTY, LOOSE_PIECE_GLOW);
+    if (b->deck.slot[0] != nullptr && (b->deck.slot[0]->flags & SPRITE_INERT) == 0)
+        draw_image_ex(b->pictures.card, b->deck.slot_at[0].x, b->deck.slot_at[0].y, BLIT_TINT | BLIT_NO_DIRTY,
+                      LOOSE_PIECE_GLOW);
 }
 
 void board_draw_card_text(const board *b, i32 x, i32 y, const char *text) {
@@ -80,8 +81,8 @@ void board_draw_card_text(const board *b, i32 x, i32 y, const char *text) {
             height = std::max(height, symbol->height);
         }
     }
-    i32 left = x + half(b->card_picture->width) - half(width);
-    const i32 bottom = y + half(b->card_picture->height) - half(height) + height;
+    i32 left = x + half(b->pictures.card->width) - half(width);
+    const i32 bottom = y + half(b->pictures.card->height) - half(height) + height;
     for (const char *c = text; *c != '\0'; ++c) {
         if (const image *symbol = card_symbol(b, *c)) {
             draw_image(symbol, left, bottom - symbol->height, false);

@@ -8,7 +8,7 @@
 #include "puzzles/cells.h"
 #include "puzzles/deck.h"
 #include "puzzles/placement.h"
-#include "puzzles/puzzle_type.h"
+#include "puzzles/puzzle_layout.h"
 #include "puzzles/random_list.h"
 #include "sprites/sprite.h"
 
@@ -62,9 +62,9 @@ sprite *create_piece(const board *b, i32 i) {
     if (piece == nullptr)
         return nullptr;
     piece->label_index = i;
-    piece->label = b->labels[i];
-    piece->target_col = i % b->cols;
-    piece->target_row = i / b->cols;
+    piece->label = b->pictures.labels[i];
+    piece->target_col = i % b->layout->cols;
+    piece->target_row = i / b->layout->cols;
     if (const sprite *cell = board_find_cell(b, piece->target_col, piece->target_row)) {
         piece->tab_top = cell->tab_top;
         piece->sock_right = cell->sock_right;
@@ -77,7 +77,7 @@ sprite *create_piece(const board *b, i32 i) {
 // --- Pieces that lie free ------------------------------------------------------------------------
 
 i32 fill_list(const board *b, random_list *list) {
-    for (i32 i = 0; i < b->label_count; ++i) {
+    for (i32 i = 0; i < b->layout->labels; ++i) {
         sprite *piece = create_piece(b, i);
         if (piece == nullptr)
             return -1;
@@ -126,7 +126,7 @@ i32 lay_out(board *b, const generator_row &row, step corner) {
 }
 
 i32 generate_box(board *b, const generator_row &row) {
-    return lay_out(b, row, {-half(b->piece_picture->width), -half(b->piece_picture->height)});
+    return lay_out(b, row, {-half(b->pictures.piece->width), -half(b->pictures.piece->height)});
 }
 
 i32 generate_money(board *b, const generator_row &row) {
@@ -136,12 +136,12 @@ i32 generate_money(board *b, const generator_row &row) {
 // --- Pieces that wait in the deck ----------------------------------------------------------------
 
 i32 add_to_deck(board *b, sprite *piece, u32 flags) {
-    piece->home_x = b->deck_x + DECK_PIECE_OFFSET;
-    piece->home_y = b->deck_y + DECK_PIECE_OFFSET;
+    piece->home_x = b->places->deck.x + DECK_PIECE_OFFSET;
+    piece->home_y = b->places->deck.y + DECK_PIECE_OFFSET;
     piece->flags = flags;
     if (board_add_piece(b, piece) < 0)
         return -1;
-    return random_list_add(b->deck_pool, piece);
+    return random_list_add(b->deck.pool, piece);
 }
 
 i32 set_problem(sprite *piece, i32 first_factor) {
@@ -151,7 +151,7 @@ i32 set_problem(sprite *piece, i32 first_factor) {
 }
 
 i32 generate_deck(board *b, const generator_row &row) {
-    for (i32 i = 0; i < b->label_count; ++i) {
+    for (i32 i = 0; i < b->layout->labels; ++i) {
         sprite *piece = create_piece(b, i);
         if (piece == nullptr)
             return -1;

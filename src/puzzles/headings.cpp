@@ -5,7 +5,7 @@
 #include "puzzles/headings.h"
 
 #include "graphics/draw_list.h"
-#include "puzzles/puzzle_type.h"
+#include "puzzles/puzzle_layout.h"
 
 #include <algorithm>
 #include <iterator>
@@ -64,14 +64,14 @@ static_assert(headings_fit_layouts());
 // The middle of the i-th column or row along its axis, relative to the board.
 i32 middle(const board *b, heading_axis axis, i32 i) {
     if (axis == OVER_COLUMNS)
-        return b->grid_x + i * (b->cell_w + COLUMN_GAP) + half(b->cell_w);
-    return b->grid_y + i * puzzle_row_pitch(b->type) + half(b->cell_h);
+        return b->layout->grid_x + i * (b->layout->cell_w + COLUMN_GAP) + half(b->layout->cell_w);
+    return b->layout->grid_y + i * puzzle_row_pitch(b->type) + half(b->layout->cell_h);
 }
 
 void draw_series(const board *b, const heading_series &series) {
     i32 i = 0;
     for (const i32 index : series.symbols) {
-        const image *symbol = b->symbols[index];
+        const image *symbol = b->pictures.headings[index];
         const i32 along = middle(b, series.axis, i++) + series.shift;
         const i32 x = series.axis == OVER_COLUMNS ? along : series.line;
         const i32 y = series.axis == OVER_COLUMNS ? series.line : along;

@@ -42,7 +42,7 @@ void judge(board *b) {
     number_entry *entry = b->entry;
     if ((entry->flags & ENTRY_ARRIVED) == 0 || board_revealing_piece(b) != nullptr)
         return;
-    if ((entry->flags & ENTRY_CORRECT) != 0 && b->slot[0] != nullptr) {
+    if ((entry->flags & ENTRY_CORRECT) != 0 && b->deck.slot[0] != nullptr) {
         board_reveal_answered(b);
         return;
     }
@@ -55,16 +55,16 @@ void judge(board *b) {
 } // namespace
 
 i32 board_build_keypad(board *b) {
-    const image *const *looks = b->key_pictures;
+    const image *const *looks = b->pictures.keys;
     const i32 step_x = looks[0]->width + KEY_GAP_X, step_y = looks[0]->height + KEY_GAP_Y;
     for (i32 i = 0; i < KEY_SYMBOLS; ++i) {
         button *key = button_create();
         if (key == nullptr)
             return -1;
         button_set_pictures(key, looks[BUTTON_LOOK_NORMAL], looks[BUTTON_LOOK_HOVER], looks[BUTTON_LOOK_PRESSED],
-                            b->key_symbols[KEY_ORDER[i]]);
-        key->x = b->keypad_x + KEYPAD_MARGIN + i % KEYS_A_ROW * step_x;
-        key->y = b->keypad_y + KEYPAD_MARGIN + i / KEYS_A_ROW * step_y;
+                            b->pictures.key_symbols[KEY_ORDER[i]]);
+        key->x = b->places->keypad.x + KEYPAD_MARGIN + i % KEYS_A_ROW * step_x;
+        key->y = b->places->keypad.y + KEYPAD_MARGIN + i / KEYS_A_ROW * step_y;
         bind_key(b, key, KEY_ORDER[i]);
         if (board_add_button(b, key) < 0)
             return -1;
@@ -74,9 +74,9 @@ i32 board_build_keypad(board *b) {
 
 void board_keypad_enter(button *, std::intptr_t board_address, std::intptr_t) {
     const auto *b = reinterpret_cast<const board *>(board_address);
-    if (b->remaining > 0 && b->slot[0] != nullptr && !board_is(b, BOARD_DECK_MOVING) &&
+    if (b->remaining > 0 && b->deck.slot[0] != nullptr && !board_is(b, BOARD_DECK_MOVING) &&
         number_entry_length(b->entry) > 0)
-        number_entry_submit(b->entry, b->slot[0]->answer);
+        number_entry_submit(b->entry, b->deck.slot[0]->answer);
 }
 
 void board_update_keypad(board *b) {
@@ -85,11 +85,11 @@ void board_update_keypad(board *b) {
 }
 
 void board_reveal_answered(board *b) {
-    sprite *piece = b->slot[0];
+    sprite *piece = b->deck.slot[0];
     number_entry_clear(b->entry);
     piece->flags &= ~(SPRITE_INERT | SPRITE_HIDDEN);
-    piece->x = b->deck_x + DECK_PIECE_OFFSET;
-    piece->y = b->deck_y + DECK_PIECE_OFFSET;
+    piece->x = b->places->deck.x + DECK_PIECE_OFFSET;
+    piece->y = b->places->deck.y + DECK_PIECE_OFFSET;
     sprite_grow(piece);
     piece->flags |= SPRITE_ANSWERED;
     --b->remaining;

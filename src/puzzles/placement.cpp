@@ -13,19 +13,21 @@
 
 namespace {
 
+constexpr i32 SNAP_RADIUS = 5;   // pixels between the centres at which a dropped piece still snaps in
 constexpr i32 PLACED_OFFSET = 1; // pixels right of and below the cell's corner
 constexpr i32 PLACE_SOUNDS = SOUND_PIECE_PLACE_6 - SOUND_PIECE_PLACE_1 + 1;
 
 bool within_snap_radius(const board *b, const sprite *piece, const sprite *cell) {
     const i32 dx = piece->x + half(piece->w) - (b->x + cell->x + half(cell->w));
     const i32 dy = piece->y + half(piece->h) - (b->y + cell->y + half(cell->h));
-    return dx * dx + dy * dy <= b->snap_radius * b->snap_radius;
+    return dx * dx + dy * dy <= SNAP_RADIUS * SNAP_RADIUS;
 }
 
 void deal_after_placing(board *b) {
     board_deal(b);
     if (b->placed < b->pieces->count)
-        board_add_burn(b, {b->slot_x[0], b->slot_y[0], b->card_picture->width, b->card_picture->height});
+        board_add_burn(b,
+                       {b->deck.slot_at[0].x, b->deck.slot_at[0].y, b->pictures.card->width, b->pictures.card->height});
 }
 
 } // namespace
@@ -35,8 +37,8 @@ i32 board_add_piece(board *b, sprite *piece) {
         sprite_free(piece);
         return -1;
     }
-    sprite_set_body(piece, b->piece_picture);
-    sprite_set_edges(piece, b->piece_tab_out);
+    sprite_set_body(piece, b->pictures.piece);
+    sprite_set_edges(piece, b->pictures.piece_tab_out);
     return 1;
 }
 
@@ -61,7 +63,7 @@ sprite *board_target_cell(const board *b, const sprite *piece) {
 void board_put_in_cell(const board *b, sprite *piece, const sprite *cell) {
     piece->x = b->x + cell->x + PLACED_OFFSET;
     piece->y = b->y + cell->y + PLACED_OFFSET;
-    sprite_set_edges(piece, b->piece_tab_in);
+    sprite_set_edges(piece, b->pictures.piece_tab_in);
 }
 
 void board_drop_piece(board *b, sprite *piece) {

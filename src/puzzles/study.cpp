@@ -63,7 +63,7 @@ void fly_in(const board *b, sprite *piece, const sprite *cell) {
 
 void board_study_begin(board *b) {
     b->state |= BOARD_STUDY;
-    b->y = b->study_top;
+    b->y = b->layout->study_top;
     board_study_fill(b);
 }
 

@@ -55,7 +55,6 @@ struct dialog_state {
     u32 dialog_flags;
     ptr_array<button> *buttons; // owned
     button *hovered;
-    button **key_buttons; // owned; key code to the button that it presses
     char name_text[NAME_LIMIT + 1];
     i32 name_length;
     ptr_array<effect> *confetti; // owned
@@ -63,11 +62,6 @@ struct dialog_state {
 dialog_state dialog;
 
 // --- Set-up --------------------------------------------------------------------------------------
-
-void bind_key(i32 key, button *target) {
-    if (key < key_count())
-        dialog.key_buttons[key] = target;
-}
 
 // A text that memory is short for is left out.
 void set_text(char **target, const char *text) {
@@ -86,8 +80,6 @@ void reset(const char *title) {
     free_texts();
     ptr_array_clear(dialog.buttons);
     dialog.dialog_flags &= ~(DIALOG_NAME_ENTRY | DIALOG_CELEBRATE);
-    for (i32 key = 0; key < key_count(); ++key)
-        dialog.key_buttons[key] = nullptr;
     std::memset(dialog.name_text, 0, sizeof dialog.name_text);
     dialog.name_length = 0;
     dialog.hovered = nullptr;
@@ -99,18 +91,17 @@ void reset(const char *title) {
 void add_answers(button_callback yes, std::intptr_t yes_arg, screen_id no) {
     const i32 w = dialog.pictures[DIALOG_YES_BUTTON.first]->width;
     const i32 x = center_x(2 * w + ANSWER_GAP);
-    button *first = add_button(dialog.buttons, dialog.pictures, DIALOG_YES_BUTTON, {x, ANSWER_Y}, yes, yes_arg);
     button *second = add_button(dialog.buttons, dialog.pictures, DIALOG_NO_BUTTON, {x + w + ANSWER_GAP, ANSWER_Y},
-                                request_screen, no);
-    bind_key(SDLK_y, first);
-    bind_key(SDLK_n, second);
+                                request_screen, no); // comes first: of both keys at once its own counts
+    button *first = add_button(dialog.buttons, dialog.pictures, DIALOG_YES_BUTTON, {x, ANSWER_Y}, yes, yes_arg);
+    button_set_keys(first, SDLK_y);
+    button_set_keys(second, SDLK_n);
 }
 
 void add_ok(i32 y, button_callback callback, std::intptr_t arg = 0) {
     const i32 x = center_x(dialog.pictures[DIALOG_YES_BUTTON.first]->width);
     button *ok = add_button(dialog.buttons, dialog.pictures, DIALOG_OK_BUTTON, {x, y}, callback, arg);
-    bind_key(SDLK_RETURN, ok);
-    bind_key(SDLK_KP_ENTER, ok);
+    button_set_keys(ok, SDLK_RETURN, SDLK_KP_ENTER);
 }
 
 // --- Answers -------------------------------------------------------------------------------------
@@ -127,7 +118,7 @@ void name_confirmed(button *, std::intptr_t next, std::intptr_t) {
 
 void completion_confirmed(button *, std::intptr_t, std::intptr_t) {
     settings |= SETTINGS_COMPLETED;
-    best_times_record(app->board->type, app->player_name, app->board->seconds);
+    best_times_record(app->board->type, app->player_name, app->board->clock.seconds);
     score_log_show(app->board->type);
     screen_request(SCREEN_SCORE_LOG);
 }
@@ -176,10 +167,10 @@ void type_name() {
     }
 }
 
-void press_bound_key() {
-    for (i32 key = 0; key < key_count(); ++key) {
-        if (dialog.key_buttons[key] != nullptr && key_pressed(key)) {
-            button_press(dialog.key_buttons[key]);
+void press_by_key() {
+    for (button *b : each(dialog.buttons)) {
+        if (button_key_pressed(b)) {
+            button_press(b);
             return;
         }
     }
@@ -244,11 +235,6 @@ void dialog_completed(i32 master_place, const char *message) {
 i32 dialog_init() {
     if (image_load_sequence(dialog.pictures, DIALOG_SET.count, DIALOG_SET.prefix) < 0)
         return -1;
-    dialog.key_buttons = static_cast<button **>(std::calloc(static_cast<std::size_t>(key_count()), sizeof(button *)));
-    if (dialog.key_buttons == nullptr) {
-        log_out_of_memory();
-        return -1;
-    }
     dialog.buttons = ptr_array_create<button>(button_free);
     dialog.confetti = ptr_array_create<effect>(effect_free);
     return dialog.buttons != nullptr && dialog.confetti != nullptr ? 1 : -1;
@@ -270,7 +256,7 @@ void dialog_update() {
         buttons_follow_mouse(&dialog.hovered, button_tick_and_find(dialog.buttons, mouse_x, mouse_y));
         if ((dialog.dialog_flags & DIALOG_NAME_ENTRY) != 0)
             type_name();
-        press_bound_key();
+        press_by_key();
         if (dialog.buttons->count == 0) // memory was short for them
             screen_request(SCREEN_TITLE);
     }
@@ -299,7 +285,6 @@ void dialog_shutdown() {
     free_texts();
     ptr_array_destroy(dialog.buttons);
     image_free_array(dialog.pictures, DIALOG_SET.count);
-    std::free(dialog.key_buttons);
     ptr_array_destroy(dialog.confetti);
     dialog = {};
 }

@@ -57,7 +57,7 @@ void ask_return(button *, std::intptr_t, std::intptr_t) {
 // --- Enter ---------------------------------------------------------------------------------------
 
 bool start_new_run(board *b) {
-    if (board_start(b) < 0)
+    if (board_start(b, ask_return) < 0)
         return false;
     const image *web = title_image_web(BUTTON_LOOK_NORMAL);
     add_web_button(b->buttons, {COLUMN_RIGHT - web->width, COLUMN_BOTTOM - web->height});
@@ -161,7 +161,6 @@ void complete(const board *b) {
 
 i32 play_init() {
     play = {};
-    board_set_return_action(ask_return);
     return 1;
 }
 
@@ -220,7 +219,8 @@ void play_draw() {
         draw_restore(WHOLE_SCREEN);
     }
     if (app_has(APP_DEBUG))
-        text_draw(b->clock_text, CLOCK_X, CLOCK_Y, BLACK, TEXT_TRANSIENT);
+        text_draw(b->clock.text, CLOCK_X, CLOCK_Y, BLACK, TEXT_TRANSIENT);
     if (!board_is(b, BOARD_CLOCK) && !settings_help_showing())
-        draw_image(b->begin_picture, center_x(b->begin_picture->width), BEGIN_BOTTOM - b->begin_picture->height, true);
+        draw_image(b->pictures.begin, center_x(b->pictures.begin->width), BEGIN_BOTTOM - b->pictures.begin->height,
+                   true);
 }

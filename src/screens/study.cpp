@@ -105,7 +105,7 @@ void study_enter() {
     cursor_select(CURSOR_ARROW);
     cursor_show(true);
     study.hovered = nullptr;
-    if (board_prepare(app) < 0 || board_start(app->board) < 0) {
+    if (board_prepare(app) < 0 || board_start(app->board, nullptr) < 0) {
         study.study_flags = STUDY_BROKEN;
         screen_request(SCREEN_TITLE);
         return;

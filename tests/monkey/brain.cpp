@@ -130,7 +130,7 @@ void answer(const board *b) {
     const bool right = is_sensible() && !one_in(12);
     for (int i = number_entry_length(b->entry); i > 0; --i)
         click_button(CONSOLE_KEYS + KEY_BACKSPACE);
-    for (const char digit : std::to_string(right ? b->slot[0]->answer : roll(12000)))
+    for (const char digit : std::to_string(right ? b->deck.slot[0]->answer : roll(12000)))
         click_button(CONSOLE_KEYS + (digit == '0' ? KEY_OF_0 : digit - '1'));
     click_button(CONSOLE_KEYS + KEY_ENTER);
 }
@@ -142,10 +142,10 @@ void turn_deck(const board *b) {
 }
 
 void take_card(const board *b) {
-    move_mouse(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
+    move_mouse(b->deck.slot_at[0].x + b->pictures.card->width / 2, b->deck.slot_at[0].y + b->pictures.card->height / 2);
     hold(true);
     wait_frames(2);
-    carry(b->slot[0]->label_index, is_sensible());
+    carry(b->deck.slot[0]->label_index, is_sensible());
 }
 
 void play() {
@@ -157,11 +157,11 @@ void play() {
     const bool busy = !board_has(b, BOARD_HAS_DECK) || board_is(b, BOARD_DECK_MOVING | BOARD_DECK_LOCK);
     if (board_is(b, BOARD_DECK_CLOSED) || (!busy && !is_sensible()))
         return turn_deck(b);
-    if (busy || b->slot[0] == nullptr || (b->entry->flags & (ENTRY_ENTERED | ENTRY_CLOSED)) != 0)
+    if (busy || b->deck.slot[0] == nullptr || (b->entry->flags & (ENTRY_ENTERED | ENTRY_CLOSED)) != 0)
         return wait_frames(5);
     if (board_has(b, BOARD_HAS_KEYPAD))
         return answer(b);
-    (b->slot[0]->flags & SPRITE_ANSWERED) == 0 ? take_card(b) : turn_deck(b);
+    (b->deck.slot[0]->flags & SPRITE_ANSWERED) == 0 ? take_card(b) : turn_deck(b);
 }
 
 // A good player that comes no further has found a run that cannot be finished.

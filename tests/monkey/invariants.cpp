@@ -47,7 +47,7 @@ bool every_log(bool (*holds)(const ptr_array<score_entry> *log)) {
 }
 
 bool every_card(const board &b, bool (*holds)(const board &b, const sprite *card)) {
-    return std::ranges::all_of(b.slot, [&](auto *card) { return card == nullptr || holds(b, card); });
+    return std::ranges::all_of(b.deck.slot, [&](auto *card) { return card == nullptr || holds(b, card); });
 }
 
 // The first frame counts the pieces left, and before the deck moves: one answered in this frame may still be in it.
@@ -58,7 +58,7 @@ bool remaining_is_right(const board &b) {
 }
 
 bool lies_in_its_cell(const board &b, const sprite &piece) {
-    const sprite *cell = b.cells->items[piece.target_row * b.cols + piece.target_col];
+    const sprite *cell = b.cells->items[piece.target_row * b.layout->cols + piece.target_col];
     return cell->col == piece.target_col && cell->row == piece.target_row && piece.x == b.x + cell->x + PLACED_OFFSET &&
            piece.y == b.y + cell->y + PLACED_OFFSET;
 }
@@ -95,7 +95,7 @@ constexpr struct {
     {"the pieces have no holes", [](auto &b) { return is_whole(b.pieces); }},
     {"the buttons have no holes", [](auto &b) { return is_whole(b.buttons); }},
     {"the effects have no holes", [](auto &b) { return is_whole(b.effects); }},
-    {"the pool has no holes", [](auto &b) { return is_whole(b.deck_pool->items); }},
+    {"the pool has no holes", [](auto &b) { return is_whole(b.deck.pool->items); }},
     {"the logs have no holes", [](auto &) { return every_log(is_whole<score_entry>); }},
     {"the logs keep their length",
      [](auto &) { return every_log([](auto *log) { return log->count <= LOG_LENGTH; }); }},
@@ -128,7 +128,7 @@ constexpr struct {
     {"a fixed piece lies in its cell", FIXED, lies_in_its_cell},
     {"a fixed piece cannot be taken", FIXED, [](auto &, auto &piece) { return has(piece, SPRITE_INERT); }},
     {"a hidden piece comes back", HIDDEN,
-     [](auto &b, auto &piece) { return has(piece, SPRITE_AVAILABLE) || std::ranges::count(b.slot, &piece) > 0; }},
+     [](auto &b, auto &piece) { return has(piece, SPRITE_AVAILABLE) || std::ranges::count(b.deck.slot, &piece) > 0; }},
     {"a piece stays within reach", LOOSE, [](auto &, auto &piece) { return within_reach(piece); }},
     {"a piece can be taken", LOOSE,
      [](auto &, auto &piece) { return !has(piece, SPRITE_INERT) || has(piece, ON_THE_WAY); }},

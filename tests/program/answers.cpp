@@ -9,7 +9,7 @@
 #include "problems.h"
 #include "puzzles/board.h"
 #include "puzzles/cells.h"
-#include "puzzles/puzzle_type.h"
+#include "puzzles/puzzle_layout.h"
 #include "sprites/sprite.h"
 
 #include <cstdio>
@@ -41,12 +41,12 @@ bool asks(const sprite &piece, int row_number, int column_number) {
 } // namespace
 
 bool answers_its_cell(const board &b, const sprite &piece) {
-    const i32 column = (piece.x - b.x - b.grid_x) / (b.cell_w + COLUMN_GAP);
-    const i32 row = (piece.y - b.y - b.grid_y) / puzzle_row_pitch(b.type);
+    const i32 column = (piece.x - b.x - b.layout->grid_x) / (b.layout->cell_w + COLUMN_GAP);
+    const i32 row = (piece.y - b.y - b.layout->grid_y) / puzzle_row_pitch(b.type);
     const bool high = b.type == 2 || b.type == 3 || b.type == 5; // the rows count on from 6
     const int row_number = row + (high ? 6 : 1), column_number = column + 1;
-    const int label = number_of(piece.label, b.labels, b.label_count);
-    const int cell = number_of(board_find_cell(&b, column, row)->body, b.cell_pictures, b.cell_picture_count);
+    const int label = number_of(piece.label, b.pictures.labels, b.layout->labels);
+    const int cell = number_of(board_find_cell(&b, column, row)->body, b.pictures.cells, b.layout->cell_pictures);
     switch (b.type) {
     case 4:
     case 5:

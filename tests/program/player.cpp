@@ -10,7 +10,7 @@
 #include "input/input.h"
 #include "puzzles/board.h"
 #include "puzzles/placement.h"
-#include "puzzles/puzzle_type.h"
+#include "puzzles/puzzle_layout.h"
 #include "screens/splash.h"
 #include "sprites/sprite.h"
 #include "support/fake_sdl.h"
@@ -324,9 +324,10 @@ sprite *loose_piece(int skip) {
 // The pictures of the labels are numbered like the cells that ask for them.
 void carry_to_cell(sprite *piece) {
     const board *b = the_board();
-    const auto cell = static_cast<i32>(std::find(b->labels, b->labels + b->label_count, piece->label) - b->labels);
-    const int x = b->x + b->grid_x + cell % b->cols * (b->cell_w + COLUMN_GAP) + 1;
-    const int y = b->y + b->grid_y + cell / b->cols * puzzle_row_pitch(b->type) + 1;
+    const auto cell = static_cast<i32>(
+        std::find(b->pictures.labels, b->pictures.labels + b->layout->labels, piece->label) - b->pictures.labels);
+    const int x = b->x + b->layout->grid_x + cell % b->layout->cols * (b->layout->cell_w + COLUMN_GAP) + 1;
+    const int y = b->y + b->layout->grid_y + cell / b->layout->cols * puzzle_row_pitch(b->type) + 1;
     move_mouse(mouse_x + x - piece->x, mouse_y + y - piece->y);
     mouse_up();
     check((piece->flags & SPRITE_FIXED) != 0, "the piece that the cell asks for snaps in");
@@ -344,12 +345,14 @@ void place_piece(sprite *piece) {
 void until_deck_rests() {
     const board *b = the_board();
     until("the deck rests", [b] { return !board_is(b, BOARD_DECK_MOVING); });
-    for (int i = 0; i < DECK_CARDS && b->slot[i] != nullptr; ++i)
-        check(b->slot_x[i] == b->deck_x - 2 * i && b->slot_y[i] == b->deck_y + 2 * i, "the cards where they began");
+    for (int i = 0; i < DECK_CARDS && b->deck.slot[i] != nullptr; ++i)
+        check(b->deck.slot_at[i].x == b->places->deck.x - 2 * i && b->deck.slot_at[i].y == b->places->deck.y + 2 * i,
+              "the cards where they began");
 }
 
+// The console's two buttons come before the keys.
 void press_keypad(int place) {
-    const button *key = the_board()->buttons->items[CONSOLE_BUTTONS + place];
+    const button *key = the_board()->buttons->items[2 + place];
     click(key->x + key->width / 2, key->y + key->height / 2);
 }
 

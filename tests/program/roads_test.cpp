@@ -43,7 +43,8 @@ void check_room() {
     for (const button *shown : each(b->buttons))
         areas.push_back({shown->x, shown->y, shown->width, shown->height});
     if (board_has(b, BOARD_HAS_DECK)) // the lower cards stick out to the left
-        areas.push_back({b->deck_x - 4, b->deck_y, b->card_picture->width + 4, b->card_picture->height + 4});
+        areas.push_back(
+            {b->places->deck.x - 4, b->places->deck.y, b->pictures.card->width + 4, b->pictures.card->height + 4});
     for (const sprite *piece : each(b->pieces))
         if (!has_any(piece, SPRITE_HIDDEN))
             areas.push_back({piece->home_x, piece->home_y, piece->w, piece->h});
@@ -67,7 +68,7 @@ i32 shown() {
 void study_shows_hides_and_fills() {
     const board *b = the_board();
     check(shown() == b->pieces->count, "all pieces show in study mode");
-    const sprite *cell = b->cells->items[b->cols + 1];
+    const sprite *cell = b->cells->items[b->layout->cols + 1];
     const int x = b->x + cell->x + cell->w / 2, y = b->y + cell->y + cell->h / 2;
     const auto in_cell = [&] {
         return std::any_of(b->pieces->items, b->pieces->items + b->pieces->count, [&](const sprite *piece) {
@@ -103,7 +104,7 @@ void piece_that_the_mouse_has_left_is_not_taken() {
     check(!has_any(piece, SPRITE_HELD), "a press elsewhere does not take the piece");
     mouse_up();
     hover();
-    click(the_board()->button_x[0] + 5, the_board()->button_y[0] + 5); // the help button
+    click(735, 10); // the help button
     check(settings_help_showing(), "the help shows");
     hover();
     fake_mouse_button(SDL_BUTTON_LEFT, true);
@@ -152,9 +153,10 @@ void leave_and_return() {
 sprite *take_top_card() {
     const board *b = the_board();
     until_deck_rests();
-    sprite *piece = b->slot[0];
+    sprite *piece = b->deck.slot[0];
     check(piece != nullptr, "a card lies on the deck");
-    mouse_down_at(b->slot_x[0] + b->card_picture->width / 2, b->slot_y[0] + b->card_picture->height / 2);
+    mouse_down_at(b->deck.slot_at[0].x + b->pictures.card->width / 2,
+                  b->deck.slot_at[0].y + b->pictures.card->height / 2);
     for (const int way : {0, 100, 100}) { // in the second frame the piece is taken
         move_mouse(mouse_x, mouse_y - way);
         check(is_under_mouse(piece), "the piece is under the mouse");
@@ -193,12 +195,12 @@ int asked_on(const sprite *card) {
 
 void answer_wrongly() {
     const board *b = the_board();
-    const sprite *piece = b->slot[0];
+    const sprite *piece = b->deck.slot[0];
     type_on_keypad(asked_on(piece) == 1 ? 2 : 1);
     press_keypad(KEYPAD_ENTER);
     press(SDLK_SPACE); // ignored while an answer is being judged
     until("the wrong digits are gone", [b] { return std::strlen(b->entry->text) == 0 && b->entry->flags == 0; });
-    check(b->slot[0] == piece, "the same problem stays on the card");
+    check(b->deck.slot[0] == piece, "the same problem stays on the card");
     type_on_keypad(987);
     press_keypad(KEYPAD_DELETE);
     check(number_entry_value(b->entry) == 98, "delete takes the last digit");
@@ -236,7 +238,7 @@ void play_keypad() {
     for (int placed = 0; placed < b->pieces->count; ++placed) {
         if (placed == 1)
             answer_wrongly();
-        sprite *piece = b->slot[0];
+        sprite *piece = b->deck.slot[0];
         type_on_keypad(asked_on(piece));
         press_keypad(KEYPAD_ENTER);
         until("the piece has grown out of its card",
@@ -265,7 +267,7 @@ void play(int type, const char *name) {
     start_playing(name);
     press(SDLK_SPACE); // turns no card under the help
     close_help();
-    check(b->pieces->count == b->cols * b->rows && b->placed == 0, "all its pieces, and none placed");
+    check(b->pieces->count == b->layout->cols * b->layout->rows && b->placed == 0, "all its pieces, and none placed");
     check((b->state & ~BOARD_DECK_CLOSED) == 0, "a fresh run");
     check_room();
     if (board_has(b, BOARD_HAS_KEYPAD))

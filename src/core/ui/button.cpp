@@ -6,7 +6,10 @@
 
 #include "core/base/log.h"
 #include "graphics/draw_list.h"
+#include "input/input.h"
 #include "sound/sound.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -114,6 +117,17 @@ void button_tick(button *b) {
 
 bool button_hit(const button *b, i32 px, i32 py) {
     return b->x <= px && px <= b->x + b->width && b->y <= py && py <= b->y + b->height;
+}
+
+bool button_key_pressed(const button *b) {
+    return std::ranges::any_of(b->keys, [](i32 key) { return key != 0 && key_pressed(key); });
+}
+
+void button_set_keys(button *b, i32 key, i32 other) {
+    if (b == nullptr)
+        return;
+    b->keys[0] = key;
+    b->keys[1] = other;
 }
 
 button *button_add(ptr_array<button> *list, const image *const pictures[BUTTON_LOOK_COUNT], i32 x, i32 y,

@@ -31,6 +31,7 @@ struct button {
     i32 x, y;          // window pixels
     i32 width, height; // of the picture drawn
     i32 release_timer; // frames until a pending release
+    i32 keys[2];       // SDL key codes that press it, 0 for none
 };
 
 [[nodiscard]] button *button_create(); // null when out of memory (logged)
@@ -49,6 +50,10 @@ void button_unhover(button *b);               // normal look; ignored unless hov
 void button_release_later(button *b);         // in 4 frames, for presses by key
 void button_tick(button *b);                  // once a frame: counts down to that release
 bool button_hit(const button *b, i32 px, i32 py); // edges included
+bool button_key_pressed(const button *b);         // whether a key of it went down in this frame
+
+// Gives it a key, or two; nothing for a null button, one that memory was short for.
+void button_set_keys(button *b, i32 key, i32 other = 0);
 
 // Makes a button with pictures, place and callback and appends it to the list, which owns it; null when out of
 // memory (logged).

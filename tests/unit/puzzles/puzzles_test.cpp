@@ -14,7 +14,7 @@
 #include "puzzles/debug_actions.h"
 #include "puzzles/deck.h"
 #include "puzzles/placement.h"
-#include "puzzles/puzzle_type.h"
+#include "puzzles/puzzle_layout.h"
 #include "puzzles/random_list.h"
 #include "resources/archive.h"
 #include "resources/pixel.h"
@@ -65,7 +65,7 @@ struct puzzle_table {
         state.board = b;
         state.puzzle = type;
         EXPECT_TRUE(data_archive_open() == 1 && blit_init() == 1 && input_init() == 1 && help_init() == 1 &&
-                    effects_init() == 1 && board_prepare(&state) == 1 && board_start(b) == 1);
+                    effects_init() == 1 && board_prepare(&state) == 1 && board_start(b, nullptr) == 1);
         sounds_played.clear();
     }
     ~puzzle_table() {
@@ -101,7 +101,7 @@ struct puzzle_table {
     void type_keys(const std::vector<i32> &values) const {
         for (const i32 value : values)
             for (button *key : each(b->buttons))
-                if (key->label == b->key_symbols[value]) {
+                if (key->label == b->pictures.key_symbols[value]) {
                     button_press(key);
                     button_release(key);
                 }
@@ -135,11 +135,11 @@ TEST(board, clock_waits_for_the_first_piece_and_stops_at_the_limit) {
     for (const auto &[advance, seconds, text] : ROWS) {
         fake_time_advance(advance);
         t.frame();
-        EXPECT_EQ(t.b->seconds, seconds) << text;
-        EXPECT_STREQ(t.b->clock_text, text);
+        EXPECT_EQ(t.b->clock.seconds, seconds) << text;
+        EXPECT_STREQ(t.b->clock.text, text);
     }
     for (const auto &[seconds, rank] : {std::pair{0, 0}, {150, 0}, {151, 1}, {330, 2}, {360, 3}, {361, -1}}) {
-        t.b->seconds = seconds;
+        t.b->clock.seconds = seconds;
         EXPECT_EQ(board_master_rank(t.b), rank) << seconds;
     }
 }
@@ -200,7 +200,7 @@ TEST(cells, share_their_edge_places_with_neighbours_and_pieces) {
         EXPECT_TRUE(right == nullptr || right->tab_left == cell->sock_right);
         EXPECT_TRUE(below == nullptr || below->tab_top == cell->sock_bottom);
         EXPECT_TRUE(cell->tab_left >= 10 && cell->tab_left <= 20 && cell->tab_top >= 10 && cell->tab_top <= 30);
-        const sprite *piece = t.piece(cell->row * t.b->cols + cell->col);
+        const sprite *piece = t.piece(cell->row * t.b->layout->cols + cell->col);
         EXPECT_TRUE(piece->tab_top == cell->tab_top && piece->tab_left == cell->tab_left &&
                     piece->sock_right == cell->sock_right && piece->sock_bottom == cell->sock_bottom);
     }
@@ -225,7 +225,8 @@ TEST(placement, snaps_within_five_pixels_of_the_centre) {
         fake_dice({});
         EXPECT_EQ(has(piece, SPRITE_FIXED | SPRITE_INERT | SPRITE_BLINK_OUT), placed) << dx << ", " << dy;
         EXPECT_EQ(t.b->placed - placed_before, placed ? 1 : 0);
-        EXPECT_EQ(piece->img_left, placed ? t.b->piece_tab_in[EDGE_LEFT] : t.b->piece_tab_out[EDGE_LEFT]);
+        EXPECT_EQ(piece->img_left,
+                  placed ? t.b->pictures.piece_tab_in[EDGE_LEFT] : t.b->pictures.piece_tab_out[EDGE_LEFT]);
         EXPECT_TRUE(piece->x == (placed ? x : x + dx) && piece->y == (placed ? y : y + dy));
         EXPECT_EQ(sounds_played, placed ? sounds{SOUND_PIECE_PLACE_1 + label % 6} : sounds{});
     }
@@ -252,24 +253,24 @@ struct open_deck : puzzle_table {
             piece->flags &= ~SPRITE_AVAILABLE;
         }
         for (std::size_t i = 0; i < DECK_CARDS; ++i) {
-            b->slot[i] = cards[i] == '-' ? nullptr : piece(cards[i] - 'a');
-            if (b->slot[i] != nullptr && answered.find(cards[i]) == answered.npos)
-                b->slot[i]->flags &= ~SPRITE_ANSWERED;
+            b->deck.slot[i] = cards[i] == '-' ? nullptr : piece(cards[i] - 'a');
+            if (b->deck.slot[i] != nullptr && answered.find(cards[i]) == answered.npos)
+                b->deck.slot[i]->flags &= ~SPRITE_ANSWERED;
         }
     }
     static char name_of(const sprite *piece) {
         return piece == nullptr ? '-' : static_cast<char>('a' + piece->label_index);
     }
-    std::string cards() const { return {name_of(b->slot[0]), name_of(b->slot[1]), name_of(b->slot[2])}; }
+    std::string cards() const { return {name_of(b->deck.slot[0]), name_of(b->deck.slot[1]), name_of(b->deck.slot[2])}; }
 };
 
 TEST(deck, deals_what_is_available_and_takes_the_top_card_back) {
     for (const i32 type : {4, 3}) {
         const open_deck t(type);
-        sprite *before[] = {t.b->slot[0], t.b->slot[1], t.b->slot[2]};
+        sprite *before[] = {t.b->deck.slot[0], t.b->deck.slot[1], t.b->deck.slot[2]};
         board_deal(t.b);
-        EXPECT_TRUE(t.b->leaving == before[0] && t.b->slot[0] == before[1] && t.b->slot[1] == before[2]);
-        EXPECT_TRUE(has(before[0], SPRITE_AVAILABLE) && !has_any(t.b->slot[2], SPRITE_AVAILABLE));
+        EXPECT_TRUE(t.b->deck.leaving == before[0] && t.b->deck.slot[0] == before[1] && t.b->deck.slot[1] == before[2]);
+        EXPECT_TRUE(has(before[0], SPRITE_AVAILABLE) && !has_any(t.b->deck.slot[2], SPRITE_AVAILABLE));
         EXPECT_EQ(has(before[1], SPRITE_AVAILABLE), type == 3) << "text cards come back later";
     }
 }
@@ -292,7 +293,7 @@ TEST(deck, used_up_cards_take_turns_and_answered_ones_go) {
             t.b->remaining = remaining;
             board_deal(t.b);
             EXPECT_EQ(t.cards(), then) << cards << " answered " << answered;
-            EXPECT_EQ(open_deck::name_of(t.b->leaving), leaving) << cards << " answered " << answered;
+            EXPECT_EQ(open_deck::name_of(t.b->deck.leaving), leaving) << cards << " answered " << answered;
         }
         t.leave_only("abc", "");
         t.b->remaining = 3;
@@ -305,7 +306,7 @@ TEST(deck, used_up_cards_take_turns_and_answered_ones_go) {
 
 TEST(deck, gives_its_top_card_only_when_nothing_is_loose) {
     const open_deck t(4);
-    const i32 w = t.b->card_picture->width, h = t.b->card_picture->height;
+    const i32 w = t.b->pictures.card->width, h = t.b->pictures.card->height;
     using spoil = void (*)(board * b);
     const spoil nothing = [](board *) {};
     const struct {
@@ -321,15 +322,15 @@ TEST(deck, gives_its_top_card_only_when_nothing_is_loose) {
         {"loose piece", [](board *b) { b->pieces->items[7]->flags &= ~SPRITE_INERT; }, 20, 20, false},
         {"moving", [](board *b) { b->state |= BOARD_DECK_MOVING; }, 20, 20, false},
         {"closed", [](board *b) { b->state |= BOARD_DECK_CLOSED; }, 20, 20, false},
-        {"no card", [](board *b) { b->slot[0] = nullptr; }, 20, 20, false},
+        {"no card", [](board *b) { b->deck.slot[0] = nullptr; }, 20, 20, false},
     };
     for (const auto &[what, first, dx, dy, taken] : ROWS) {
         t.leave_only("abc", "");
-        sprite *top = t.b->slot[0];
+        sprite *top = t.b->deck.slot[0];
         top->flags = SPRITE_INERT;
         t.b->state = 0;
         first(t.b);
-        board_take_top_card(t.b, t.b->deck_x + dx, t.b->deck_y + dy);
+        board_take_top_card(t.b, t.b->places->deck.x + dx, t.b->places->deck.y + dy);
         EXPECT_EQ(has(top, SPRITE_ANSWERED | SPRITE_UNFOLD | SPRITE_FOLLOW | SPRITE_RAISE), taken) << what;
         EXPECT_EQ(take_sounds(), taken ? sounds{SOUND_PIECE_EMERGE} : sounds{}) << what;
     }
@@ -337,8 +338,8 @@ TEST(deck, gives_its_top_card_only_when_nothing_is_loose) {
 
 TEST(deck, a_piece_that_it_takes_back_is_not_placed) {
     const open_deck t(4);
-    sprite *taken = t.b->slot[0];
-    board_take_top_card(t.b, t.b->deck_x + 20, t.b->deck_y + 20);
+    sprite *taken = t.b->deck.slot[0];
+    board_take_top_card(t.b, t.b->places->deck.x + 20, t.b->places->deck.y + 20);
     t.frame();
     t.press_key(SDLK_SPACE);
     EXPECT_TRUE(has(taken, SPRITE_VANISH) && !has_any(taken, SPRITE_ANSWERED));
@@ -368,17 +369,17 @@ TEST(deck, draws_cards_in_the_order_in_which_they_lie) {
         {BOARD_DECK_MOVING | BOARD_DECK_OPENING, 9, 1, SPRITE_INERT, "CcCbCaC"},
     };
     t.leave_only("abc", "");
-    t.b->leaving = t.b->slot[0];
-    const picture_names names = {{t.b->card_picture, "C"},
-                                 {t.b->empty_deck_picture, "E"},
-                                 {t.b->labels[0], "a"},
-                                 {t.b->labels[1], "b"},
-                                 {t.b->labels[2], "c"}};
+    t.b->deck.leaving = t.b->deck.slot[0];
+    const picture_names names = {{t.b->pictures.card, "C"},
+                                 {t.b->pictures.empty_deck, "E"},
+                                 {t.b->pictures.labels[0], "a"},
+                                 {t.b->pictures.labels[1], "b"},
+                                 {t.b->pictures.labels[2], "c"}};
     for (const auto &[state, remaining, phase, top_flags, expected] : ROWS) {
         t.b->state = state;
         t.b->remaining = remaining;
-        t.b->deck_phase = phase;
-        t.b->slot[0]->flags = top_flags;
+        t.b->deck.phase = phase;
+        t.b->deck.slot[0]->flags = top_flags;
         board_draw_deck(t.b);
         std::string drawn;
         for (const std::string &line : take_recording(names).now)
@@ -409,10 +410,10 @@ TEST(random_list, hands_out_every_item_once_a_cycle_in_a_new_order) {
 
 TEST(keypad, next_answer_waits_for_the_piece_that_grows) {
     const open_deck t(3);
-    sprite *first = t.b->slot[0], *second = t.b->slot[1];
+    sprite *first = t.b->deck.slot[0], *second = t.b->deck.slot[1];
     for (int i = 0; i < 2; ++i)
         board_debug_reveal(t.b);
-    EXPECT_TRUE(t.b->slot[0] == second) << "one at a time";
+    EXPECT_TRUE(t.b->deck.slot[0] == second) << "one at a time";
     EXPECT_FALSE(has_any(first, SPRITE_AVAILABLE)) << "it is on the table";
     first->grow_w = first->grow_h = -40; // it takes long to grow
     for (const char digit : std::to_string(second->answer))
