@@ -6,7 +6,6 @@
 
 #include "core/base/puzzle_info.h"
 #include "core/base/screen_id.h"
-#include "core/base/strings.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/cursor.h"
