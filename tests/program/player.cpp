@@ -260,8 +260,13 @@ void leave_splash() {
     wait_frames(2);
 }
 
+void press_column(int n) {
+    mouse_down_at(COLUMN_X, COLUMN_LOWEST_Y - COLUMN_PITCH * (n - 1));
+}
+
 void click_column(int n) {
-    click(COLUMN_X, COLUMN_LOWEST_Y - COLUMN_PITCH * (n - 1));
+    press_column(n);
+    mouse_up();
 }
 
 void select_puzzle(int list_position) {

@@ -59,6 +59,7 @@ void type_text(const std::string &letters);
 
 void leave_splash();                   // through the continue button to the title screen
 void click_column(int n);              // the nth button from the bottom of the column on the title and study screen
+void press_column(int n);              // likewise, without letting go
 void select_puzzle(int list_position); // on the title screen, until its picture stands
 void study_selected();                 // to the study screen
 void start_playing(const char *name);  // from the study screen through the name dialog; null keeps the name
