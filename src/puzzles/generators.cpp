@@ -16,15 +16,11 @@
 
 namespace {
 
-struct step {
-    i32 x, y;
-};
-
 // A block of places where pieces lie free, in pixels: lines of places, from one line and one place to the next.
 struct place_block {
     i32 x, y;
     i32 lines, per_line;
-    step next_line, next_place;
+    point next_line, next_place;
 };
 
 struct generator_row;
@@ -89,16 +85,18 @@ i32 fill_list(const board *b, random_list *list) {
     return 1;
 }
 
-i32 lay_out_piece(board *b, sprite *piece, const place_block &block, i32 line, i32 place, step corner) {
-    piece->col = place;
-    piece->row = line;
+i32 lay_out_piece(board *b, sprite *piece, const place_block &block, i32 line, i32 place, point corner) {
+    if (board_has(b, BOARD_HAS_BOX)) {
+        piece->col = place;
+        piece->row = line;
+    }
     piece->x = piece->home_x = block.x + line * block.next_line.x + place * block.next_place.x + corner.x;
     piece->y = piece->home_y = block.y + line * block.next_line.y + place * block.next_place.y + corner.y;
     return board_add_piece(b, piece);
 }
 
 // Puts the list's pieces at the row's places; corner is the way from a place to the corner of the piece there.
-i32 lay_out_list(board *b, random_list *list, const generator_row &row, step corner) {
+i32 lay_out_list(board *b, random_list *list, const generator_row &row, point corner) {
     for (const place_block &block : row.places)
         for (i32 line = 0; line < block.lines; ++line)
             for (i32 place = 0; place < block.per_line; ++place)
@@ -113,7 +111,7 @@ void free_unpicked(const random_list *list) {
         sprite_free(list->items->items[list->order[i]]);
 }
 
-i32 lay_out(board *b, const generator_row &row, step corner) {
+i32 lay_out(board *b, const generator_row &row, point corner) {
     random_list *list = random_list_create();
     if (list == nullptr)
         return -1;
@@ -196,7 +194,7 @@ static_assert(places_fit_labels());
 
 } // namespace
 
-i32 board_generate_pieces(board *b) {
+i32 pieces_generate(board *b) {
     const generator_row &row = ROWS[b->type];
     return row.generate(b, row);
 }

@@ -46,7 +46,7 @@ struct sprite {
     i32 home_x, home_y;                                       // where sprite_send_home and the vanish timer take it
     i32 anchor_x, anchor_y;                                   // rest position of the deck logic
     i32 answer;                                               // number that answers the problem (keypad puzzles)
-    i32 col, row;                                             // a cell's place in the grid, a free piece's where it lay
+    i32 col, row;                                             // a cell's place in the grid, a box piece's where it lay
     i32 target_col, target_row;                               // a piece's cell
     i32 tab_top, sock_right, sock_bottom, tab_left;           // places of the edge features along their edges, pixels
     i32 ext_top, ext_right, ext_bottom, ext_left;             // depths of the edge features, pixels
@@ -93,12 +93,10 @@ void sprite_follow_mouse(sprite *s, i32 frames, i32 mx, i32 my); // (mx, my): th
 void sprite_blink_out(sprite *s);                                // steady for 4 s, flickers for 4 s, then hidden
 void sprite_clear_effects(sprite *s);                            // ends pulse, unfold and blink-out, and shows it
 
-void sprite_update(sprite *s);     // one frame of every running animation; reads mouse_x, mouse_y
-void sprite_draw(const sprite *s); // records its drawing commands unless hidden; uses both save slots
+void sprite_update(sprite *s); // one frame of every running animation; reads mouse_x, mouse_y
 
 // Lists are drawn from first to last and must hold no nulls.
 
 // The topmost sprite that is not inert and whose body, edges included, holds the point; null for none.
 sprite *sprite_list_hit(const ptr_array<sprite> *list, i32 px, i32 py);
-void sprite_list_update(ptr_array<sprite> *list);     // updates each sprite, then moves the raised ones to the end
-void sprite_list_draw(const ptr_array<sprite> *list); // the last one on top
+void sprite_list_update(ptr_array<sprite> *list); // updates each sprite, then moves the raised ones to the end

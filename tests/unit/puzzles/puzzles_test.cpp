@@ -10,9 +10,11 @@
 #include "graphics/blit.h"
 #include "input/input.h"
 #include "puzzles/background.h"
+#include "puzzles/board_update.h"
 #include "puzzles/cells.h"
 #include "puzzles/debug_actions.h"
 #include "puzzles/deck.h"
+#include "puzzles/deck_draw.h"
 #include "puzzles/placement.h"
 #include "puzzles/puzzle_layout.h"
 #include "puzzles/random_list.h"
@@ -206,6 +208,16 @@ TEST(cells, share_their_edge_places_with_neighbours_and_pieces) {
     }
 }
 
+TEST(pieces, only_those_in_a_box_carry_the_place_where_they_lay) {
+    for (const i32 type : {0, 9}) {
+        const puzzle_table t(type);
+        i32 far = 0; // from the first column and row
+        for (const sprite *piece : each(t.b->pieces))
+            far = std::max(far, piece->col + piece->row);
+        EXPECT_EQ(far, type == 0 ? 9 + 4 : 0);
+    }
+}
+
 TEST(placement, snaps_within_five_pixels_of_the_centre) {
     const struct {
         i32 dx, dy;
@@ -380,7 +392,7 @@ TEST(deck, draws_cards_in_the_order_in_which_they_lie) {
         t.b->remaining = remaining;
         t.b->deck.phase = phase;
         t.b->deck.slot[0]->flags = top_flags;
-        board_draw_deck(t.b);
+        deck_draw(t.b);
         std::string drawn;
         for (const std::string &line : take_recording(names).now)
             drawn += line[line.find(' ') + 1];
