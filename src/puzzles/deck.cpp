@@ -49,13 +49,16 @@ sprite *draw_from_pool(const board *b) {
     return nullptr;
 }
 
+// A piece that leaves the top unanswered may be dealt again.
 void make_available(sprite *piece) {
-    if (piece != nullptr)
+    if (piece != nullptr && !has_flag(piece, SPRITE_ANSWERED))
         piece->flags |= SPRITE_AVAILABLE;
 }
 
 void put_under_stack(board *b, sprite *piece) {
     make_available(b->deck.slot[0]);
+    if (board_has(b, BOARD_CARD_TEXT))
+        make_available(b->deck.slot[1]); // a problem that is turned away comes back later
     b->deck.leaving = b->deck.slot[0];
     b->deck.slot[0] = b->deck.slot[1];
     b->deck.slot[1] = b->deck.slot[2];
@@ -90,7 +93,8 @@ void rotate_cards(board *b) {
     }
 }
 
-// Only the cards are left: answered ones go, the others take turns.
+// Only the cards are left: answered ones go, the others take turns. None becomes available: dealt a second time it
+// would ask for a piece that is placed already, and the run would end with another piece missing.
 void deal_used_up(board *b) {
     b->deck.leaving = b->deck.slot[0];
     const i32 emptied = empty_answered_slots(b);
@@ -103,11 +107,6 @@ void deal_used_up(board *b) {
     } else if (b->remaining == 1) {
         b->deck.leaving = nullptr;
     }
-    // A text card that came round again was made available when it left the top. Dealt a second time it would ask
-    // for a piece that is placed already, and the run would end with another piece missing.
-    for (i32 i = 1; i < DECK_CARDS; ++i)
-        if (b->deck.slot[i] != nullptr)
-            b->deck.slot[i]->flags &= ~SPRITE_AVAILABLE;
 }
 
 // --- Turning -------------------------------------------------------------------------------------
@@ -239,7 +238,7 @@ bool top_card_can_be_taken(const board *b, i32 mx, i32 my) {
 
 } // namespace
 
-i32 board_build_deck(board *b) {
+i32 deck_build(board *b) {
     const image *const *looks = b->pictures.keys + NEXT_BUTTON_LOOKS;
     const i32 drop = NEXT_BUTTON_DROP + half(b->pictures.card->height) - half(looks[BUTTON_LOOK_NORMAL]->height);
     button *next = button_add(b->buttons, looks, b->places->deck.x + NEXT_BUTTON_OFFSET, b->places->deck.y + drop,
@@ -255,13 +254,7 @@ i32 board_build_deck(board *b) {
 void board_deal(board *b) {
     if (b->deck.pool->items->count == 0)
         return;
-    sprite *piece = draw_from_pool(b);
-    if (board_has(b, BOARD_CARD_TEXT)) {
-        // A problem that was turned away comes back later.
-        make_available(b->deck.slot[0]);
-        make_available(b->deck.slot[1]);
-    }
-    if (piece != nullptr)
+    if (sprite *piece = draw_from_pool(b))
         put_under_stack(b, piece);
     else
         deal_used_up(b);
@@ -312,7 +305,7 @@ void board_lock_deck(board *b, i32 frames) {
     b->deck.lock_frames = frames;
 }
 
-void board_update_deck(board *b) {
+void deck_update(board *b) {
     if (board_is(b, BOARD_DECK_MOVING))
         turn_deck(b);
     sprite *top = b->deck.slot[0];

@@ -43,7 +43,7 @@ void judge(board *b) {
     if ((entry->flags & ENTRY_ARRIVED) == 0 || board_revealing_piece(b) != nullptr)
         return;
     if ((entry->flags & ENTRY_CORRECT) != 0 && b->deck.slot[0] != nullptr) {
-        board_reveal_answered(b);
+        keypad_reveal_answered(b);
         return;
     }
     number_entry_scatter(entry);
@@ -54,7 +54,7 @@ void judge(board *b) {
 
 } // namespace
 
-i32 board_build_keypad(board *b) {
+i32 keypad_build(board *b) {
     const image *const *looks = b->pictures.keys;
     const i32 step_x = looks[0]->width + KEY_GAP_X, step_y = looks[0]->height + KEY_GAP_Y;
     for (i32 i = 0; i < KEY_SYMBOLS; ++i) {
@@ -79,15 +79,15 @@ void board_keypad_enter(button *, std::intptr_t board_address, std::intptr_t) {
         number_entry_submit(b->entry, b->deck.slot[0]->answer);
 }
 
-void board_update_keypad(board *b) {
+void keypad_update(board *b) {
     number_entry_update(b->entry);
     judge(b);
 }
 
-void board_reveal_answered(board *b) {
+void keypad_reveal_answered(board *b) {
     sprite *piece = b->deck.slot[0];
     number_entry_clear(b->entry);
-    piece->flags &= ~(SPRITE_INERT | SPRITE_HIDDEN);
+    piece->flags &= ~(SPRITE_INERT | SPRITE_HIDDEN | SPRITE_AVAILABLE);
     piece->x = b->places->deck.x + DECK_PIECE_OFFSET;
     piece->y = b->places->deck.y + DECK_PIECE_OFFSET;
     sprite_grow(piece);
@@ -96,7 +96,6 @@ void board_reveal_answered(board *b) {
     sprite_raise(piece);
     board_deal(b);
     board_lock_deck(b, REVEAL_LOCK_FRAMES);
-    piece->flags &= ~SPRITE_AVAILABLE; // dealing has just put it back into the pool
 }
 
 sprite *board_revealing_piece(const board *b) {
