@@ -26,7 +26,7 @@ void board_set_background(i32 number) {
     background_wanted = number;
 }
 
-i32 board_load_background() {
+i32 background_load() {
     if (background_wanted == background_loaded)
         return 1;
     board_free_background();
@@ -41,7 +41,7 @@ i32 board_load_background() {
     return 1;
 }
 
-const image *board_background() {
+const image *background_picture() {
     return picture;
 }
 

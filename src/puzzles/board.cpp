@@ -76,7 +76,7 @@ i32 load_type(board *b, i32 type) {
     b->layout = &PUZZLE_LAYOUTS[type];
     b->places = &PUZZLE_PLACES[type];
     board_set_background(BACKGROUND_NUMBER);
-    if (board_load_pictures(b) < 0 || board_load_background() < 0)
+    if (board_load_pictures(b) < 0 || background_load() < 0)
         return -1;
     if (board_has(b, BOARD_HAS_KEYPAD))
         b->entry->digits = b->pictures.entered_digits;
@@ -120,12 +120,11 @@ i32 build_console(board *b, button_callback on_return) {
 }
 
 i32 start_run(board *b, button_callback on_return) {
-    if (board_build_cells(b) < 0 || board_generate_pieces(b) < 0 || reset_clock(b) < 0 ||
-        build_console(b, on_return) < 0)
+    if (cells_build(b) < 0 || pieces_generate(b) < 0 || reset_clock(b) < 0 || build_console(b, on_return) < 0)
         return -1;
-    if (board_has(b, BOARD_HAS_KEYPAD) && board_build_keypad(b) < 0)
+    if (board_has(b, BOARD_HAS_KEYPAD) && keypad_build(b) < 0)
         return -1;
-    if (board_has(b, BOARD_HAS_DECK) && board_build_deck(b) < 0)
+    if (board_has(b, BOARD_HAS_DECK) && deck_build(b) < 0)
         return -1;
     return 1;
 }

@@ -1,4 +1,4 @@
-// board.h: the one record of a puzzle run, and its life: create, load a type, start, update, draw, destroy.
+// board.h: the one record of a puzzle run, and its life: create, load a type, start, destroy.
 //
 // One board exists for the whole program (app_state owns it). The board owns its pictures, cells, pieces, buttons
 // and effects. Main thread only. Functions that can fail return -1 or null after the failure has been logged; a
@@ -99,16 +99,9 @@ void board_destroy(board *b);        // accepts null
 // the caller then goes back to the title screen; the next call tries again.
 [[nodiscard]] i32 board_prepare(app_state *state);
 
-void board_free_images(board *b); // waits until no recorded list refers to them any more
-
 // Starts a new run of the loaded type, with what its return button does (null for nothing). 1, or -1 when no type is
 // loaded or memory is short (logged): no type is loaded any more then, and the caller goes back to the title screen.
 [[nodiscard]] i32 board_start(board *b, button_callback on_return);
-
-void board_update(board *b);                // one frame of the run
-void board_count_remaining(board *b);       // counts the pieces that are not yet answered afresh
-void board_draw(const board *b);            // the moving parts, into this frame's list
-void board_draw_background(const board *b); // the still parts, into the background
 
 // The smallest place, 0..3, whose master time the run keeps; -1 for none.
 i32 board_master_rank(const board *b);

@@ -2,15 +2,16 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "puzzles/board_draw.h"
+
 #include "graphics/draw_list.h"
 #include "puzzles/background.h"
-#include "puzzles/board.h"
 #include "puzzles/cells.h"
-#include "puzzles/deck.h"
+#include "puzzles/deck_draw.h"
 #include "puzzles/headings.h"
 #include "sprites/effect.h"
 #include "sprites/number_entry.h"
-#include "sprites/sprite.h"
+#include "sprites/sprite_draw.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ void board_draw(const board *b) {
         for (const button *drawn : each(b->buttons))
             button_draw(drawn);
         if (board_has(b, BOARD_HAS_DECK))
-            board_draw_deck(b);
+            deck_draw(b);
         if (board_has(b, BOARD_HAS_KEYPAD))
             number_entry_draw(b->entry);
     }
@@ -52,11 +53,11 @@ void board_draw(const board *b) {
 void board_draw_background(const board *b) {
     if (!board_loaded(b))
         return;
-    if (board_background() != nullptr)
-        draw_image_bg(board_background(), 0, 0);
+    if (background_picture() != nullptr)
+        draw_image_bg(background_picture(), 0, 0);
     draw_image_bg(b->pictures.board, b->x, b->y);
-    board_draw_headings(b);
-    board_draw_cells(b);
+    headings_draw(b);
+    cells_draw(b);
     draw_restore({b->x, b->y, b->width, b->height});
     if (board_is(b, BOARD_STUDY))
         draw_image_bg(b->pictures.study_help, center_x(b->pictures.study_help->width),

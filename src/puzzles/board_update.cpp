@@ -2,10 +2,11 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "puzzles/board_update.h"
+
 #include "core/base/settings.h"
 #include "core/base/strings.h"
 #include "input/input.h"
-#include "puzzles/board.h"
 #include "puzzles/deck.h"
 #include "puzzles/keypad.h"
 #include "sprites/effect.h"
@@ -104,9 +105,9 @@ void board_update(board *b) {
         effect_update(running);
     const bool playing = !board_is(b, BOARD_STUDY);
     if (playing && board_has(b, BOARD_HAS_DECK))
-        board_update_deck(b);
+        deck_update(b);
     if (playing && board_has(b, BOARD_HAS_KEYPAD))
-        board_update_keypad(b);
+        keypad_update(b);
     update_lock(b);
     press_by_keys(b);
     update_clock(b);

@@ -60,7 +60,7 @@ void draw_edges(const board *b, const sprite *cell) {
 
 } // namespace
 
-i32 board_build_cells(board *b) {
+i32 cells_build(board *b) {
     for (i32 row = 0; row < b->layout->rows; ++row)
         for (i32 col = 0; col < b->layout->cols; ++col)
             if (build_cell(b, col, row) < 0)
@@ -94,7 +94,7 @@ sprite *board_find_cell(const board *b, i32 col, i32 row) {
     return nullptr;
 }
 
-void board_draw_cells(const board *b) {
+void cells_draw(const board *b) {
     for (const sprite *cell : each(b->cells))
         draw_image_bg(cell->body, cell->x + b->x, cell->y + b->y);
     for (const sprite *cell : each(b->cells))

@@ -9,11 +9,11 @@
 
 #include "puzzles/board.h"
 
-[[nodiscard]] i32 board_build_cells(board *b); // fills the grid; 1, or -1 when out of memory (logged)
+[[nodiscard]] i32 cells_build(board *b); // fills the grid; 1, or -1 when out of memory (logged)
 
 // Appends the cell (takes ownership) and gives it its pictures; 1, or -1 when out of memory (the cell is freed).
 [[nodiscard]] i32 board_add_cell(board *b, sprite *cell);
 
 sprite *board_find_cell(const board *b, i32 col, i32 row); // borrowed; null outside the grid
 
-void board_draw_cells(const board *b); // bodies, then edges, into the background
+void cells_draw(const board *b); // bodies, then edges, into the background

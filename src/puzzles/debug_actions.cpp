@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/debug_actions.h"
 
+#include "puzzles/board_update.h"
 #include "puzzles/deck.h"
 #include "puzzles/keypad.h"
 #include "puzzles/placement.h"
@@ -27,14 +28,14 @@ void move_to_cell(const board *b, sprite *piece, const sprite *cell) {
 void board_debug_reveal(board *b) {
     if (board_has(b, BOARD_HAS_KEYPAD) && !board_is(b, BOARD_DECK_MOVING) && b->deck.slot[0] != nullptr &&
         board_revealing_piece(b) == nullptr)
-        board_reveal_answered(b);
+        keypad_reveal_answered(b);
 }
 
 void board_debug_place_one(board *b) {
     for (sprite *piece : each(b->pieces)) {
         if ((piece->flags & (SPRITE_INERT | SPRITE_FIXED | SPRITE_VANISH)) != 0)
             continue;
-        const sprite *cell = board_target_cell(b, piece);
+        const sprite *cell = piece_target_cell(b, piece);
         if (cell == nullptr)
             continue;
         move_to_cell(b, piece, cell);
@@ -56,7 +57,7 @@ void board_debug_place_most(board *b) {
             break;
         if (is_fixed(piece))
             continue;
-        const sprite *cell = board_target_cell(b, piece);
+        const sprite *cell = piece_target_cell(b, piece);
         if (cell == nullptr)
             continue;
         move_to_cell(b, piece, cell);

@@ -12,13 +12,11 @@
 // A piece on the deck lies this far right of and below the deck's corner, in pixels.
 inline constexpr i32 DECK_PIECE_OFFSET = 4;
 
-[[nodiscard]] i32 board_build_deck(board *b); // next button and closed cards; 1, or -1 when out of memory
+[[nodiscard]] i32 deck_build(board *b); // next button and closed cards; 1, or -1 when out of memory
 
 void board_deal(board *b); // a card from the pool goes under the others; with the pool used up they take turns
 void board_deck_next(button *pressed, std::intptr_t board_address, std::intptr_t); // turns the deck; arg1: the board
 void board_take_top_card(board *b, i32 mx, i32 my);                                // a click on no piece and no button
 void board_lock_deck(board *b, i32 frames);                                        // hides the cards' faces
 
-void board_update_deck(board *b);     // one frame of the turning, and of the top card's piece
-void board_draw_deck(const board *b); // stack, cards and what is on them
-void board_draw_card_text(const board *b, i32 x, i32 y, const char *text); // x, y: the card's corner
+void deck_update(board *b); // one frame of the turning, and of the top card's piece

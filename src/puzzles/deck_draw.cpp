@@ -2,8 +2,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "puzzles/deck_draw.h"
+
 #include "graphics/draw_list.h"
-#include "puzzles/deck.h"
 #include "sprites/sprite.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ void draw_stack(const board *b) {
 
 } // namespace
 
-void board_draw_deck(const board *b) {
+void deck_draw(const board *b) {
     if (b->remaining <= 0) {
         draw_image(b->pictures.empty_deck, b->places->deck.x, b->places->deck.y, true);
         return;

@@ -8,5 +8,5 @@
 
 #include "puzzles/board.h"
 
-// Creates one piece for each cell, after board_build_cells; 1, or -1 when out of memory (logged).
-[[nodiscard]] i32 board_generate_pieces(board *b);
+// Creates one piece for each cell, after cells_build; 1, or -1 when out of memory (logged).
+[[nodiscard]] i32 pieces_generate(board *b);

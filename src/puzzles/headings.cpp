@@ -81,7 +81,7 @@ void draw_series(const board *b, const heading_series &series) {
 
 } // namespace
 
-void board_draw_headings(const board *b) {
+void headings_draw(const board *b) {
     for (const heading_series &series : HEADINGS[b->type])
         draw_series(b, series);
 }

@@ -6,4 +6,4 @@
 
 #include "puzzles/board.h"
 
-void board_draw_headings(const board *b); // into the background; nothing for the types without symbols
+void headings_draw(const board *b); // into the background; nothing for the types without symbols

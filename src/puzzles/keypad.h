@@ -6,11 +6,11 @@
 
 #include "puzzles/board.h"
 
-[[nodiscard]] i32 board_build_keypad(board *b); // the twelve keys; 1, or -1 when out of memory
+[[nodiscard]] i32 keypad_build(board *b); // the twelve keys; 1, or -1 when out of memory
 
 void board_keypad_enter(button *pressed, std::intptr_t board_address, std::intptr_t); // the enter key; arg1: the board
 
-void board_update_keypad(board *b);   // one frame: flying digits, then the judgement
-void board_reveal_answered(board *b); // what a right answer does to the top card's piece; there must be one
+void keypad_update(board *b);          // one frame: flying digits, then the judgement
+void keypad_reveal_answered(board *b); // what a right answer does to the top card's piece; there must be one
 
 sprite *board_revealing_piece(const board *b); // the first piece that is growing out of the deck, or null

@@ -53,26 +53,26 @@ button *board_button_at(const board *b, i32 px, i32 py) {
     return nullptr;
 }
 
-sprite *board_target_cell(const board *b, const sprite *piece) {
+sprite *piece_target_cell(const board *b, const sprite *piece) {
     sprite *cell = board_find_cell(b, piece->target_col, piece->target_row);
     if (cell == nullptr)
         log_error("Error: Piece has no target!\n");
     return cell;
 }
 
-void board_put_in_cell(const board *b, sprite *piece, const sprite *cell) {
+void piece_put_in_cell(const board *b, sprite *piece, const sprite *cell) {
     piece->x = b->x + cell->x + PLACED_OFFSET;
     piece->y = b->y + cell->y + PLACED_OFFSET;
     sprite_set_edges(piece, b->pictures.piece_tab_in);
 }
 
 void board_drop_piece(board *b, sprite *piece) {
-    const sprite *cell = board_target_cell(b, piece);
+    const sprite *cell = piece_target_cell(b, piece);
     const bool taken_back = (piece->flags & SPRITE_VANISH) != 0; // the deck deals it again
     if (cell == nullptr || taken_back || !within_snap_radius(b, piece, cell))
         return;
     sprite_fix(piece);
-    board_put_in_cell(b, piece, cell);
+    piece_put_in_cell(b, piece, cell);
     ++b->placed;
     sound_play(SOUND_PIECE_PLACE_1 + std::rand() % PLACE_SOUNDS);
     if (board_has(b, BOARD_BLINK_PLACED))

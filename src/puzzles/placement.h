@@ -12,8 +12,8 @@
 sprite *board_piece_at(const board *b, i32 px, i32 py);  // topmost piece that can be taken there, or null
 button *board_button_at(const board *b, i32 px, i32 py); // first button there, or null
 
-sprite *board_target_cell(const board *b, const sprite *piece);            // null (logged) for a piece that has none
-void board_put_in_cell(const board *b, sprite *piece, const sprite *cell); // place and edges of a piece that fits
+sprite *piece_target_cell(const board *b, const sprite *piece);            // null (logged) for a piece that has none
+void piece_put_in_cell(const board *b, sprite *piece, const sprite *cell); // place and edges of a piece that fits
 
 // Fixes the piece in its cell when it lies close enough, unless the deck is taking it back.
 void board_drop_piece(board *b, sprite *piece);

@@ -50,7 +50,7 @@ void move_off_screen(sprite *piece) {
 }
 
 void fly_in(const board *b, sprite *piece, const sprite *cell) {
-    board_put_in_cell(b, piece, cell);
+    piece_put_in_cell(b, piece, cell);
     piece->home_x = piece->x;
     piece->home_y = piece->y;
     move_off_screen(piece);
@@ -72,10 +72,10 @@ void board_study_fill(board *b) {
         // A trip that has not ended would carry the piece on, out of its cell and past the screen's edge.
         piece->flags &= ~(SPRITE_TRAVEL | SPRITE_HIDE_ON_ARRIVAL | SPRITE_REDEAL);
         piece->flags |= SPRITE_INERT | SPRITE_HIDDEN;
-        const sprite *cell = board_target_cell(b, piece);
+        const sprite *cell = piece_target_cell(b, piece);
         if (cell == nullptr)
             continue;
-        board_put_in_cell(b, piece, cell);
+        piece_put_in_cell(b, piece, cell);
         piece->flags &= ~SPRITE_HIDDEN;
     }
 }

@@ -15,6 +15,8 @@
 #include "input/cursor.h"
 #include "input/input.h"
 #include "puzzles/board.h"
+#include "puzzles/board_draw.h"
+#include "puzzles/board_update.h"
 #include "puzzles/debug_actions.h"
 #include "puzzles/deck.h"
 #include "puzzles/placement.h"

@@ -14,6 +14,8 @@
 #include "input/input.h"
 #include "persist/best_times.h"
 #include "puzzles/board.h"
+#include "puzzles/board_draw.h"
+#include "puzzles/board_update.h"
 #include "puzzles/study.h"
 #include "resources/archive.h"
 #include "screens/common.h"

@@ -326,8 +326,3 @@ void sprite_list_update(ptr_array<sprite> *list) {
         std::rotate(list->items + at, list->items + at + 1, list->items + list->count);
     }
 }
-
-void sprite_list_draw(const ptr_array<sprite> *list) {
-    for (const sprite *s : each(list))
-        sprite_draw(s);
-}

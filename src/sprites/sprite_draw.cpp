@@ -5,8 +5,9 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "sprites/sprite_draw.h"
+
 #include "graphics/draw_list.h"
-#include "sprites/sprite.h"
 
 #include <initializer_list>
 
@@ -151,4 +152,9 @@ void sprite_draw(const sprite *s) {
         draw_unfolding(s);
     else
         draw_whole(s);
+}
+
+void sprite_list_draw(const ptr_array<sprite> *list) {
+    for (const sprite *s : each(list))
+        sprite_draw(s);
 }

@@ -90,7 +90,7 @@ void carry(int label, bool right) {
     then([label, right] {
         const board *b = app->board;
         for (const sprite *piece : each(b->pieces)) {
-            const sprite *cell = piece->label_index == label ? board_target_cell(b, piece) : nullptr;
+            const sprite *cell = piece->label_index == label ? piece_target_cell(b, piece) : nullptr;
             if (cell == nullptr)
                 continue;
             const int off = right ? roll(3) - 1 : roll(41) - 20;

@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "sprites/sprite.h"
+#include "sprites/sprite_draw.h"
 
 #include "input/input.h"
 #include "sound/sound.h"
