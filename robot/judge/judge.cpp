@@ -27,7 +27,6 @@
 
 using steady = std::chrono::steady_clock;
 
-static constexpr int MARK_PICTURE = 47;
 static constexpr point MARK_AT = {22, 135}, NAME_AT = {15, 582};
 static constexpr int STUDY_TEXT_WIDTH = 510, STUDY_TEXT_Y = 595;
 static constexpr int MASTERS_Y = 60, LINE_STEP = 20;
@@ -55,11 +54,11 @@ static double seconds_between(steady::time_point from, steady::time_point to) {
 // --- Title and study screen ------------------------------------------------------------------------------------
 
 static void check_title() {
-    const picture &mark = library_picture("title/", MARK_PICTURE);
+    const picture &mark = library_picture(TITLE_SET, TITLE_MASTER_MARK);
     for (int type = 0; type < PUZZLE_COUNT; ++type) {
         const bool mastered = records_mastered(type);
         const point at = MARK_AT + point{0, ROW_HEIGHT * puzzle_list_row(type)};
-        eyes_until(std::string(mastered ? "a" : "no") + " master's mark beside " + puzzle_kind_of(type).title,
+        eyes_until(std::string(mastered ? "a" : "no") + " master's mark beside " + puzzle_title(type),
                    [&] { return eyes_see(mark, at) == mastered; });
     }
     letters_until(player_name(), NAME_AT, YELLOW);
@@ -104,11 +103,11 @@ static void note_held() {
 
 static void begin_wrong_answer() {
     ears_note("incorrect_number");
-    before_answer = eyes_copy(WHOLE_WINDOW);
+    before_answer = eyes_copy(WHOLE_SCREEN);
 }
 
 static void check_wrong_answer() {
-    robot_expect(eyes_copy(WHOLE_WINDOW) == before_answer, "a wrong answer leaves everything as it was");
+    robot_expect(eyes_copy(WHOLE_SCREEN) == before_answer, "a wrong answer leaves everything as it was");
 }
 
 static void check_placed() {

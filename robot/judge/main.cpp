@@ -38,7 +38,7 @@ static constexpr const char *USAGE =
 
 static constexpr int FIRST = 0, SECOND = 2; // the counting puzzles
 static constexpr int SCALE = 2;             // of the larger display
-static constexpr column_button SCORES = {"title/", 26, 5}, NAME = {"title/", 27, 4};
+static constexpr column_button SCORES = {TITLE_SET, TITLE_SCORES_BUTTON, 5}, NAME = {TITLE_SET, TITLE_NAME_BUTTON, 4};
 
 struct options {
     game_options game;
@@ -163,7 +163,7 @@ static void start_window_manager() {
 int main(int count, char **words) {
     const options chosen = parse(count, words);
     const int scale = chosen.sdl2.empty() ? 1 : SCALE;
-    display_start(scale * WINDOW_WIDTH, scale * WINDOW_HEIGHT);
+    display_start(scale * SCREEN_WIDTH, scale * SCREEN_HEIGHT);
     game_prepare(chosen.game);
     if (!chosen.depth32.empty())
         setenv("LD_PRELOAD", chosen.depth32.c_str(), 1);

@@ -75,10 +75,10 @@ static int unlike(const digit_shape &a, const digit_shape &b) {
 void numbers_check_labels(const puzzle_kind &kind) {
     if (kind.first_factor == 0)
         return;
-    const auto labels = library_series(std::string(kind.folder) + "piece/symbols/", kind.columns * kind.rows);
+    const auto labels = library_puzzle_series(kind.type, PICTURE_LABELS);
     std::vector<digit_shape> all;
-    for (int cell = 0; cell < kind.columns * kind.rows; ++cell) {
-        const int product = (kind.first_factor + cell / kind.columns) * (1 + cell % kind.columns);
+    for (int cell = 0; cell < kind.layout().labels; ++cell) {
+        const int product = (kind.first_factor + cell / kind.layout().cols) * (1 + cell % kind.layout().cols);
         const auto shapes = take_apart(*labels[static_cast<std::size_t>(cell)], cell, std::to_string(product));
         all.insert(all.end(), shapes.begin(), shapes.end());
     }

@@ -23,27 +23,27 @@ static constexpr int NEXT_LEFT = 60;        // of the next button from the deck
 static constexpr point KEYPAD = {333, 393}; // the first key's corner
 static constexpr int KEY_COLUMNS = 3, KEY_GAP_X = 1, KEY_GAP_Y = 3;
 static constexpr int ZERO_KEY = 10, ENTER_KEY = 11; // numbers on the keypad, read row by row
-static constexpr int NEXT_PICTURE = 4, KEY_PICTURE = 1, TIMES_SIGN = 11;
+static constexpr int NEXT_PICTURE = 3, KEY_PICTURE = 0;
 
 static const picture &card_back(const puzzle_kind &kind) {
-    return library_picture(std::string(kind.folder) + "deck/base.xpm");
+    return library_puzzle(kind.type, PICTURE_CARD);
 }
 
 static const picture &key_picture(const puzzle_kind &kind, int number) {
-    return library_picture(std::string(kind.folder) + "input/keys/", number);
+    return library_puzzle(kind.type, PICTURE_KEYS, number);
 }
 
 // Cards that are being turned can be neither taken nor answered.
 static void until_deck_rests(const puzzle_kind &kind) {
     const picture &card = card_back(kind);
     hands_move_away();
-    eyes_until_still("the deck",
-                     {kind.deck.x - SLIDE, kind.deck.y - DECK_PIECE.y, card.width + 2 * SLIDE, card.height});
+    eyes_until_still("the deck", {kind.places().deck.x - SLIDE, kind.places().deck.y - DECK_PIECE.y,
+                                  card.width + 2 * SLIDE, card.height});
 }
 
 static void show_first_card(const puzzle_kind &kind) {
     const picture &button = key_picture(kind, NEXT_PICTURE);
-    const point at = kind.deck + point{-NEXT_LEFT, DECK_PIECE.y + picture_inside(card_back(kind), button).y};
+    const point at = kind.places().deck + point{-NEXT_LEFT, DECK_PIECE.y + picture_inside(card_back(kind), button).y};
     eyes_until_seen(button, at);
     hands_click(at + picture_middle(button));
     until_deck_rests(kind);
@@ -54,7 +54,7 @@ static void show_first_card(const puzzle_kind &kind) {
 static int guess_card(const puzzle_kind &kind, const std::vector<picture> &faces) {
     std::vector<double> match;
     for (const picture &face : faces)
-        match.push_back(eyes_match(face, kind.deck));
+        match.push_back(eyes_match(face, kind.places().deck));
     const auto best = static_cast<std::size_t>(std::max_element(match.begin(), match.end()) - match.begin());
     double next = 0;
     for (std::size_t i = 0; i < faces.size(); ++i)
@@ -82,7 +82,7 @@ static std::vector<picture> card_faces(const puzzle_kind &kind) {
     std::vector<picture> faces;
     for (int cell = 0; cell < pieces_count(); ++cell) {
         const picture &label = pieces_label(cell);
-        const point at = picture_inside(card, label) + kind.card_label;
+        const point at = picture_inside(card, label) + kind.places().card_label;
         faces.push_back(picture_part(picture_collage(card, {{&label, at}}), {at.x, at.y, label.width, label.height}));
     }
     return faces;
@@ -90,7 +90,7 @@ static std::vector<picture> card_faces(const puzzle_kind &kind) {
 
 // Cells are tried in turn where several pieces share a label. The one that fits.
 static int put_into_one_of(const std::vector<int> &cells, const puzzle_kind &kind, bool last) {
-    point from = kind.deck + DECK_PIECE, grip = pieces_middle();
+    point from = kind.places().deck + DECK_PIECE, grip = pieces_middle();
     for (const int cell : cells) {
         if (play_place(from, grip, cell, last))
             return cell;
@@ -108,7 +108,7 @@ static void wander_deck(const puzzle_kind &kind, const std::vector<picture> &fac
     int elsewhere = 0;
     while (picture_same(pieces_label(elsewhere), pieces_label(seen)))
         ++elsewhere;
-    play_drop_wrongly(kind.deck + DECK_PIECE, pieces_middle(), seen, elsewhere);
+    play_drop_wrongly(kind.places().deck + DECK_PIECE, pieces_middle(), seen, elsewhere);
     hands_key(XK_space);
     eyes_until("the cell empty from which a piece was taken back", [&] { return pieces_cell_empty(elsewhere); });
     until_deck_rests(kind);
@@ -138,7 +138,7 @@ void play_deck(const puzzle_kind &kind, bool wander) {
 // --- Products --------------------------------------------------------------------------------------------------
 
 static point factors(const puzzle_kind &kind, int cell) {
-    return {kind.first_factor + cell / kind.columns, 1 + cell % kind.columns};
+    return {kind.first_factor + cell / kind.layout().cols, 1 + cell % kind.layout().cols};
 }
 
 // A card with the problem of this cell, as it is written with the deck's digits.
@@ -148,8 +148,8 @@ static picture problem_card(const puzzle_kind &kind, int cell) {
     std::vector<picture_layer> signs;
     int width = 0, height = 0;
     for (const char c : text) {
-        const int number = c == 'x' ? TIMES_SIGN : c - '0' + 1;
-        const picture &sign = library_picture(std::string(kind.folder) + "deck/symbols/", number);
+        const auto number = static_cast<int>(CARD_TEXT_CHARACTERS.find(c));
+        const picture &sign = library_puzzle(kind.type, PICTURE_CARD_SYMBOLS, number);
         signs.push_back({&sign, {width, -sign.height}});
         width += sign.width + 1;
         height = std::max(height, sign.height);
@@ -187,7 +187,7 @@ static void wander_keypad(const puzzle_kind &kind, const std::vector<picture> &c
     enter(kind, product(kind, asked) + 1);
     moments_tell(moment::WRONG_ANSWER);
     hands_move_away();
-    eyes_until_still("the wrong answer's digits", WHOLE_WINDOW);
+    eyes_until_still("the wrong answer's digits", WHOLE_SCREEN);
     moments_tell(moment::WRONG_ANSWER_GONE);
 }
 
@@ -195,7 +195,7 @@ void play_keypad(const puzzle_kind &kind, bool wander) {
     std::vector<picture> cards;
     for (int cell = 0; cell < pieces_count(); ++cell)
         cards.push_back(problem_card(kind, cell));
-    const point piece = kind.deck + DECK_PIECE;
+    const point piece = kind.places().deck + DECK_PIECE;
     show_first_card(kind);
     if (wander)
         wander_keypad(kind, cards);

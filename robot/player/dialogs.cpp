@@ -13,11 +13,11 @@
 static constexpr const char *PLAYER = "Ann Lee";
 static constexpr int TITLE_Y = 276, ANSWER_Y = 290, FIRST_LINE_Y = 310, SECOND_LINE_Y = 330, ANSWER_GAP = 10;
 static constexpr int NAME_OK_Y = 330, PLAIN_OK_Y = 340, PRAISED_OK_Y = 355;
-enum dialog_picture { YES = 1, NO = 4, OK = 7 };
+static constexpr set_part YES = DIALOG_YES_BUTTON, NO = DIALOG_NO_BUTTON, OK = DIALOG_OK_BUTTON;
 
 static constexpr const char *LOG_HEADING = "Score Log";
 static constexpr point LOG_HEADING_AT = {LOG_HEADING_X, 30};
-static constexpr area LOG_PANEL = {LOG_HEADING_X, 0, WINDOW_WIDTH - LOG_HEADING_X, WINDOW_HEIGHT};
+static constexpr rect LOG_PANEL = {LOG_HEADING_X, 0, SCREEN_WIDTH - LOG_HEADING_X, SCREEN_HEIGHT};
 
 static std::string name;
 
@@ -25,8 +25,8 @@ const std::string &player_name() {
     return name;
 }
 
-static const picture &button(dialog_picture number) {
-    return library_picture("dialog/", number);
+static const picture &button(const set_part &looks) {
+    return library_picture(DIALOG_SET, looks.first);
 }
 
 static void await(const std::string &title) {
@@ -75,7 +75,8 @@ bool completion_praised() {
 
 void completion_confirm(const puzzle_kind &kind) {
     hands_move_away();
-    letters_until_centered(std::string("You have completed the ") + kind.title + " puzzle.", FIRST_LINE_Y, YELLOW);
+    letters_until_centered(std::string("You have completed the ") + puzzle_title(kind.type) + " puzzle.", FIRST_LINE_Y,
+                           YELLOW);
     point at;
     eyes_until("the OK button below what the dialog says", [&] {
         at = ok_at(completion_praised() ? PRAISED_OK_Y : PLAIN_OK_Y);

@@ -16,7 +16,7 @@
 
 static constexpr unsigned LEFT_BUTTON = 1;
 
-static area whole, shown_in; // the display, and where the game's picture is on it
+static rect whole, shown_in; // the display, and where the game's picture is on it
 static Display *connection;
 static cairo_surface_t *screen;  // all that the display shows
 static cairo_surface_t *grabbed; // in the game's pixels
@@ -48,7 +48,7 @@ void display_open() {
     robot_expect(XTestQueryExtension(connection, &unused, &unused, &unused, &unused) != 0, "the display has XTEST");
     screen = cairo_xlib_surface_create(connection, DefaultRootWindow(connection), DefaultVisual(connection, number),
                                        whole.w, whole.h);
-    grabbed = cairo_image_surface_create(CAIRO_FORMAT_RGB24, WINDOW_WIDTH, WINDOW_HEIGHT);
+    grabbed = cairo_image_surface_create(CAIRO_FORMAT_RGB24, SCREEN_WIDTH, SCREEN_HEIGHT);
 }
 
 void display_start(int width, int height) {
@@ -57,18 +57,18 @@ void display_start(int width, int height) {
     XChangePointerControl(connection, True, True, 1, 1, 0); // no acceleration
 }
 
-static void add_frames(Window window, std::vector<area> &frames) {
+static void add_frames(Window window, std::vector<rect> &frames) {
     XWindowAttributes is = {};
     Window root = None, parent = None, *children = nullptr;
     unsigned count = 0;
-    if (XGetWindowAttributes(connection, window, &is) == 0 || is.map_state != IsViewable || is.width < WINDOW_WIDTH ||
-        is.height < WINDOW_HEIGHT)
+    if (XGetWindowAttributes(connection, window, &is) == 0 || is.map_state != IsViewable || is.width < SCREEN_WIDTH ||
+        is.height < SCREEN_HEIGHT)
         return;
     int x = 0, y = 0;
     XTranslateCoordinates(connection, window, DefaultRootWindow(connection), 0, 0, &x, &y, &root);
-    const int width = std::min(is.width, is.height * WINDOW_WIDTH / WINDOW_HEIGHT);
-    const int height = std::min(is.height, is.width * WINDOW_HEIGHT / WINDOW_WIDTH);
-    const area frame = {x + (is.width - width) / 2, y + (is.height - height) / 2, width, height};
+    const int width = std::min(is.width, is.height * SCREEN_WIDTH / SCREEN_HEIGHT);
+    const int height = std::min(is.height, is.width * SCREEN_HEIGHT / SCREEN_WIDTH);
+    const rect frame = {x + (is.width - width) / 2, y + (is.height - height) / 2, width, height};
     if (frame.x >= 0 && frame.y >= 0 && frame.x + width <= whole.w && frame.y + height <= whole.h)
         frames.push_back(frame);
     if (XQueryTree(connection, window, &root, &parent, &children, &count) == 0)
@@ -79,27 +79,27 @@ static void add_frames(Window window, std::vector<area> &frames) {
         XFree(children);
 }
 
-std::vector<area> display_frames() {
-    std::vector<area> frames;
+std::vector<rect> display_frames() {
+    std::vector<rect> frames;
     add_frames(DefaultRootWindow(connection), frames);
     return frames;
 }
 
-void display_set_frame(const area &frame) {
+void display_set_frame(const rect &frame) {
     shown_in = frame;
 }
 
 std::span<const std::uint32_t> display_grab() {
     cairo_surface_mark_dirty(screen);
     cairo_t *painter = cairo_create(grabbed);
-    cairo_scale(painter, 1.0 * WINDOW_WIDTH / shown_in.w, 1.0 * WINDOW_HEIGHT / shown_in.h);
+    cairo_scale(painter, 1.0 * SCREEN_WIDTH / shown_in.w, 1.0 * SCREEN_HEIGHT / shown_in.h);
     cairo_set_source_surface(painter, screen, -shown_in.x, -shown_in.y);
     cairo_pattern_set_filter(cairo_get_source(painter), CAIRO_FILTER_NEAREST);
     cairo_paint(painter);
     cairo_destroy(painter);
     cairo_surface_flush(grabbed);
     const auto *pixels = reinterpret_cast<const std::uint32_t *>(cairo_image_surface_get_data(grabbed));
-    return {pixels, static_cast<std::size_t>(WINDOW_WIDTH * WINDOW_HEIGHT)};
+    return {pixels, static_cast<std::size_t>(SCREEN_WIDTH * SCREEN_HEIGHT)};
 }
 
 void display_save(const std::string &path) {
@@ -109,13 +109,13 @@ void display_save(const std::string &path) {
 
 // To the middle of the game's pixel.
 void display_move_pointer(point to) {
-    XTestFakeMotionEvent(connection, -1, shown_in.x + (2 * to.x + 1) * shown_in.w / (2 * WINDOW_WIDTH),
-                         shown_in.y + (2 * to.y + 1) * shown_in.h / (2 * WINDOW_HEIGHT), CurrentTime);
+    XTestFakeMotionEvent(connection, -1, shown_in.x + (2 * to.x + 1) * shown_in.w / (2 * SCREEN_WIDTH),
+                         shown_in.y + (2 * to.y + 1) * shown_in.h / (2 * SCREEN_HEIGHT), CurrentTime);
     XFlush(connection);
 }
 
 void display_push_pointer(point by) {
-    XTestFakeRelativeMotionEvent(connection, by.x * shown_in.w / WINDOW_WIDTH, by.y * shown_in.h / WINDOW_HEIGHT,
+    XTestFakeRelativeMotionEvent(connection, by.x * shown_in.w / SCREEN_WIDTH, by.y * shown_in.h / SCREEN_HEIGHT,
                                  CurrentTime);
     XFlush(connection);
 }

@@ -15,17 +15,15 @@
 #include <string>
 #include <vector>
 
-inline constexpr int WINDOW_WIDTH = 800, WINDOW_HEIGHT = 600; // of the game, pixels
-
 // The left end of what stands in the window's middle.
 constexpr int window_center(int width) {
-    return (WINDOW_WIDTH - width) >> 1;
+    return (SCREEN_WIDTH - width) >> 1;
 }
 
 void display_start(int width, int height); // a virtual one; where it is larger, it may show the game scaled
 void display_open();                       // the one that $DISPLAY names, as it is
-std::vector<area> display_frames();        // where the game's picture may be: each window, as far as it fits
-void display_set_frame(const area &frame); // where it is; at first, the whole display
+std::vector<rect> display_frames();        // where the game's picture may be: each window, as far as it fits
+void display_set_frame(const rect &frame); // where it is; at first, the whole display
 
 std::span<const std::uint32_t> display_grab(); // what it shows now: 0x00RRGGBB or 0xFFRRGGBB, row after row
 void display_save(const std::string &path);    // what was grabbed last, as PNG; ends the robot when it cannot

@@ -17,8 +17,8 @@ static constexpr auto PAUSE = std::chrono::milliseconds(3);   // between two loo
 static constexpr auto STILL = std::chrono::milliseconds(150); // longer than a slow game's frame
 static constexpr int GONE_VIEWS = 4;                          // views without a thing before it counts as gone
 
-static std::vector<color565> now = std::vector<color565>(WINDOW_WIDTH * WINDOW_HEIGHT); // what is seen
-static area covered;
+static std::vector<color565> now = std::vector<color565>(SCREEN_WIDTH * SCREEN_HEIGHT); // what is seen
+static rect covered;
 static std::function<std::string()> alarm_check;
 
 void eyes_look() {
@@ -28,7 +28,7 @@ void eyes_look() {
     });
 }
 
-void eyes_overlook(const area &hidden) {
+void eyes_overlook(const rect &hidden) {
     covered = hidden;
 }
 
@@ -39,9 +39,9 @@ void eyes_set_alarm(std::function<std::string()> check) {
 // The pixel of `p` with this index, its corner at `corner`: 1 there, 0 not there, -1 cannot be judged.
 static int judge(const picture &p, int index, point corner) {
     const point at = corner + point{index % p.width, index / p.width};
-    if (!WHOLE_WINDOW.holds(at) || covered.holds(at))
+    if (!rect_holds(WHOLE_SCREEN, at) || rect_holds(covered, at))
         return -1;
-    const color565 seen = now[static_cast<std::size_t>(at.y * WINDOW_WIDTH + at.x)];
+    const color565 seen = now[static_cast<std::size_t>(at.y * SCREEN_WIDTH + at.x)];
     return color_close(seen, p.pixels[static_cast<std::size_t>(index)]) ? 1 : 0;
 }
 
@@ -68,8 +68,8 @@ double eyes_match(const picture &p, point at) {
 
 std::vector<point> eyes_find(const picture &p) {
     std::vector<point> found;
-    for (int y = 0; y < WINDOW_HEIGHT; ++y)
-        for (int x = 0; x < WINDOW_WIDTH; ++x)
+    for (int y = 0; y < SCREEN_HEIGHT; ++y)
+        for (int x = 0; x < SCREEN_WIDTH; ++x)
             if (eyes_see(p, {x, y}))
                 found.push_back({x, y});
     return found;
@@ -112,7 +112,7 @@ void eyes_until_seen(const picture &p, point at) {
 
 void eyes_find_window(const picture &p, point at) {
     eyes_until("the program's window with " + p.name, [&] {
-        for (const area &frame : display_frames()) {
+        for (const rect &frame : display_frames()) {
             display_set_frame(frame);
             eyes_look();
             if (eyes_see(p, at))
@@ -122,15 +122,15 @@ void eyes_find_window(const picture &p, point at) {
     });
 }
 
-std::vector<color565> eyes_copy(const area &part) {
+std::vector<color565> eyes_copy(const rect &part) {
     std::vector<color565> copy;
     for (int y = part.y; y < part.y + part.h; ++y)
         for (int x = part.x; x < part.x + part.w; ++x)
-            copy.push_back(now[static_cast<std::size_t>(y * WINDOW_WIDTH + x)]);
+            copy.push_back(now[static_cast<std::size_t>(y * SCREEN_WIDTH + x)]);
     return copy;
 }
 
-void eyes_until_still(const std::string &what, const area &part) {
+void eyes_until_still(const std::string &what, const rect &part) {
     std::vector<color565> before;
     auto since = steady::now();
     eyes_until(what + " at rest", [&] {

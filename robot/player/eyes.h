@@ -14,10 +14,8 @@
 #include <string>
 #include <vector>
 
-inline constexpr area WHOLE_WINDOW = {0, 0, WINDOW_WIDTH, WINDOW_HEIGHT};
-
 void eyes_look();
-void eyes_overlook(const area &hidden); // what the mouse cursor covers now
+void eyes_overlook(const rect &hidden); // what the mouse cursor covers now
 
 bool eyes_see(const picture &p, point at);      // every opaque pixel that is inside the window, one at least
 double eyes_match(const picture &p, point at);  // the share of its opaque pixels that are there, 0..1
@@ -30,8 +28,8 @@ void eyes_find_window(const picture &p, point at); // where on the display this 
 // Looks until it does not hold for several views in a row, so that a picture caught half drawn does not count.
 void eyes_until_not(const std::string &what, const std::function<bool()> &holds);
 
-std::vector<color565> eyes_copy(const area &part);                // what is there now
-void eyes_until_still(const std::string &what, const area &part); // nothing moves there for a while
+std::vector<color565> eyes_copy(const rect &part);                // what is there now
+void eyes_until_still(const std::string &what, const rect &part); // nothing moves there for a while
 
 // A check that runs while waiting; it returns what went wrong, or nothing.
 void eyes_set_alarm(std::function<std::string()> check);

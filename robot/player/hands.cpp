@@ -5,6 +5,7 @@
 #include "hands.h"
 #include "display.h"
 #include "eyes.h"
+#include "input/cursor_shapes.h"
 #include "library.h"
 #include "robot.h"
 
@@ -18,17 +19,7 @@
 #include <string>
 #include <thread>
 
-struct cursor {
-    const char *picture;
-    point hot; // the pixel of the picture that lies on the mouse's place
-};
-
-static constexpr std::array CURSORS = {
-    cursor{"control/mouse/001/001.xpm", {0, 0}},
-    cursor{"control/mouse/002/001.xpm", {4, 2}},
-    cursor{"control/mouse/003/001.xpm", {4, 1}},
-};
-static constexpr const cursor &HOLDING = CURSORS[2];
+static constexpr const cursor_shape &HOLDING = CURSOR_SHAPES[CURSOR_CLOSED_HAND];
 static constexpr point AWAY = {785, 200};
 static constexpr double LOST_SECONDS = 0.5; // without the cursor where it should be before looking for it elsewhere
 static constexpr double LATE_SECONDS = 4;   // likewise, when the game is known to hear of the pointer
@@ -43,25 +34,25 @@ static bool pushes; // the pointer is moved by so much, not to a place: some gam
 static bool way_known, place_known;
 static bool glides;
 
-static bool cursor_at(const cursor &c, point at) {
-    return eyes_see(library_picture(c.picture), at - c.hot);
+static bool cursor_at(const cursor_shape &c, point at) {
+    return eyes_see(library_picture(c.pictures, 0), at - c.hot);
 }
 
 static bool any_cursor_at(point at) {
-    return std::any_of(CURSORS.begin(), CURSORS.end(), [at](const cursor &c) { return cursor_at(c, at); });
+    return std::ranges::any_of(CURSOR_SHAPES, [at](const cursor_shape &c) { return cursor_at(c, at); });
 }
 
 static std::optional<point> find_cursor() {
-    for (const cursor &c : CURSORS)
-        if (const auto corners = eyes_find(library_picture(c.picture)); !corners.empty())
+    for (const cursor_shape &c : CURSOR_SHAPES)
+        if (const auto corners = eyes_find(library_picture(c.pictures, 0)); !corners.empty())
             return corners[0] + c.hot;
     return std::nullopt;
 }
 
 static void overlook_cursor() {
-    area covered = {here.x, here.y, 0, 0};
-    for (const cursor &c : CURSORS) {
-        const picture &p = library_picture(c.picture);
+    rect covered = {here.x, here.y, 0, 0};
+    for (const cursor_shape &c : CURSOR_SHAPES) {
+        const picture &p = library_picture(c.pictures, 0);
         covered.x = std::min(covered.x, here.x - c.hot.x);
         covered.y = std::min(covered.y, here.y - c.hot.y);
         covered.w = std::max(covered.w, p.width + c.hot.x);

@@ -3,12 +3,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "letters.h"
+#include "entry_names.h"
 #include "eyes.h"
+#include "graphics/glyph_names.h"
 #include "library.h"
 
 #include <algorithm>
-#include <array>
-#include <cctype>
 #include <map>
 #include <tuple>
 #include <vector>
@@ -18,18 +18,6 @@ static constexpr int ASCENT = 32;        // more than any letter's height
 static constexpr int FULL = 255;
 static constexpr int PULSE_DARKEST = 183, PULSE_STEP = 4; // greys of a pulsing text
 
-static constexpr std::array SIGNS = {
-    std::pair{' ', "space"},      std::pair{'!', "exclamation"}, std::pair{'"', "quote"},
-    std::pair{'%', "percent"},    std::pair{'$', "dollarsign"},  std::pair{'\'', "apostrophe"},
-    std::pair{'(', "lparen"},     std::pair{')', "rparen"},      std::pair{',', "comma"},
-    std::pair{'-', "dash"},       std::pair{'.', "period"},      std::pair{'/', "slash"},
-    std::pair{':', "colon"},      std::pair{';', "semicolon"},   std::pair{'=', "tavimo"},
-    std::pair{'+', "plus"},       std::pair{'<', "lessthan"},    std::pair{'>', "greaterthan"},
-    std::pair{'?', "question"},   std::pair{'*', "asterisk"},    std::pair{'@', "copy"},
-    std::pair{'[', "lbracket"},   std::pair{']', "rbracket"},    std::pair{'\\', "backslash"},
-    std::pair{'_', "underscore"},
-};
-
 struct letter {
     const picture *shape;
     int below; // rows that it reaches below the reference line: those that are empty at its top
@@ -38,17 +26,12 @@ struct letter {
 static const std::map<char, letter> &font() {
     static const std::map<char, letter> all = [] {
         std::map<char, letter> made;
-        const auto add = [&made](char c, const std::string &file) {
-            const picture &p = library_picture("font/normal/" + file + ".xpm");
+        each_glyph([&made](char c, std::string_view name) {
+            const picture &p = library_picture(entry_of_glyph(name));
             const auto first = std::find(p.opaque.begin(), p.opaque.end(), true);
             const auto row = first == p.opaque.end() ? 0 : (first - p.opaque.begin()) / p.width;
             made[c] = {&p, static_cast<int>(row)};
-        };
-        for (int c = 0; c <= FULL / 2; ++c)
-            if (std::isalnum(c) != 0)
-                add(static_cast<char>(c), std::string(1, static_cast<char>(c)));
-        for (const auto &[sign, file] : SIGNS)
-            add(sign, file);
+        });
         return made;
     }();
     return all;
@@ -82,8 +65,12 @@ int letters_center(const std::string &text) {
     return window_center(letters_width(text));
 }
 
+static u8 dimmed(int level, int by) {
+    return static_cast<u8>(level * by / FULL);
+}
+
 // The text's picture in this colour, its first reference line at ASCENT; made once.
-static const picture &colored(const std::string &text, rgb8 color) {
+static const picture &colored(const std::string &text, rgb color) {
     static std::map<std::tuple<std::string, int, int, int>, picture> made;
     const auto [found, is_new] = made.try_emplace({text, color.r, color.g, color.b});
     if (!is_new)
@@ -96,28 +83,28 @@ static const picture &colored(const std::string &text, rgb8 color) {
     }
     picture p = picture_collage(picture_empty(letters_width(text), bottom), letters);
     for (color565 &pixel : p.pixels) {
-        const rgb8 from = from_565(pixel);
-        pixel = to_565(from.r * color.r / FULL, from.g * color.g / FULL, from.b * color.b / FULL);
+        const rgb from = pixel16::to_rgb(pixel);
+        pixel = pixel16::from_rgb({dimmed(from.r, color.r), dimmed(from.g, color.g), dimmed(from.b, color.b)});
     }
     return found->second = p;
 }
 
-bool letters_seen(const std::string &text, point at, rgb8 color) {
+bool letters_seen(const std::string &text, point at, rgb color) {
     const int lines = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
     return text.empty() || eyes_see(colored(text, color), at - point{0, ASCENT + LINE * lines});
 }
 
 bool letters_seen_pulsing(const std::string &text, point at) {
     for (int grey = FULL; grey >= PULSE_DARKEST; grey -= PULSE_STEP)
-        if (letters_seen(text, at, {grey, grey, grey}))
+        if (letters_seen(text, at, grey_of(grey)))
             return true;
     return false;
 }
 
-void letters_until(const std::string &text, point at, rgb8 color) {
+void letters_until(const std::string &text, point at, rgb color) {
     eyes_until("the text \"" + text + "\" at " + eyes_place(at), [&] { return letters_seen(text, at, color); });
 }
 
-void letters_until_centered(const std::string &text, int y, rgb8 color) {
+void letters_until_centered(const std::string &text, int y, rgb color) {
     letters_until(text, {letters_center(text), y}, color);
 }

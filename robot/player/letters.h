@@ -11,13 +11,16 @@
 
 #include <string>
 
-inline constexpr rgb8 WHITE = {255, 255, 255}, YELLOW = {255, 255, 0}, LIGHT_GREY = {235, 235, 235},
-                      GREY = {200, 200, 200}, ORANGE = {230, 190, 0}, NAVY = {0, 0, 128};
+inline constexpr rgb GREY = {200, 200, 200}, ORANGE = {230, 190, 0};
+
+constexpr rgb grey_of(int level) {
+    return {static_cast<u8>(level), static_cast<u8>(level), static_cast<u8>(level)};
+}
 
 int letters_width(const std::string &text);  // of its widest line, pixels
 int letters_center(const std::string &text); // the left end of the text when it stands in the window's middle
 
-bool letters_seen(const std::string &text, point at, rgb8 color);
+bool letters_seen(const std::string &text, point at, rgb color);
 bool letters_seen_pulsing(const std::string &text, point at); // in any grey of a pulsing text
-void letters_until(const std::string &text, point at, rgb8 color);
-void letters_until_centered(const std::string &text, int y, rgb8 color);
+void letters_until(const std::string &text, point at, rgb color);
+void letters_until_centered(const std::string &text, int y, rgb color);

@@ -4,9 +4,9 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "library.h"
 #include "archive_file.h"
+#include "entry_names.h"
 #include "robot.h"
 
-#include <cstdio>
 #include <exception>
 #include <map>
 
@@ -28,22 +28,24 @@ const std::string &library_bytes(const std::string &path) {
     return entry->bytes;
 }
 
-const picture &library_picture(const std::string &name) {
-    auto found = pictures.find(name);
+const picture &library_picture(const std::string &entry) {
+    auto found = pictures.find(entry);
     if (found == pictures.end())
-        found = pictures.emplace(name, picture_decode(name, library_bytes("xpm/" + name))).first;
+        found = pictures.emplace(entry, picture_decode(entry, library_bytes(entry))).first;
     return found->second;
 }
 
-const picture &library_picture(const std::string &folder, int number) {
-    char digits[16];
-    std::snprintf(digits, sizeof digits, "%03i.xpm", number);
-    return library_picture(folder + digits);
+const picture &library_picture(const picture_set &set, int k) {
+    return library_picture(entry_of(set, k));
 }
 
-std::vector<const picture *> library_series(const std::string &folder, int count) {
+const picture &library_puzzle(int type, puzzle_picture id, int k) {
+    return library_picture(entry_of_puzzle(type, id, k));
+}
+
+std::vector<const picture *> library_puzzle_series(int type, puzzle_picture id) {
     std::vector<const picture *> series;
-    for (int number = 1; number <= count; ++number)
-        series.push_back(&library_picture(folder, number));
+    for (int k = 0; k < puzzle_picture_count(PUZZLE_LAYOUTS[type], id); ++k)
+        series.push_back(&library_puzzle(type, id, k));
     return series;
 }

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "picture.h"
+#include "puzzles/puzzle_pictures.h"
 
 #include <filesystem>
 #include <string>
@@ -14,7 +15,8 @@
 
 void library_open(const std::filesystem::path &archive);
 
-const picture &library_picture(const std::string &name);                           // "title/001.xpm"
-const picture &library_picture(const std::string &folder, int number);             // "title/", 1
-std::vector<const picture *> library_series(const std::string &folder, int count); // from 1 on
-const std::string &library_bytes(const std::string &path);                         // of any entry: "txt/study0.txt"
+const std::string &library_bytes(const std::string &entry);            // "txt/study0.txt"
+const picture &library_picture(const std::string &entry);              // "xpm/title/001.xpm"
+const picture &library_picture(const picture_set &set, int k);         // the k-th of a set, from 0
+const picture &library_puzzle(int type, puzzle_picture id, int k = 0); // the k-th of a series, from 0
+std::vector<const picture *> library_puzzle_series(int type, puzzle_picture id);

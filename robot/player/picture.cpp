@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "picture.h"
+#include "resources/xpm_format.h"
 #include "robot.h"
 
 #include <algorithm>
@@ -11,12 +12,12 @@
 #include <numeric>
 #include <sstream>
 
-static constexpr color565 KEY = to_565(0xEA, 0x00, 0x8A); // pictures are transparent where they have this colour
-static constexpr int CLOSE = 8;                           // levels of 256: a step of red or blue, two of green
-static constexpr std::uint64_t SCATTER = 2654435761U;     // spreads the probes; odd and far from any row length
+static constexpr color565 KEY = pixel16::from_rgb(pixel32::to_rgb(XPM_KEY));
+static constexpr int CLOSE = 8;                       // levels of 256: a step of red or blue, two of green
+static constexpr std::uint64_t SCATTER = 2654435761U; // spreads the probes; odd and far from any row length
 
 bool color_close(color565 a, color565 b) {
-    const rgb8 one = from_565(a), other = from_565(b);
+    const rgb one = pixel16::to_rgb(a), other = pixel16::to_rgb(b);
     return std::abs(one.r - other.r) <= CLOSE && std::abs(one.g - other.g) <= CLOSE &&
            std::abs(one.b - other.b) <= CLOSE;
 }
@@ -44,8 +45,7 @@ static std::vector<std::string> quoted(const std::string &text) {
 static color565 parse_color(const std::string &entry, std::size_t from) {
     const std::size_t hash = entry.find('#', from);
     const long value = hash == std::string::npos ? 0 : std::strtol(entry.c_str() + hash + 1, nullptr, 16);
-    return to_565(static_cast<int>(value >> 16 & 0xFF), static_cast<int>(value >> 8 & 0xFF),
-                  static_cast<int>(value & 0xFF));
+    return pixel16::from_rgb(pixel32::to_rgb(static_cast<u32>(value)));
 }
 
 picture picture_decode(const std::string &name, const std::string &xpm) {
@@ -73,7 +73,7 @@ bool picture_same(const picture &a, const picture &b) {
 }
 
 bool picture_covers(const picture &p, point at) {
-    return area{0, 0, p.width, p.height}.holds(at) && p.opaque[static_cast<std::size_t>(at.y * p.width + at.x)];
+    return rect_holds({0, 0, p.width, p.height}, at) && p.opaque[static_cast<std::size_t>(at.y * p.width + at.x)];
 }
 
 point picture_middle(const picture &p) {
@@ -90,12 +90,12 @@ picture picture_empty(int width, int height) {
 }
 
 picture picture_collage(picture lowest, const std::vector<picture_layer> &layers) {
-    const area kept = {0, 0, lowest.width, lowest.height};
+    const rect kept = {0, 0, lowest.width, lowest.height};
     for (const auto &[above, corner] : layers)
         for (int i = 0; i < above->width * above->height; ++i) {
             const point at = corner + point{i % above->width, i / above->width};
             const auto from = static_cast<std::size_t>(i), to = static_cast<std::size_t>(at.y * lowest.width + at.x);
-            if (!kept.holds(at) || !above->opaque[from])
+            if (!rect_holds(kept, at) || !above->opaque[from])
                 continue;
             lowest.pixels[to] = above->pixels[from];
             lowest.opaque[to] = true;
@@ -113,6 +113,6 @@ picture picture_where(const picture &whole, const std::function<bool(point)> &ke
     return result;
 }
 
-picture picture_part(const picture &whole, const area &kept) {
-    return picture_where(whole, [&](point at) { return kept.holds(at); });
+picture picture_part(const picture &whole, const rect &kept) {
+    return picture_where(whole, [&](point at) { return rect_holds(kept, at); });
 }

@@ -6,40 +6,13 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
-#include <cstdint>
+#include "resources/pixel.h"
+
 #include <functional>
 #include <string>
 #include <vector>
 
-using color565 = std::uint16_t;
-
-struct rgb8 {
-    int r, g, b;
-};
-
-struct point {
-    int x = 0, y = 0;
-    bool operator==(const point &) const = default;
-};
-
-constexpr point operator+(point a, point b) {
-    return {a.x + b.x, a.y + b.y};
-}
-constexpr point operator-(point a, point b) {
-    return {a.x - b.x, a.y - b.y};
-}
-
-struct area {
-    int x = 0, y = 0, w = 0, h = 0;
-    [[nodiscard]] bool holds(point p) const { return p.x >= x && p.y >= y && p.x < x + w && p.y < y + h; }
-};
-
-constexpr color565 to_565(int r, int g, int b) {
-    return static_cast<color565>((r >> 3) << 11 | (g >> 2) << 5 | b >> 3);
-}
-constexpr rgb8 from_565(color565 c) {
-    return {(c >> 11) << 3, ((c >> 5) & 0x3F) << 2, (c & 0x1F) << 3};
-}
+using color565 = pixel16::value;
 
 // Whether two colours are the same but for the rounding of a channel.
 bool color_close(color565 a, color565 b);
@@ -68,4 +41,4 @@ picture picture_collage(picture lowest, const std::vector<picture_layer> &layers
 
 // The same picture where only a part is looked at.
 picture picture_where(const picture &whole, const std::function<bool(point)> &kept);
-picture picture_part(const picture &whole, const area &kept);
+picture picture_part(const picture &whole, const rect &kept);

@@ -18,10 +18,7 @@ static constexpr int LABEL_TOP = 3;    // of a label that does not stand in the 
 static constexpr int FIRST_PLACE = 10; // of a feature along an edge
 static constexpr int LAST_LEVEL = 30, LAST_UPRIGHT = 20; // along the top and bottom edges, along the sides
 
-// Order of the four pictures of a series of edges, and of the places in a shape.
-enum edge { TOP, RIGHT, BOTTOM, LEFT, EDGES };
-
-using piece_shape = std::array<int, EDGES>; // places of the tabs and sockets along the edges, pixels
+using piece_shape = std::array<int, EDGE_COUNT>; // places of the tabs and sockets along the edges, pixels
 
 static struct {
     const puzzle_kind *kind;
@@ -35,14 +32,14 @@ static struct {
 } table;
 
 static picture border_only(const picture &whole) {
-    const area inside = {FRAME, FRAME, whole.width - 2 * FRAME, whole.height - 2 * FRAME};
-    return picture_where(whole, [&](point at) { return !inside.holds(at); });
+    const rect inside = {FRAME, FRAME, whole.width - 2 * FRAME, whole.height - 2 * FRAME};
+    return picture_where(whole, [&](point at) { return !rect_holds(inside, at); });
 }
 
 // Leaves out what the sockets and a neighbour's tabs may cover.
 static picture without_edges(const picture &whole) {
-    return picture_part(
-        whole, {1, 1, whole.width - 1 - table.loose[RIGHT]->width, whole.height - 1 - table.loose[BOTTOM]->height});
+    return picture_part(whole, {1, 1, whole.width - 1 - table.loose[EDGE_RIGHT]->width,
+                                whole.height - 1 - table.loose[EDGE_BOTTOM]->height});
 }
 
 static point label_place(const picture &body, const picture &label) {
@@ -67,31 +64,29 @@ static picture make_body(const picture &base) {
 }
 
 static picture make_cell(const picture &whole) {
-    return picture_part(whole, {CELL_MARGIN, CELL_MARGIN, whole.width - 2 * CELL_MARGIN - table.notch[LEFT]->width,
-                                whole.height - 2 * CELL_MARGIN - table.notch[TOP]->height});
+    return picture_part(whole, {CELL_MARGIN, CELL_MARGIN, whole.width - 2 * CELL_MARGIN - table.notch[EDGE_LEFT]->width,
+                                whole.height - 2 * CELL_MARGIN - table.notch[EDGE_TOP]->height});
 }
 
 void pieces_open(const puzzle_kind &kind, bool study) {
-    const std::string folder = kind.folder;
     table = {};
     table.kind = &kind;
-    const picture &board = library_picture(folder + "board/base.xpm"),
-                  &base = library_picture(folder + "piece/base.xpm");
-    table.corner = {window_center(board.width), study ? kind.study_top : kind.top};
+    const picture &board = library_puzzle(kind.type, PICTURE_BOARD), &base = library_puzzle(kind.type, PICTURE_PIECE);
+    table.corner = {window_center(board.width), study ? kind.layout().study_top : kind.layout().top};
     table.frame = border_only(board);
-    table.loose = library_series(folder + "piece/fragments/out/", EDGES);
-    table.notch = library_series(folder + "board/fragments/negative/", EDGES);
-    table.bump = library_series(folder + "board/fragments/positive/", EDGES);
-    table.labels = library_series(folder + "piece/symbols/", pieces_count());
+    table.loose = library_puzzle_series(kind.type, PICTURE_LOOSE_EDGES);
+    table.notch = library_puzzle_series(kind.type, PICTURE_BOARD_DENTS);
+    table.bump = library_puzzle_series(kind.type, PICTURE_BOARD_BUMPS);
+    table.labels = library_puzzle_series(kind.type, PICTURE_LABELS);
     for (const picture *label : table.labels)
         table.faces.push_back(make_face(base, *label));
-    for (const picture *cell : library_series(folder + "board/pieces/", kind.cell_each ? pieces_count() : kind.rows))
+    for (const picture *cell : library_puzzle_series(kind.type, PICTURE_CELLS))
         table.cells.push_back(make_cell(*cell));
     table.body = make_body(base);
 }
 
 int pieces_count() {
-    return table.kind->columns * table.kind->rows;
+    return table.kind->layout().labels;
 }
 
 point pieces_size() {
@@ -111,12 +106,14 @@ void pieces_until_board() {
 }
 
 static point cell_corner(int cell) {
-    const puzzle_kind &k = *table.kind;
-    return table.corner + k.grid + point{cell % k.columns * (k.cell.x + 1), cell / k.columns * k.pitch_y};
+    const puzzle_layout &l = table.kind->layout();
+    return table.corner + point{l.grid_x + cell % l.cols * (l.cell_w + COLUMN_GAP),
+                                l.grid_y + cell / l.cols * puzzle_row_pitch(table.kind->type)};
 }
 
 bool pieces_cell_empty(int cell) {
-    const int index = table.kind->cell_each ? cell : cell / table.kind->columns;
+    const puzzle_layout &layout = table.kind->layout();
+    const int index = layout.cell_pictures == layout.labels ? cell : cell / layout.cols;
     return eyes_see(table.cells[static_cast<std::size_t>(index)], cell_corner(cell));
 }
 
@@ -148,8 +145,8 @@ std::vector<int> pieces_lookalikes(int cell) {
 }
 
 // Where along an edge this feature is seen best; its corner is at `from` for place 0.
-static int best_place(edge along, const picture &feature, point from) {
-    const bool upright = along == LEFT || along == RIGHT;
+static int best_place(sprite_edge along, const picture &feature, point from) {
+    const bool upright = along == EDGE_LEFT || along == EDGE_RIGHT;
     int best = FIRST_PLACE;
     double most = -1;
     for (int place = FIRST_PLACE; place <= (upright ? LAST_UPRIGHT : LAST_LEVEL); ++place) {
@@ -163,32 +160,33 @@ static int best_place(edge along, const picture &feature, point from) {
 }
 
 void pieces_read_cells() {
-    const puzzle_kind &k = *table.kind;
-    const picture &top = *table.notch[TOP], &left = *table.notch[LEFT];
-    const picture &bottom = *table.bump[TOP], &right = *table.bump[LEFT];
+    const puzzle_layout &layout = table.kind->layout();
+    const picture &top = *table.notch[EDGE_TOP], &left = *table.notch[EDGE_LEFT];
+    const picture &bottom = *table.bump[EDGE_TOP], &right = *table.bump[EDGE_LEFT];
     const picture &body = table.cells[0];
     table.shapes.assign(static_cast<std::size_t>(pieces_count()), {});
     for (int cell = pieces_count() - 1; cell >= 0; --cell) {
         const auto i = static_cast<std::size_t>(cell);
         const point at = cell_corner(cell);
         piece_shape &shape = table.shapes[i];
-        shape[TOP] = best_place(TOP, top, at + point{0, 1 - top.height});
-        shape[LEFT] = best_place(LEFT, left, at + point{1 - left.width, 0});
-        shape[BOTTOM] = cell / k.columns < k.rows - 1
-                            ? table.shapes[i + static_cast<std::size_t>(k.columns)][TOP]
-                            : best_place(BOTTOM, bottom, at + point{0, body.height - bottom.height});
-        shape[RIGHT] = (cell + 1) % k.columns != 0 ? table.shapes[i + 1][LEFT]
-                                                   : best_place(RIGHT, right, at + point{body.width - right.width, 0});
+        shape[EDGE_TOP] = best_place(EDGE_TOP, top, at + point{0, 1 - top.height});
+        shape[EDGE_LEFT] = best_place(EDGE_LEFT, left, at + point{1 - left.width, 0});
+        shape[EDGE_BOTTOM] = cell / layout.cols < layout.rows - 1
+                                 ? table.shapes[i + static_cast<std::size_t>(layout.cols)][EDGE_TOP]
+                                 : best_place(EDGE_BOTTOM, bottom, at + point{0, body.height - bottom.height});
+        shape[EDGE_RIGHT] = (cell + 1) % layout.cols != 0
+                                ? table.shapes[i + 1][EDGE_LEFT]
+                                : best_place(EDGE_RIGHT, right, at + point{body.width - right.width, 0});
     }
 }
 
 static piece_shape read_piece(point at) {
     const auto &edges = table.loose;
     const point size = pieces_size();
-    return {best_place(TOP, *edges[TOP], at + point{-1, 1 - edges[TOP]->height}),
-            best_place(RIGHT, *edges[RIGHT], at + point{size.x - edges[RIGHT]->width, -1}),
-            best_place(BOTTOM, *edges[BOTTOM], at + point{-1, size.y - edges[BOTTOM]->height}),
-            best_place(LEFT, *edges[LEFT], at + point{-edges[LEFT]->width, 0})};
+    return {best_place(EDGE_TOP, *edges[EDGE_TOP], at + point{-1, 1 - edges[EDGE_TOP]->height}),
+            best_place(EDGE_RIGHT, *edges[EDGE_RIGHT], at + point{size.x - edges[EDGE_RIGHT]->width, -1}),
+            best_place(EDGE_BOTTOM, *edges[EDGE_BOTTOM], at + point{-1, size.y - edges[EDGE_BOTTOM]->height}),
+            best_place(EDGE_LEFT, *edges[EDGE_LEFT], at + point{-edges[EDGE_LEFT]->width, 0})};
 }
 
 // The cell among those with the same label whose shape fits a loose piece at this place.
@@ -196,7 +194,7 @@ static int recognise(int lookalike, point at) {
     const piece_shape shape = read_piece(at);
     const auto misfit = [&](int cell) {
         int sum = 0;
-        for (std::size_t i = 0; i < EDGES; ++i)
+        for (std::size_t i = 0; i < EDGE_COUNT; ++i)
             sum += std::abs(table.shapes[static_cast<std::size_t>(cell)][i] - shape[i]);
         return sum;
     };

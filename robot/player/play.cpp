@@ -18,7 +18,7 @@ static constexpr point GRIP = {-3, -3};    // from a piece's lower right corner 
 static constexpr point CARELESS = {2, -2}; // a drop is this far from the exact place, and must snap
 static constexpr int LYING_VIEWS = 20;     // in which a piece lies where it was dropped before it counts as not placed
 static constexpr int PULSING_VIEWS = 60;   // in which it is seen nowhere before the mouse leaves it
-static constexpr int BEGIN_BOTTOM = WINDOW_HEIGHT - 5;
+static constexpr int BEGIN_BOTTOM = SCREEN_HEIGHT - 5;
 static constexpr point HELP_BUTTON = {730, 5}, RETURN_BUTTON = {730, 35}, RETURN_MIDDLE = {760, 47};
 
 static void take(point at) {
@@ -77,7 +77,7 @@ void play_drop_wrongly(point piece, point grip, int cell, int other_cell) {
 
 // The picture that asks for the first move; it stands where no help is shown and the clock does not run.
 static void until_begin(const puzzle_kind &kind) {
-    const picture &begin = library_picture(std::string(kind.folder) + "begin.xpm");
+    const picture &begin = library_puzzle(kind.type, PICTURE_BEGIN);
     eyes_until_seen(begin, {window_center(begin.width), BEGIN_BOTTOM - begin.height});
 }
 
@@ -92,13 +92,12 @@ static void stay(const puzzle_kind &kind) {
 }
 
 static void wander_before(const puzzle_kind &kind) {
-    const std::string console = std::string(kind.folder) + "console/";
-    button_click(library_picture(console, 1), HELP_BUTTON);
+    button_click(library_puzzle(kind.type, PICTURE_CONSOLE, 0), HELP_BUTTON);
     close_help(kind);
     hands_key(XK_Escape);
     stay(kind);
     pieces_until_board();
-    button_click(library_picture(console, 2), RETURN_BUTTON);
+    button_click(library_puzzle(kind.type, PICTURE_CONSOLE, 1), RETURN_BUTTON);
     stay(kind);
 }
 

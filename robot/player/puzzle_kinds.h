@@ -5,8 +5,7 @@
 #pragma once
 
 #include "picture.h"
-
-inline constexpr int PUZZLE_COUNT = 11;
+#include "puzzles/puzzle_layout.h"
 
 enum class play_style {
     IN_SIGHT, // all pieces lie in a box below the board or around it
@@ -16,24 +15,16 @@ enum class play_style {
 
 struct puzzle_kind {
     int type;
-    const char *title;
-    const char *folder; // of its pictures
     play_style style;
-
-    int columns, rows;
-    point cell;         // size
-    point grid;         // the first cell, from the board's corner
-    int pitch_y;        // from one row to the next; columns are a pixel more than a cell apart
-    int top, study_top; // of the board, in play and in study mode
-    point deck;
-    point card_label;  // how far a label on a card is from its middle
     bool label_on_top; // of a piece, not in its middle
-    bool cell_each;    // every cell has a picture of its own, not every row
     int first_factor;  // of the first row, where the labels are products; 0: they are not
 
     const char *help; // the first help bubble
     point help_at;
     int help_clicks; // that lead through all bubbles
+
+    [[nodiscard]] const puzzle_layout &layout() const { return PUZZLE_LAYOUTS[type]; }
+    [[nodiscard]] const puzzle_places &places() const { return PUZZLE_PLACES[type]; }
 };
 
 const puzzle_kind &puzzle_kind_of(int type);

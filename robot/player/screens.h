@@ -10,6 +10,7 @@
 #include "moments.h"
 #include "picture.h"
 #include "puzzle_kinds.h"
+#include "screens/picture_sets.h"
 
 #include <string>
 
@@ -19,10 +20,11 @@ void button_click(const picture &normal, point at); // waits for the button's ow
 
 // A button of the column at the right edge of title and study screen; `rise` is counted from the lowest, which is 1.
 struct column_button {
-    const char *folder;
-    int picture; // number of the normal one
+    const picture_set &set;
+    set_part looks;
     int rise;
 };
+const picture &column_picture(const column_button &button); // when it is left alone
 point column_place(const column_button &button);
 void column_click(const column_button &button);
 

@@ -11,14 +11,15 @@
 
 #include <string>
 
-static constexpr column_button BACK = {"study/", 1, 1}, PLAY = {"study/", 13, 2}, HELP = {"study/", 4, 3},
-                               CLEAR = {"study/", 7, 4}, FILL = {"study/", 10, 5};
+static constexpr column_button BACK = {STUDY_SET, STUDY_BACK_BUTTON, 1}, PLAY = {STUDY_SET, STUDY_PLAY_BUTTON, 2},
+                               HELP = {STUDY_SET, STUDY_HELP_BUTTON, 3}, CLEAR = {STUDY_SET, STUDY_CLEAR_BUTTON, 4},
+                               FILL = {STUDY_SET, STUDY_FILL_BUTTON, 5};
 static constexpr point BUTTON_INSIDE = {15, 15}; // from a button's corner
 static constexpr int HELP_BELOW_BOARD = 30;
 
 static void close_help(const puzzle_kind &kind) {
     const std::string text = "Click spaces on the board to place or remove pieces.";
-    const picture &board = library_picture(std::string(kind.folder) + "board/base.xpm");
+    const picture &board = library_puzzle(kind.type, PICTURE_BOARD);
     help_until_closed(text, {letters_center(text), board.height + HELP_BELOW_BOARD}, 2,
                       column_place(BACK) + BUTTON_INSIDE, moment::STUDY_HELP);
 }
@@ -30,7 +31,7 @@ static void until_missing(const std::string &what, int pieces) {
 void study_enter(const puzzle_kind &kind) {
     static bool help_shown = false; // to this player; nobody is shown it before there is a name
     pieces_open(kind, true);
-    eyes_until_seen(library_picture(PLAY.folder, PLAY.picture), column_place(PLAY));
+    eyes_until_seen(column_picture(PLAY), column_place(PLAY));
     if (!player_name().empty() && !help_shown) {
         close_help(kind);
         help_shown = true;
@@ -47,7 +48,7 @@ static void click_cell(int cell) {
 }
 
 void study_explore(const puzzle_kind &kind) {
-    const int cell = kind.columns + 2;
+    const int cell = kind.layout().cols + 2;
     click_cell(cell);
     eyes_until("an empty cell where a piece was clicked", [&] { return pieces_cell_empty(cell); });
     until_missing("all other pieces in their cells", 1);

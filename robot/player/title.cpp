@@ -13,13 +13,11 @@
 #include <array>
 #include <string>
 
-// Pictures of the title screen, by their numbers in its series.
-enum title_picture { ROWS = 2, PUZZLES = 13, HEADING = 42, MARK = 47 };
-static constexpr column_button EXIT = {"title/", 29, 1}, HELP = {"title/", 28, 2}, CREDITS = {"title/", 44, 3},
-                               STUDY = {"title/", 56, 6};
-static constexpr int CONTINUE = 7, QUIT = 11; // buttons of the splash screen
+static constexpr column_button EXIT = {TITLE_SET, TITLE_EXIT_BUTTON, 1}, HELP = {TITLE_SET, TITLE_HELP_BUTTON, 2},
+                               CREDITS = {TITLE_SET, TITLE_CREDITS_BUTTON, 3},
+                               STUDY = {TITLE_SET, TITLE_STUDY_BUTTON, 6};
 
-static constexpr int COLUMN_RIGHT = 795, COLUMN_BOTTOM = 595, COLUMN_GAP = 5;
+static constexpr int COLUMN_RIGHT = 795, COLUMN_BOTTOM = 595, BUTTON_GAP = 5;
 static constexpr int ROW_TEXT_X = 70, ROW_TEXT_Y = 148, MARK_X = 22;
 static constexpr point HEADING_AT = {30, 14}, SPLASH_BUTTON = {659, 480};
 static constexpr int PICTURE_X = 400, PICTURE_MIDDLE = 192, PICTURE_TITLE = 10;
@@ -36,20 +34,23 @@ void button_click(const picture &normal, point at) {
     hands_click(at + picture_middle(normal));
 }
 
+const picture &column_picture(const column_button &button) {
+    return library_picture(button.set, button.looks[BUTTON_LOOK_NORMAL]);
+}
+
 point column_place(const column_button &button) {
-    const picture &p = library_picture(button.folder, button.picture);
-    return {COLUMN_RIGHT - p.width, COLUMN_BOTTOM - COLUMN_GAP * (button.rise - 1) - p.height * button.rise};
+    const picture &p = column_picture(button);
+    return {COLUMN_RIGHT - p.width, COLUMN_BOTTOM - BUTTON_GAP * (button.rise - 1) - p.height * button.rise};
 }
 
 void column_click(const column_button &button) {
-    button_click(library_picture(button.folder, button.picture), column_place(button));
+    button_click(column_picture(button), column_place(button));
 }
 
 // The bubbles are deaf for their first frames. A text starts white and pulses: when it is dark they listen.
 static bool help_seen_dark(const std::string &text, point at) {
-    return std::any_of(HELP_DARK.begin(), HELP_DARK.end(), [&](int grey) {
-        return letters_seen(text, at, {grey, grey, grey});
-    });
+    return std::any_of(HELP_DARK.begin(), HELP_DARK.end(),
+                       [&](int grey) { return letters_seen(text, at, grey_of(grey)); });
 }
 
 void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at, moment seen) {
@@ -71,22 +72,22 @@ void help_until_closed(const std::string &first_text, point at, int most_clicks,
 
 // --- The list of puzzles ---------------------------------------------------------------------------------------
 
-static const picture &title_picture_of(int number) {
-    return library_picture("title/", number);
+static const picture &title_picture_of(int place) {
+    return library_picture(TITLE_SET, place);
 }
 
 static int row_top(int type) {
     return ROW_HEIGHT * puzzle_list_row(type);
 }
 
-static bool row_title_seen(int type, rgb8 color) {
-    return letters_seen(puzzle_kind_of(type).title, {ROW_TEXT_X, ROW_TEXT_Y + row_top(type)}, color);
+static bool row_title_seen(int type, rgb color) {
+    return letters_seen(puzzle_title(type), {ROW_TEXT_X, ROW_TEXT_Y + row_top(type)}, color);
 }
 
 // The row's picture as far as its text and a master's mark leave it free.
 static bool row_picture_seen(int type) {
-    const picture &row = title_picture_of(ROWS + type);
-    const int mark_end = MARK_X + title_picture_of(MARK).width - LIST_X;
+    const picture &row = title_picture_of(TITLE_ROWS[type]);
+    const int mark_end = MARK_X + title_picture_of(TITLE_MASTER_MARK).width - LIST_X;
     const picture free = picture_part(row, {mark_end, 0, ROW_TEXT_X - LIST_X - 1 - mark_end, row.height});
     return eyes_see(free, {LIST_X, LIST_TOP + row_top(type)});
 }
@@ -97,20 +98,20 @@ static bool row_seen(int type) {
         return false;
     bool seen = row_title_seen(type, LIGHT_GREY);
     for (int bright = HIGHLIGHT_FIRST; !seen && bright <= HIGHLIGHT_LAST; ++bright)
-        seen = row_title_seen(type, {bright, bright, HIGHLIGHT_BLUE});
+        seen = row_title_seen(type, {static_cast<u8>(bright), static_cast<u8>(bright), HIGHLIGHT_BLUE});
     return seen;
 }
 
 static void until_list() {
     for (int type = 0; type < PUZZLE_COUNT; ++type)
-        eyes_until(std::string("the row of ") + puzzle_kind_of(type).title, [&] { return row_seen(type); });
+        eyes_until(std::string("the row of ") + puzzle_title(type), [&] { return row_seen(type); });
 }
 
 // --- Splash ----------------------------------------------------------------------------------------------------
 
-static const picture &until_splash(int button, moment seen) {
-    const picture &normal = library_picture("splash/", button);
-    eyes_find_window(title_picture_of(HEADING), HEADING_AT);
+static const picture &until_splash(const set_part &button, moment seen) {
+    const picture &normal = library_picture(SPLASH_SET, button[BUTTON_LOOK_NORMAL]);
+    eyes_find_window(title_picture_of(TITLE_HEADING), HEADING_AT);
     until_list();
     eyes_until_seen(normal, SPLASH_BUTTON);
     moments_tell(seen);
@@ -118,12 +119,12 @@ static const picture &until_splash(int button, moment seen) {
 }
 
 void splash_leave() {
-    button_click(until_splash(CONTINUE, moment::SPLASH), SPLASH_BUTTON);
+    button_click(until_splash(SPLASH_GO_BUTTON, moment::SPLASH), SPLASH_BUTTON);
     title_await();
 }
 
 void splash_finish() {
-    hands_press_last(SPLASH_BUTTON + picture_middle(until_splash(QUIT, moment::CLOSING)));
+    hands_press_last(SPLASH_BUTTON + picture_middle(until_splash(SPLASH_QUIT_BUTTON, moment::CLOSING)));
     game_expect_exit();
 }
 
@@ -131,8 +132,8 @@ void splash_finish() {
 
 void title_await() {
     hands_move_away();
-    eyes_until_seen(title_picture_of(HEADING), HEADING_AT);
-    eyes_until_seen(library_picture(EXIT.folder, EXIT.picture), column_place(EXIT));
+    eyes_until_seen(title_picture_of(TITLE_HEADING), HEADING_AT);
+    eyes_until_seen(column_picture(EXIT), column_place(EXIT));
     until_list();
     moments_tell(moment::TITLE);
 }
@@ -146,7 +147,7 @@ void title_help() {
 }
 
 void title_credits() {
-    const picture &heading = title_picture_of(HEADING);
+    const picture &heading = title_picture_of(TITLE_HEADING);
     column_click(CREDITS);
     eyes_until_seen(heading, {window_center(heading.width), CREDITS_TOP});
     letters_until_centered("Version " TAVIMO_VERSION, VERSION_Y, LIGHT_GREY);
@@ -156,15 +157,15 @@ void title_credits() {
 }
 
 void title_select(const puzzle_kind &kind) {
-    const picture &p = title_picture_of(PUZZLES + kind.type), &row = title_picture_of(ROWS + kind.type);
+    const picture &p = title_picture_of(TITLE_PUZZLES[kind.type]), &row = title_picture_of(TITLE_ROWS[kind.type]);
     const point at = {PICTURE_X, PICTURE_MIDDLE - picture_middle(p).y};
     eyes_look();
     if (!eyes_see(p, at))
         moments_tell(moment::SELECT);
     hands_click(point{LIST_X, LIST_TOP + row_top(kind.type)} + picture_middle(row));
     eyes_until_seen(p, at);
-    letters_until(kind.title, at + point{picture_middle(p).x - (letters_width(kind.title) >> 1), -PICTURE_TITLE},
-                  LIGHT_GREY);
+    const char *title = puzzle_title(kind.type);
+    letters_until(title, at + point{picture_middle(p).x - (letters_width(title) >> 1), -PICTURE_TITLE}, LIGHT_GREY);
     moments_tell(moment::SELECTED);
 }
 

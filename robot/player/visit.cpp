@@ -11,7 +11,7 @@
 #include <string>
 
 void visit(const puzzle_kind &kind, const visit_plan &plan) {
-    robot_say(std::string("visits ") + kind.title);
+    robot_say(std::string("visits ") + puzzle_title(kind.type));
     moments_about(&kind);
     title_select(kind);
     title_study();

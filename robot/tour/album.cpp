@@ -93,7 +93,7 @@ static const stop *next_stop(moment what, const puzzle_kind *puzzle) {
 static std::string caption_of(const stop &at, const puzzle_kind *puzzle) {
     std::string caption = at.caption;
     if (const std::size_t star = caption.find('*'); star != std::string::npos)
-        caption.replace(star, 1, puzzle->title);
+        caption.replace(star, 1, puzzle_title(puzzle->type));
     return caption;
 }
 

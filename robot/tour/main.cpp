@@ -80,7 +80,7 @@ int main(int count, char **words) {
         display_open();
         hands_glide();
     } else {
-        display_start(WINDOW_WIDTH, WINDOW_HEIGHT);
+        display_start(SCREEN_WIDTH, SCREEN_HEIGHT);
     }
     game_prepare(chosen.game);
     album_open(chosen.pictures, watched ? WATCH_SECONDS : 0);

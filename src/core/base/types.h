@@ -17,7 +17,7 @@ using u64 = std::uint64_t;
 
 // A place in pixels, or the way from one to another.
 struct point {
-    i32 x, y;
+    i32 x = 0, y = 0;
     bool operator==(const point &) const = default;
 };
 constexpr point operator+(point a, point b) {
