@@ -53,9 +53,8 @@ button *add_column(ptr_array<button> *list, const image *const *set, i32 size_pi
                    std::span<const column_button> rows) {
     const i32 w = set[size_picture]->width, h = set[size_picture]->height;
     button *last = nullptr;
-    for (const column_button &row : rows) {
+    for (const column_button &row : rows)
         last = add_button(list, set, row.looks, {COLUMN_RIGHT - w, column_top(row.n, h)}, row.callback, row.arg);
-    }
     return last;
 }
 
