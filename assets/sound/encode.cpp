@@ -4,10 +4,12 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "encode.h"
 
+#include "fail.h"
+#include "files.h"
+
 #include <vorbis/vorbisenc.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <string_view>
 
 namespace sound {
@@ -87,11 +89,11 @@ void put_blocks(coder &c, std::string &out) {
     }
 }
 
-// The whole stream; empty when the coder refuses the format.
+// The whole stream.
 std::string encoded(const pcm &in, int serial) {
     coder c(serial);
     if (!c.ready)
-        return {};
+        fail("the coder refuses the format");
     std::string out;
     put_headers(c, out);
     const std::size_t frames = in.channel[0].size();
@@ -110,15 +112,9 @@ std::string encoded(const pcm &in, int serial) {
 
 } // namespace
 
-bool write_ogg(const std::string &path, const pcm &in, int serial) {
+void write_ogg(const std::filesystem::path &path, const pcm &in, int serial) {
     const std::string bytes = encoded(in, serial);
-    std::FILE *file = bytes.empty() ? nullptr : std::fopen(path.c_str(), "wb");
-    bool written = file != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-    if (file != nullptr && std::fclose(file) != 0)
-        written = false;
-    if (!written)
-        std::fprintf(stderr, "tavimo-sounds: cannot write %s\n", path.c_str());
-    return written;
+    file_write(path, {{bytes}});
 }
 
 } // namespace sound

@@ -6,12 +6,12 @@
 
 #include "pcm.h"
 
-#include <string>
+#include <filesystem>
 
 namespace sound {
 
 // Writes `in` to `path` as one Ogg Vorbis stream with the given serial number (two streams of one
-// collection should differ in it). False, with a message on stderr, when the file cannot be written.
-[[nodiscard]] bool write_ogg(const std::string &path, const pcm &in, int serial);
+// collection should differ in it). Failures are exceptions (fail.h).
+void write_ogg(const std::filesystem::path &path, const pcm &in, int serial);
 
 } // namespace sound

@@ -5,7 +5,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "encode.h"
+#include "fail.h"
 #include "shape.h"
+#include "sound/sound_bank.h"
 #include "synth.h"
 
 #include <cstdio>
@@ -158,7 +160,7 @@ constexpr note FANFARE[] = {
 // --- The fifteen sounds --------------------------------------------------------------------------
 
 struct sound_source {
-    const char *name;
+    sound_id id;
     std::span<const note> notes;
     std::span<const noise> noises;
     double seconds;  // length of the file
@@ -169,66 +171,62 @@ struct sound_source {
 // Small frequent sounds stay behind, rare ones may step forward.
 // clang-format off
 constexpr sound_source SOUNDS[] = {
-    // name               notes         noises        s    fade  loudness
-    {"board_slide",       {},           BOARD_SLIDE, 0.30, 0.08, -21},
-    {"piece_disappear",   POP,          POP_AIR,     0.40, 0.15, -17},
-    {"piece_return",      PIECE_RETURN, {},          0.45, 0.18, -15},
-    {"score_show",        CHIME,        {},          0.50, 0.35, -18},
-    {"puzzle_complete",   FANFARE,      {},          2.50, 0.60, -13},
-    {"click",             CLICK,        {},          0.08, 0.05, -20},
-    {"incorrect_number",  NOT_YET,      {},          0.50, 0.20, -18},
-    {"piece_emerge",      PIECE_EMERGE, {},          0.45, 0.20, -15},
-    {"piece_place1",      PLACE_C5,     THUD,        0.40, 0.20, -15},
-    {"piece_place2",      PLACE_D5,     THUD,        0.40, 0.20, -15},
-    {"piece_place3",      PLACE_E5,     THUD,        0.40, 0.20, -15},
-    {"piece_place4",      PLACE_G5,     THUD,        0.40, 0.20, -15},
-    {"piece_place5",      PLACE_A5,     THUD,        0.40, 0.20, -15},
-    {"piece_place6",      PLACE_C6,     THUD,        0.40, 0.20, -15},
-    {"score_log",         HARP_RUN,     {},          1.00, 0.40, -15},
+    // id                               notes         noises       s     fade  loudness
+    {SOUND_BOARD_SLIDE,                 {},           BOARD_SLIDE, 0.30, 0.08, -21},
+    {SOUND_PIECE_DISAPPEAR,             POP,          POP_AIR,     0.40, 0.15, -17},
+    {SOUND_PIECE_RETURN,                PIECE_RETURN, {},          0.45, 0.18, -15},
+    {SOUND_SCORE_SHOW,                  CHIME,        {},          0.50, 0.35, -18},
+    {SOUND_PUZZLE_COMPLETE,             FANFARE,      {},          2.50, 0.60, -13},
+    {SOUND_CLICK,                       CLICK,        {},          0.08, 0.05, -20},
+    {SOUND_INCORRECT_NUMBER,            NOT_YET,      {},          0.50, 0.20, -18},
+    {SOUND_PIECE_EMERGE,                PIECE_EMERGE, {},          0.45, 0.20, -15},
+    {SOUND_PIECE_PLACE_1,               PLACE_C5,     THUD,        0.40, 0.20, -15},
+    {sound_id{SOUND_PIECE_PLACE_1 + 1}, PLACE_D5,     THUD,        0.40, 0.20, -15},
+    {sound_id{SOUND_PIECE_PLACE_1 + 2}, PLACE_E5,     THUD,        0.40, 0.20, -15},
+    {sound_id{SOUND_PIECE_PLACE_1 + 3}, PLACE_G5,     THUD,        0.40, 0.20, -15},
+    {sound_id{SOUND_PIECE_PLACE_1 + 4}, PLACE_A5,     THUD,        0.40, 0.20, -15},
+    {SOUND_PIECE_PLACE_6,               PLACE_C6,     THUD,        0.40, 0.20, -15},
+    {SOUND_SCORE_LOG,                   HARP_RUN,     {},          1.00, 0.40, -15},
 };
 // clang-format on
-static_assert(std::size(SOUNDS) == 15, "the game plays fifteen sounds");
+
+constexpr bool every_sound_in_its_place() {
+    for (int i = 0; i < SOUND_COUNT; ++i)
+        if (SOUNDS[i].id != i)
+            return false;
+    return std::size(SOUNDS) == SOUND_COUNT;
+}
+static_assert(every_sound_in_its_place());
 
 // Renders one sound; the instruments may start a little late, so a little more is played than needed.
-std::optional<sound::pcm> render(const std::string &bank_file, const sound_source &source) {
+sound::pcm render(const std::string &bank_file, const sound_source &source) {
     constexpr double SPARE = 0.1; // seconds
-    std::optional<sound::pcm> out = sound::play(bank_file, source.notes, sound::frames_of(source.seconds + SPARE));
-    if (!out)
-        return out;
+    sound::pcm out = sound::play(bank_file, source.notes, sound::frames_of(source.seconds + SPARE));
     std::uint64_t seed = 0; // the same for all sounds, so that those which share a noise are alike
     for (const noise &layer : source.noises)
-        sound::add_noise(*out, layer, seed++);
-    sound::cut_and_fade(*out, source.seconds, source.fade);
-    const double reached = sound::set_loudness(*out, source.loudness);
-    std::printf("ogg/%s.ogg: %.2f s, %.1f LUFS\n", source.name, source.seconds, reached);
+        sound::add_noise(out, layer, seed++);
+    sound::cut_and_fade(out, source.seconds, source.fade);
+    const double reached = sound::set_loudness(out, source.loudness);
+    std::printf("%s%s: %.2f s, %.1f LUFS\n", SOUND_FOLDER, SOUND_TABLE[source.id].name, source.seconds, reached);
     return out;
 }
 
-// Makes all sounds in `folder`; false when one of them fails.
-bool make_sounds(const std::string &bank_file, const std::filesystem::path &folder) {
-    int serial = 0;
-    for (const sound_source &source : SOUNDS) {
-        ++serial;
-        const std::optional<sound::pcm> out = render(bank_file, source);
-        if (!out || !sound::write_ogg(folder / (std::string(source.name) + ".ogg"), *out, serial))
-            return false;
+int run(int argc, char **argv) {
+    if (argc != 2 && argc != 3) {
+        std::fprintf(stderr, "usage: tavimo-sounds DIR [BANK]\n");
+        return 2;
     }
-    return true;
+    const std::filesystem::path folder = std::filesystem::path(argv[1]) / SOUND_FOLDER;
+    std::filesystem::create_directories(folder);
+    int serial = 0;
+    for (const sound_source &source : SOUNDS)
+        sound::write_ogg(folder / SOUND_TABLE[source.id].name, render(argc == 3 ? argv[2] : TAVIMO_SOUND_BANK, source),
+                         ++serial);
+    return 0;
 }
 
 } // namespace
 
 int main(int argc, char **argv) {
-    if (argc != 2 && argc != 3) {
-        std::fprintf(stderr, "usage: tavimo-sounds DIR [BANK]\n");
-        return 2;
-    }
-    const std::filesystem::path folder = std::filesystem::path(argv[1]) / "ogg";
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (error) {
-        std::fprintf(stderr, "tavimo-sounds: cannot make %s: %s\n", folder.c_str(), error.message().c_str());
-        return 1;
-    }
-    return make_sounds(argc == 3 ? argv[2] : TAVIMO_SOUND_BANK, folder) ? 0 : 1;
+    return exit_code_of("tavimo-sounds", [=] { return run(argc, argv); });
 }

@@ -5,10 +5,11 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "synth.h"
 
+#include "fail.h"
+
 #include <fluidsynth.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 
@@ -64,15 +65,11 @@ struct player {
     int bank_id = 0;
 };
 
-// A silent player; none when the file is missing or is not a sound bank.
-std::optional<player> make_player(const std::string &bank_file) {
-    if (!std::filesystem::exists(bank_file)) {
-        std::fprintf(stderr,
-                     "tavimo-sounds: there is no sound bank %s (Debian: musescore-general-soundfont-small); "
-                     "another one can be named after the folder\n",
-                     bank_file.c_str());
-        return std::nullopt;
-    }
+// A silent player.
+player make_player(const std::string &bank_file) {
+    if (!std::filesystem::exists(bank_file))
+        fail("there is no sound bank " + bank_file +
+             " (Debian: musescore-general-soundfont-small); another one can be named after the folder");
     quieten_library();
     player p;
     p.settings.reset(new_fluid_settings());
@@ -80,26 +77,21 @@ std::optional<player> make_player(const std::string &bank_file) {
     p.synth.reset(new_fluid_synth(p.settings.get()));
     if (p.synth)
         p.bank_id = fluid_synth_sfload(p.synth.get(), bank_file.c_str(), 0);
-    if (!p.synth || p.bank_id == FLUID_FAILED) {
-        std::fprintf(stderr, "tavimo-sounds: the sound bank %s cannot be used\n", bank_file.c_str());
-        return std::nullopt;
-    }
+    if (!p.synth || p.bank_id == FLUID_FAILED)
+        fail("the sound bank " + bank_file + " cannot be used");
     fluid_synth_set_interp_method(p.synth.get(), -1, FLUID_INTERP_7THORDER);
     return p;
 }
 
 // Readies channel `channel` for its note: instrument, place and bend range.
-bool prepare_channel(const player &p, int channel, const note &n) {
+void prepare_channel(const player &p, int channel, const note &n) {
     fluid_synth_t *synth = p.synth.get();
     const auto [bank, program] = n.played_on;
-    if (fluid_synth_program_select(synth, channel, p.bank_id, bank, program) == FLUID_FAILED) {
-        std::fprintf(stderr, "tavimo-sounds: the sound bank has no instrument %d in bank %d\n", program, bank);
-        return false;
-    }
+    if (fluid_synth_program_select(synth, channel, p.bank_id, bank, program) == FLUID_FAILED)
+        fail("the sound bank has no instrument " + std::to_string(program) + " in bank " + std::to_string(bank));
     const int pan = CONTROL_CENTRE + static_cast<int>(std::lround(n.pan * CONTROL_HALF_RANGE));
     fluid_synth_cc(synth, channel, CONTROL_PAN, pan);
     fluid_synth_pitch_wheel_sens(synth, channel, BEND_RANGE);
-    return true;
 }
 
 // Presses, bends and releases the key of one note for the block that begins at `frame`.
@@ -124,26 +116,20 @@ void play_block(const player &p, int channel, const note &n, std::size_t frame) 
 
 } // namespace
 
-std::optional<pcm> play(const std::string &bank_file, std::span<const note> notes, std::size_t frames) {
-    if (notes.size() > MIDI_CHANNELS) {
-        std::fprintf(stderr, "tavimo-sounds: more than %d notes in one sound\n", MIDI_CHANNELS);
-        return std::nullopt;
-    }
-    const std::optional<player> p = make_player(bank_file);
-    if (!p)
-        return std::nullopt;
-    for (std::size_t i = 0; i < notes.size(); ++i) {
-        if (!prepare_channel(*p, static_cast<int>(i), notes[i]))
-            return std::nullopt;
-    }
+pcm play(const std::string &bank_file, std::span<const note> notes, std::size_t frames) {
+    if (notes.size() > MIDI_CHANNELS)
+        fail("more than " + std::to_string(MIDI_CHANNELS) + " notes in one sound");
+    const player p = make_player(bank_file);
+    for (std::size_t i = 0; i < notes.size(); ++i)
+        prepare_channel(p, static_cast<int>(i), notes[i]);
     const std::size_t blocks = (frames + BLOCK - 1) / BLOCK;
     pcm out;
     for (std::vector<float> &samples : out.channel)
         samples.resize(blocks * BLOCK);
     for (std::size_t frame = 0; frame < blocks * BLOCK; frame += BLOCK) {
         for (std::size_t i = 0; i < notes.size(); ++i)
-            play_block(*p, static_cast<int>(i), notes[i], frame);
-        fluid_synth_write_float(p->synth.get(), BLOCK, out.channel[0].data() + frame, 0, 1,
+            play_block(p, static_cast<int>(i), notes[i], frame);
+        fluid_synth_write_float(p.synth.get(), BLOCK, out.channel[0].data() + frame, 0, 1,
                                 out.channel[1].data() + frame, 0, 1);
     }
     return out;

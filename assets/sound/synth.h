@@ -10,7 +10,6 @@
 
 #include "pcm.h"
 
-#include <optional>
 #include <span>
 #include <string>
 
@@ -33,9 +32,9 @@ struct note {
     bool damped = false; // dies away while the key is held, whatever the instrument does
 };
 
-// The notes played together from silence, at least `frames` long, on the bank in `bank_file`. None when
-// the file is missing or is not a sound bank, when the bank lacks an instrument, or when there are
-// more notes than channels.
-[[nodiscard]] std::optional<pcm> play(const std::string &bank_file, std::span<const note> notes, std::size_t frames);
+// The notes played together from silence, at least `frames` long, on the bank in `bank_file`. Fails (fail.h) when the
+// file is missing or is not a sound bank, when the bank lacks an instrument, or when there are more notes than
+// channels.
+pcm play(const std::string &bank_file, std::span<const note> notes, std::size_t frames);
 
 } // namespace sound
