@@ -4,6 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "persist/best_times.h"
 
+#include "core/base/dates.h"
 #include "core/base/puzzle_info.h"
 #include "core/base/strings.h"
 #include "persist/best_times_table.h"
@@ -13,17 +14,15 @@
 static constexpr const char *DEFAULT_MASTERS[] = {"The Master", "Master 2", "Master 3"};
 static_assert(std::size(DEFAULT_MASTERS) == MASTER_PLACES);
 
-best_times_table best_times = {};
-
 // --- life ----------------------------------------------------------------------------------------
 
-void score_entry_free(score_entry *entry) {
+static void score_entry_free(score_entry *entry) {
     std::free(entry->date);
     std::free(entry->name);
     std::free(entry);
 }
 
-void player_record_free(player_record *player) {
+static void player_record_free(player_record *player) {
     std::free(player->name);
     std::free(player);
 }
@@ -131,11 +130,10 @@ static void log_run(ptr_array<score_entry> *log, const char *name, i32 seconds) 
         return;
     }
     entry->seconds = seconds;
-    date_stamp(&entry->date); // logs its own failure
-    const bool named = string_set(&entry->name, name) >= 0;
+    const bool named = string_set(&entry->date, date_stamp().text) >= 0 && string_set(&entry->name, name) >= 0;
     if (!named)
         log_out_of_memory();
-    if (!named || entry->date == nullptr || ptr_array_prepend(log, entry) < 0)
+    if (!named || ptr_array_prepend(log, entry) < 0)
         score_entry_free(entry);
 }
 

@@ -4,13 +4,12 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "core/base/log.h"
 
-#include "core/base/strings.h"
+#include "core/base/dates.h"
 #include "platform/platform.h"
 
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 static constexpr std::size_t FILE_NAME_SIZE = 128; // bytes, with the terminator
@@ -55,11 +54,8 @@ void log_error(const char *format, ...) {
 }
 
 void log_errno(const char *what) {
-    const int reason = errno; // making the time text may change it
-    char *now = nullptr;
-    log_timestamp(&now);
-    log_error("%s %s - %s\n", now != nullptr ? now : "", what, std::strerror(reason));
-    std::free(now);
+    const int reason = errno; // asking for the time may change it
+    log_error("%s %s - %s\n", log_timestamp().text, what, std::strerror(reason));
 }
 
 void log_out_of_memory() {

@@ -1,4 +1,4 @@
-// strings.cpp: owned strings, dates and hexadecimal digits.
+// strings.cpp: owned strings and hexadecimal digits.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -10,12 +10,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
-#include <iterator>
 
-static constexpr std::size_t PRINT_STEP = 2048;              // bytes a formatted string grows by
-static constexpr std::size_t PRINT_LIMIT = 2097152;          // 2 MiB, the largest block tried
-static constexpr int TM_YEAR_BASE = 1900, TM_MONTH_BASE = 1; // what struct tm leaves out
+static constexpr std::size_t PRINT_STEP = 2048;     // bytes a formatted string grows by
+static constexpr std::size_t PRINT_LIMIT = 2097152; // 2 MiB, the largest block tried
 static_assert(PRINT_LIMIT % PRINT_STEP == 0, "growth ends exactly at the limit");
 
 i32 string_set(char **target, const char *source) {
@@ -87,30 +84,4 @@ void string_shift(char *text, i32 k) {
 
 char char_upper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-const char *month_abbrev(i32 month) {
-    static constexpr const char *NAMES[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                            "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    return month >= 0 && month < static_cast<i32>(std::size(NAMES)) ? NAMES[month] : nullptr;
-}
-
-static std::tm local_now() {
-    const std::time_t now = std::time(nullptr);
-    std::tm parts = {};
-    localtime_r(&now, &parts); // stays zeroed should the zone data be unusable
-    return parts;
-}
-
-void log_timestamp(char **target) {
-    constexpr long zone = 0; // hours; always written as +0000
-    const std::tm now = local_now();
-    string_printf(target, "%.2d/%s/%.4d %.2d:%.2d:%.2d %+.2ld00", now.tm_mday, month_abbrev(now.tm_mon),
-                  now.tm_year + TM_YEAR_BASE, now.tm_hour, now.tm_min, now.tm_sec, zone);
-}
-
-void date_stamp(char **target) {
-    const std::tm now = local_now();
-    string_printf(target, "%.4d-%.2d-%.2d %.2d:%.2d", now.tm_year + TM_YEAR_BASE, now.tm_mon + TM_MONTH_BASE,
-                  now.tm_mday, now.tm_hour, now.tm_min);
 }

@@ -1,7 +1,7 @@
-// strings.h: owned strings, dates and hexadecimal digits.
+// strings.h: owned strings and hexadecimal digits.
 //
-// Nothing is kept between calls, so any thread may call. Out of memory is -1; string_printf and the dates log it,
-// string_set leaves that to its caller. Who owns a target frees it.
+// Nothing is kept between calls, so any thread may call. Out of memory is -1; string_printf logs it, string_set
+// leaves that to its caller. Who owns a target frees it.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -21,10 +21,7 @@ i32 string_printf(char **target, const char *format, ...) __attribute__((format(
 // Adds k modulo 256 to every byte up to the terminator (128 and -128 undo each other). Accepts null.
 void string_shift(char *text, i32 k);
 
-char char_upper(char c);             // 'a'..'z' to 'A'..'Z', all else unchanged
-const char *month_abbrev(i32 month); // "Jan" .. "Dec" for 0..11, else null
-void log_timestamp(char **target);   // local time such as 07/Mar/2004 14:05:09 +0000
-void date_stamp(char **target);      // local time such as 2004-03-07 14:05
+char char_upper(char c); // 'a'..'z' to 'A'..'Z', all else unchanged
 
 // Hexadecimal digits by character; others count as 0.
 inline constexpr auto HEX_DIGITS = [] {
