@@ -1,4 +1,4 @@
-// best_times.h: best times, run logs and player records, and the file that keeps them.
+// best_times.h: best times, run logs and player records.
 //
 // Main thread. The module owns the one table and all in it; what it hands out is borrowed until the next call that
 // changes the table. What memory is short for is logged and left out.
@@ -35,8 +35,6 @@ struct player_record {
 i32 best_times_create();   // empty tables; 1, or -1 when out of memory
 void best_times_destroy(); // safe when none was made
 void best_times_reset();   // clears the logs, installs the default Master places; players stay
-i32 best_times_load();     // 1, or -1 when there is no file (the defaults are then in place)
-i32 best_times_save();     // 1, or -1 (logged)
 void best_times_record(i32 puzzle, const char *name, i32 seconds); // a completed run; ignored outside 0..10
 puzzle_scores *best_times_for_puzzle(i32 puzzle);                  // borrowed; null outside 0..10
 

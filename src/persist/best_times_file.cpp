@@ -3,6 +3,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "persist/best_times_file.h"
+
 #include "core/base/strings.h"
 #include "persist/best_times_table.h"
 #include "persist/stored_file.h"

@@ -12,13 +12,9 @@ struct best_times_table {
     ptr_array<player_record> *players; // owned; null while there is no table
     bool damaged;                      // the file on the disk holds something that could not be read
 };
-extern best_times_table best_times;
+inline best_times_table best_times = {};
 
 // False before best_times_create and after best_times_destroy.
 inline bool best_times_exist() {
     return best_times.players != nullptr;
 }
-
-// For the lists of the table; neither accepts null.
-void score_entry_free(score_entry *entry);
-void player_record_free(player_record *player);

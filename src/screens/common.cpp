@@ -5,8 +5,8 @@
 #include "screens/common.h"
 
 #include "core/base/app_state.h"
-#include "core/base/screen_id.h"
 #include "core/base/settings.h"
+#include "core/ui/screen.h"
 #include "graphics/text.h"
 #include "input/input.h"
 #include "persist/best_times.h"

@@ -4,7 +4,7 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "screens/credits.h"
 
-#include "core/base/screen_id.h"
+#include "core/ui/screen.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/input.h"

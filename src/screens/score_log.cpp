@@ -5,7 +5,7 @@
 #include "screens/score_log.h"
 
 #include "core/base/puzzle_info.h"
-#include "core/base/screen_id.h"
+#include "core/ui/screen.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/cursor.h"

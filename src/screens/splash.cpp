@@ -6,7 +6,7 @@
 
 #include "core/base/app_state.h"
 #include "core/base/puzzle_info.h"
-#include "core/base/screen_id.h"
+#include "core/ui/screen.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/cursor.h"

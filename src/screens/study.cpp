@@ -5,9 +5,9 @@
 #include "screens/study.h"
 
 #include "core/base/app_state.h"
-#include "core/base/screen_id.h"
 #include "core/base/strings.h"
 #include "core/ui/help.h"
+#include "core/ui/screen.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/cursor.h"

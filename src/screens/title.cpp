@@ -6,9 +6,9 @@
 
 #include "core/base/app_state.h"
 #include "core/base/puzzle_info.h"
-#include "core/base/screen_id.h"
 #include "core/base/settings.h"
 #include "core/ui/help.h"
+#include "core/ui/screen.h"
 #include "graphics/draw_list.h"
 #include "graphics/text.h"
 #include "input/cursor.h"

@@ -8,6 +8,7 @@
 #include "core/base/settings.h"
 #include "core/base/strings.h"
 #include "persist/best_times.h"
+#include "persist/best_times_file.h"
 #include "persist/prefs.h"
 #include "platform/platform.h"
 #include "resources/archive.h"

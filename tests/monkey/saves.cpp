@@ -10,6 +10,7 @@
 #include "core/ui/screen.h"
 #include "monkey/monkey.h"
 #include "persist/best_times.h"
+#include "persist/best_times_file.h"
 #include "persist/prefs.h"
 
 #include <SDL.h>

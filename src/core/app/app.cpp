@@ -16,6 +16,7 @@
 #include "input/cursor.h"
 #include "input/input.h"
 #include "persist/best_times.h"
+#include "persist/best_times_file.h"
 #include "persist/prefs.h"
 #include "platform/platform.h"
 #include "puzzles/background.h"

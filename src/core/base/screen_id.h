@@ -1,4 +1,4 @@
-// screen_id.h: the seven screens, and asking for one of them. The change happens at the end of the frame.
+// screen_id.h: the seven screens.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -17,6 +17,3 @@ enum screen_id : i32 {
     SCREEN_SPLASH,
     SCREEN_COUNT
 };
-
-// The last request of a frame wins; a request for the current screen does nothing. Main thread.
-void screen_request(screen_id id);

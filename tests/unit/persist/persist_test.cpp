@@ -7,6 +7,7 @@
 #include "core/base/puzzle_info.h"
 #include "core/base/settings.h"
 #include "persist/best_times.h"
+#include "persist/best_times_file.h"
 #include "persist/prefs.h"
 #include "support/stored_files.h"
 
