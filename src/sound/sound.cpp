@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
+#include <iterator>
 
 namespace {
 
@@ -124,17 +125,16 @@ void make_way(i32 number) {
             sound_channel_stop(&channel);
 }
 
-// False when all channels are busy. A sound that cannot be had leaves its channel free.
-bool start(i32 number) {
-    make_way(number);
-    for (sound_channel &channel : mixer.channels) {
-        if (sound_channel_active(&channel))
-            continue;
-        const sound_file *file = sound_bank_get(number);
-        static_cast<void>(file != nullptr && sound_channel_start(&channel, number, file));
-        return true;
-    }
-    return false;
+// Null when all are busy.
+sound_channel *free_channel() {
+    auto *channel = std::ranges::find_if_not(mixer.channels, [](const auto &c) { return sound_channel_active(&c); });
+    return channel != std::end(mixer.channels) ? channel : nullptr;
+}
+
+// A sound that cannot be had leaves the channel free.
+void start(sound_channel *channel, i32 number) {
+    const sound_file *file = sound_bank_get(number);
+    static_cast<void>(file != nullptr && sound_channel_start(channel, number, file));
 }
 
 void keep_supplied(sound_channel *channel) {
@@ -151,9 +151,13 @@ void sound_update() {
     if (!enabled)
         return;
     const audio_lock guards_channels;
-    for (i32 i = 0; i < requests.count; ++i)
-        if (!start(requests.numbers[i]))
+    for (i32 i = 0; i < requests.count; ++i) {
+        make_way(requests.numbers[i]);
+        sound_channel *channel = free_channel();
+        if (channel == nullptr)
             break; // what was asked for later is dropped, too
+        start(channel, requests.numbers[i]);
+    }
     requests.count = 0;
     for (sound_channel &channel : mixer.channels)
         if (sound_channel_active(&channel))
