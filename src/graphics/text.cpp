@@ -13,7 +13,7 @@
 static constexpr i32 GLYPH_GAP = 1;        // pixels between two glyphs
 static constexpr i32 BOX_MARGIN = 2;       // pixels from the text to the edge of its box
 static constexpr i32 ERASE_OVERLAP = 1;    // rows that erasing reaches below the text or its box
-static constexpr i32 LINE_LIMIT = 1 << 20; // pixels, wider than any line; bounds what wrapping carries on
+static constexpr i32 LINE_LIMIT = 1 << 20; // pixels, wider than any line; where nothing fits, wrapping would double up
 static constexpr u32 TEXT_BOXED = TEXT_DARKEN | TEXT_DARKEN_TWICE | TEXT_BLACK_BOX;
 static constexpr u32 TEXT_MEASURED = TEXT_CENTER_X | TEXT_CENTER_Y | TEXT_BOXED | TEXT_TRANSIENT;
 

@@ -30,8 +30,7 @@ const u8 *buffer_peek(const buffer *b, i32 *n);      // bytes from pos to size, 
 
 // --- ptr_array: an ordered list of pointers ------------------------------------------------------
 
-// A slot may be null after ptr_array_remove; the compact functions take the nulls out. Walking stops at
-// the first null, so compact before walking.
+// A slot may be null after ptr_array_remove; the compact functions take the nulls out, range-for passes over them.
 template <class T> struct ptr_array {
     T **items; // owned block, null while empty
     i32 count;
@@ -73,14 +72,18 @@ template <class T> T *ptr_array_prev(const ptr_array<T> *array, i32 *cursor) {
     return *cursor >= 0 ? array->items[(*cursor)--] : nullptr;
 }
 
-// Range-for over the items up to the first null.
+// Range-for over the items.
 template <class T> struct ptr_array_range {
     struct iterator {
         const ptr_array<T> *array;
         i32 at;
         T *operator*() const { return array->items[at]; }
         void operator++() { ++at; }
-        bool operator!=(int) const { return at < array->count && array->items[at] != nullptr; }
+        bool operator!=(int) { // passes over holes on the way
+            while (at < array->count && array->items[at] == nullptr)
+                ++at;
+            return at < array->count;
+        }
     };
     const ptr_array<T> *array;
     iterator begin() const { return {array, 0}; }
@@ -91,7 +94,7 @@ template <class T> ptr_array_range<T> each(const ptr_array<T> *array) {
     return {array};
 }
 
-// Frees the items up to the first null, and the slots.
+// Frees the items and the slots.
 template <class T> void ptr_array_clear(ptr_array<T> *array) {
     if (array->free_item != nullptr)
         for (T *item : each(array))
@@ -116,7 +119,7 @@ template <class T> bool ptr_array_reserve_slot(ptr_array<T> *array) {
     const auto slots = static_cast<std::size_t>(array->count) + 1;
     auto *items = static_cast<T **>(std::realloc(array->items, slots * sizeof(T *)));
     if (items == nullptr) {
-        log_error("%s: out of memory\n", "");
+        log_error("%s: out of memory\n", ""); // a list has no name to give
         return false;
     }
     array->items = items;
