@@ -4,6 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "puzzles/background.h"
 
+#include "puzzles/puzzle_pictures.h"
+
 #include <cstdio>
 
 namespace {
@@ -32,7 +34,7 @@ i32 background_load() {
     board_free_background();
     if (background_wanted >= 0) {
         char name[NAME_SIZE];
-        std::snprintf(name, sizeof name, "bg/%.3i.xpm", background_wanted);
+        std::snprintf(name, sizeof name, "%s%.3i.xpm", BACKGROUND_SET.prefix, background_wanted);
         picture = image_load(name);
         if (picture == nullptr)
             return -1;
