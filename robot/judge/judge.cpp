@@ -45,7 +45,7 @@ static steady::time_point first_move, first_held, last_taken;
 static bool any_held;
 static std::optional<run_span> completed; // and not yet seen in the score log
 
-static std::vector<color565> before_answer; // what was seen
+static std::vector<colour565> before_answer; // what was seen
 
 static double seconds_between(steady::time_point from, steady::time_point to) {
     return std::chrono::duration<double>(to - from).count();
@@ -83,7 +83,7 @@ static std::string wrapped(std::string text, int width) {
 
 static void check_study(const puzzle_kind &kind) {
     const std::string text = library_bytes("txt/study" + std::to_string(kind.type) + ".txt");
-    letters_until_centered(wrapped(text, STUDY_TEXT_WIDTH), STUDY_TEXT_Y, NAVY);
+    letters_until_centred(wrapped(text, STUDY_TEXT_WIDTH), STUDY_TEXT_Y, NAVY);
     records_study_seen();
 }
 

@@ -21,8 +21,8 @@ struct digit_shape {
     char digit; // as it should be
 };
 
-static int green(color565 color) {
-    return color >> 5 & 0x3F;
+static int green(colour565 colour) {
+    return colour >> 5 & 0x3F;
 }
 
 // How bright the label is there.

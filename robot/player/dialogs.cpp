@@ -30,13 +30,13 @@ static const picture &button(const set_part &looks) {
 }
 
 static void await(const std::string &title) {
-    letters_until_centered(title, TITLE_Y, WHITE);
+    letters_until_centred(title, TITLE_Y, WHITE);
 }
 
 void dialog_answer(const std::string &question, bool yes, moment seen) {
     await(question);
     hands_move_away();
-    const int width = button(YES).width, x = window_center(2 * width + ANSWER_GAP);
+    const int width = button(YES).width, x = window_centre(2 * width + ANSWER_GAP);
     const point yes_at = {x, ANSWER_Y}, no_at = {x + width + ANSWER_GAP, ANSWER_Y};
     eyes_until_seen(button(YES), yes_at);
     eyes_until_seen(button(NO), no_at);
@@ -48,7 +48,7 @@ void dialog_answer(const std::string &question, bool yes, moment seen) {
 }
 
 static point ok_at(int y) {
-    return {window_center(button(OK).width), y};
+    return {window_centre(button(OK).width), y};
 }
 
 void dialog_name() {
@@ -59,7 +59,7 @@ void dialog_name() {
         name = PLAYER;
         hands_type(name);
     }
-    letters_until_centered(name, FIRST_LINE_Y, YELLOW);
+    letters_until_centred(name, FIRST_LINE_Y, YELLOW);
     moments_tell(moment::NAME);
     button_click(button(OK), ok_at(NAME_OK_Y));
 }
@@ -70,13 +70,13 @@ void completion_await() {
 
 bool completion_praised() {
     const std::string praise = "You have achieved a Master's score!";
-    return letters_seen(praise, {letters_center(praise), SECOND_LINE_Y}, YELLOW);
+    return letters_seen(praise, {letters_centre(praise), SECOND_LINE_Y}, YELLOW);
 }
 
 void completion_confirm(const puzzle_kind &kind) {
     hands_move_away();
-    letters_until_centered(std::string("You have completed the ") + puzzle_title(kind.type) + " puzzle.", FIRST_LINE_Y,
-                           YELLOW);
+    letters_until_centred(std::string("You have completed the ") + puzzle_title(kind.type) + " puzzle.", FIRST_LINE_Y,
+                          YELLOW);
     point at;
     eyes_until("the OK button below what the dialog says", [&] {
         at = ok_at(completion_praised() ? PRAISED_OK_Y : PLAIN_OK_Y);

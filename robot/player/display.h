@@ -16,7 +16,7 @@
 #include <vector>
 
 // The left end of what stands in the window's middle.
-constexpr int window_center(int width) {
+constexpr int window_centre(int width) {
     return (SCREEN_WIDTH - width) >> 1;
 }
 

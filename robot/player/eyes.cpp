@@ -17,14 +17,14 @@ static constexpr auto PAUSE = std::chrono::milliseconds(3);   // between two loo
 static constexpr auto STILL = std::chrono::milliseconds(150); // longer than a slow game's frame
 static constexpr int GONE_VIEWS = 4;                          // views without a thing before it counts as gone
 
-static std::vector<color565> now = std::vector<color565>(SCREEN_WIDTH * SCREEN_HEIGHT); // what is seen
+static std::vector<colour565> now = std::vector<colour565>(SCREEN_WIDTH * SCREEN_HEIGHT); // what is seen
 static rect covered;
 static std::function<std::string()> alarm_check;
 
 void eyes_look() {
     const auto shown = display_grab();
     std::transform(shown.begin(), shown.end(), now.begin(), [](std::uint32_t c) {
-        return static_cast<color565>((c >> 8 & 0xF800) | (c >> 5 & 0x07E0) | (c >> 3 & 0x001F));
+        return static_cast<colour565>((c >> 8 & 0xF800) | (c >> 5 & 0x07E0) | (c >> 3 & 0x001F));
     });
 }
 
@@ -41,8 +41,8 @@ static int judge(const picture &p, int index, point corner) {
     const point at = corner + point{index % p.width, index / p.width};
     if (!rect_holds(WHOLE_SCREEN, at) || rect_holds(covered, at))
         return -1;
-    const color565 seen = now[static_cast<std::size_t>(at.y * SCREEN_WIDTH + at.x)];
-    return color_close(seen, p.pixels[static_cast<std::size_t>(index)]) ? 1 : 0;
+    const colour565 seen = now[static_cast<std::size_t>(at.y * SCREEN_WIDTH + at.x)];
+    return colour_close(seen, p.pixels[static_cast<std::size_t>(index)]) ? 1 : 0;
 }
 
 bool eyes_see(const picture &p, point at) {
@@ -122,8 +122,8 @@ void eyes_find_window(const picture &p, point at) {
     });
 }
 
-std::vector<color565> eyes_copy(const rect &part) {
-    std::vector<color565> copy;
+std::vector<colour565> eyes_copy(const rect &part) {
+    std::vector<colour565> copy;
     for (int y = part.y; y < part.y + part.h; ++y)
         for (int x = part.x; x < part.x + part.w; ++x)
             copy.push_back(now[static_cast<std::size_t>(y * SCREEN_WIDTH + x)]);
@@ -131,10 +131,10 @@ std::vector<color565> eyes_copy(const rect &part) {
 }
 
 void eyes_until_still(const std::string &what, const rect &part) {
-    std::vector<color565> before;
+    std::vector<colour565> before;
     auto since = steady::now();
     eyes_until(what + " at rest", [&] {
-        std::vector<color565> seen = eyes_copy(part);
+        std::vector<colour565> seen = eyes_copy(part);
         if (seen != before) {
             before = std::move(seen);
             since = steady::now();

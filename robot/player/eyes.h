@@ -28,7 +28,7 @@ void eyes_find_window(const picture &p, point at); // where on the display this 
 // Looks until it does not hold for several views in a row, so that a picture caught half drawn does not count.
 void eyes_until_not(const std::string &what, const std::function<bool()> &holds);
 
-std::vector<color565> eyes_copy(const rect &part);                // what is there now
+std::vector<colour565> eyes_copy(const rect &part);               // what is there now
 void eyes_until_still(const std::string &what, const rect &part); // nothing moves there for a while
 
 // A check that runs while waiting; it returns what went wrong, or nothing.

@@ -61,8 +61,8 @@ int letters_width(const std::string &text) {
     return width;
 }
 
-int letters_center(const std::string &text) {
-    return window_center(letters_width(text));
+int letters_centre(const std::string &text) {
+    return window_centre(letters_width(text));
 }
 
 static u8 dimmed(int level, int by) {
@@ -70,9 +70,9 @@ static u8 dimmed(int level, int by) {
 }
 
 // The text's picture in this colour, its first reference line at ASCENT; made once.
-static const picture &colored(const std::string &text, rgb color) {
+static const picture &coloured(const std::string &text, rgb colour) {
     static std::map<std::tuple<std::string, int, int, int>, picture> made;
-    const auto [found, is_new] = made.try_emplace({text, color.r, color.g, color.b});
+    const auto [found, is_new] = made.try_emplace({text, colour.r, colour.g, colour.b});
     if (!is_new)
         return found->second;
     std::vector<picture_layer> letters = lay_out(text);
@@ -82,16 +82,16 @@ static const picture &colored(const std::string &text, rgb color) {
         bottom = std::max(bottom, at.y + shape->height);
     }
     picture p = picture_collage(picture_empty(letters_width(text), bottom), letters);
-    for (color565 &pixel : p.pixels) {
+    for (colour565 &pixel : p.pixels) {
         const rgb from = pixel16::to_rgb(pixel);
-        pixel = pixel16::from_rgb({dimmed(from.r, color.r), dimmed(from.g, color.g), dimmed(from.b, color.b)});
+        pixel = pixel16::from_rgb({dimmed(from.r, colour.r), dimmed(from.g, colour.g), dimmed(from.b, colour.b)});
     }
     return found->second = p;
 }
 
-bool letters_seen(const std::string &text, point at, rgb color) {
+bool letters_seen(const std::string &text, point at, rgb colour) {
     const int lines = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
-    return text.empty() || eyes_see(colored(text, color), at - point{0, ASCENT + LINE * lines});
+    return text.empty() || eyes_see(coloured(text, colour), at - point{0, ASCENT + LINE * lines});
 }
 
 bool letters_seen_pulsing(const std::string &text, point at) {
@@ -101,10 +101,10 @@ bool letters_seen_pulsing(const std::string &text, point at) {
     return false;
 }
 
-void letters_until(const std::string &text, point at, rgb color) {
-    eyes_until("the text \"" + text + "\" at " + eyes_place(at), [&] { return letters_seen(text, at, color); });
+void letters_until(const std::string &text, point at, rgb colour) {
+    eyes_until("the text \"" + text + "\" at " + eyes_place(at), [&] { return letters_seen(text, at, colour); });
 }
 
-void letters_until_centered(const std::string &text, int y, rgb color) {
-    letters_until(text, {letters_center(text), y}, color);
+void letters_until_centred(const std::string &text, int y, rgb colour) {
+    letters_until(text, {letters_centre(text), y}, colour);
 }

@@ -18,9 +18,9 @@ constexpr rgb grey_of(int level) {
 }
 
 int letters_width(const std::string &text);  // of its widest line, pixels
-int letters_center(const std::string &text); // the left end of the text when it stands in the window's middle
+int letters_centre(const std::string &text); // the left end of the text when it stands in the window's middle
 
-bool letters_seen(const std::string &text, point at, rgb color);
+bool letters_seen(const std::string &text, point at, rgb colour);
 bool letters_seen_pulsing(const std::string &text, point at); // in any grey of a pulsing text
-void letters_until(const std::string &text, point at, rgb color);
-void letters_until_centered(const std::string &text, int y, rgb color);
+void letters_until(const std::string &text, point at, rgb colour);
+void letters_until_centred(const std::string &text, int y, rgb colour);

@@ -12,11 +12,11 @@
 #include <numeric>
 #include <sstream>
 
-static constexpr color565 KEY = pixel16::from_rgb(pixel32::to_rgb(XPM_KEY));
+static constexpr colour565 KEY = pixel16::from_rgb(pixel32::to_rgb(XPM_KEY));
 static constexpr int CLOSE = 8;                       // levels of 256: a step of red or blue, two of green
 static constexpr std::uint64_t SCATTER = 2654435761U; // spreads the probes; odd and far from any row length
 
-bool color_close(color565 a, color565 b) {
+bool colour_close(colour565 a, colour565 b) {
     const rgb one = pixel16::to_rgb(a), other = pixel16::to_rgb(b);
     return std::abs(one.r - other.r) <= CLOSE && std::abs(one.g - other.g) <= CLOSE &&
            std::abs(one.b - other.b) <= CLOSE;
@@ -42,7 +42,7 @@ static std::vector<std::string> quoted(const std::string &text) {
     return found;
 }
 
-static color565 parse_color(const std::string &entry, std::size_t from) {
+static colour565 parse_colour(const std::string &entry, std::size_t from) {
     const std::size_t hash = entry.find('#', from);
     const long value = hash == std::string::npos ? 0 : std::strtol(entry.c_str() + hash + 1, nullptr, 16);
     return pixel16::from_rgb(pixel32::to_rgb(static_cast<u32>(value)));
@@ -50,19 +50,19 @@ static color565 parse_color(const std::string &entry, std::size_t from) {
 
 picture picture_decode(const std::string &name, const std::string &xpm) {
     const std::vector<std::string> lines = quoted(xpm);
-    std::size_t colors = 0, symbol = 0;
+    std::size_t colours = 0, symbol = 0;
     picture p;
     p.name = name;
-    if (lines.empty() || !(std::istringstream(lines[0]) >> p.width >> p.height >> colors >> symbol) ||
-        lines.size() < 1 + colors + static_cast<std::size_t>(p.height))
+    if (lines.empty() || !(std::istringstream(lines[0]) >> p.width >> p.height >> colours >> symbol) ||
+        lines.size() < 1 + colours + static_cast<std::size_t>(p.height))
         robot_give_up("the picture " + name + " in the archive can be decoded");
-    std::map<std::string, color565> palette;
-    for (std::size_t i = 1; i <= colors; ++i)
-        palette[lines[i].substr(0, symbol)] = parse_color(lines[i], symbol);
+    std::map<std::string, colour565> palette;
+    for (std::size_t i = 1; i <= colours; ++i)
+        palette[lines[i].substr(0, symbol)] = parse_colour(lines[i], symbol);
     for (std::size_t row = 0; row < static_cast<std::size_t>(p.height); ++row)
         for (std::size_t x = 0; x < static_cast<std::size_t>(p.width); ++x)
-            p.pixels.push_back(palette[lines[1 + colors + row].substr(x * symbol, symbol)]);
-    for (const color565 c : p.pixels)
+            p.pixels.push_back(palette[lines[1 + colours + row].substr(x * symbol, symbol)]);
+    for (const colour565 c : p.pixels)
         p.opaque.push_back(c != KEY);
     order_probes(p);
     return p;
@@ -86,7 +86,7 @@ point picture_inside(const picture &outer, const picture &inner) {
 
 picture picture_empty(int width, int height) {
     const auto count = static_cast<std::size_t>(width * height);
-    return {"", width, height, std::vector<color565>(count), std::vector<bool>(count), {}};
+    return {"", width, height, std::vector<colour565>(count), std::vector<bool>(count), {}};
 }
 
 picture picture_collage(picture lowest, const std::vector<picture_layer> &layers) {

@@ -12,15 +12,15 @@
 #include <string>
 #include <vector>
 
-using color565 = pixel16::value;
+using colour565 = pixel16::value;
 
 // Whether two colours are the same but for the rounding of a channel.
-bool color_close(color565 a, color565 b);
+bool colour_close(colour565 a, colour565 b);
 
 struct picture {
     std::string name;
     int width = 0, height = 0;
-    std::vector<color565> pixels;
+    std::vector<colour565> pixels;
     std::vector<bool> opaque;
     std::vector<int> probes; // indices of the opaque pixels, scattered, so that a mismatch shows early
 };

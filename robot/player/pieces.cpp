@@ -72,7 +72,7 @@ void pieces_open(const puzzle_kind &kind, bool study) {
     table = {};
     table.kind = &kind;
     const picture &board = library_puzzle(kind.type, PICTURE_BOARD), &base = library_puzzle(kind.type, PICTURE_PIECE);
-    table.corner = {window_center(board.width), study ? kind.layout().study_top : kind.layout().top};
+    table.corner = {window_centre(board.width), study ? kind.layout().study_top : kind.layout().top};
     table.frame = border_only(board);
     table.loose = library_puzzle_series(kind.type, PICTURE_LOOSE_EDGES);
     table.notch = library_puzzle_series(kind.type, PICTURE_BOARD_DENTS);

@@ -78,7 +78,7 @@ void play_drop_wrongly(point piece, point grip, int cell, int other_cell) {
 // The picture that asks for the first move; it stands where no help is shown and the clock does not run.
 static void until_begin(const puzzle_kind &kind) {
     const picture &begin = library_puzzle(kind.type, PICTURE_BEGIN);
-    eyes_until_seen(begin, {window_center(begin.width), BEGIN_BOTTOM - begin.height});
+    eyes_until_seen(begin, {window_centre(begin.width), BEGIN_BOTTOM - begin.height});
 }
 
 static void close_help(const puzzle_kind &kind) {

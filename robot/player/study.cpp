@@ -20,7 +20,7 @@ static constexpr int HELP_BELOW_BOARD = 30;
 static void close_help(const puzzle_kind &kind) {
     const std::string text = "Click spaces on the board to place or remove pieces.";
     const picture &board = library_puzzle(kind.type, PICTURE_BOARD);
-    help_until_closed(text, {letters_center(text), board.height + HELP_BELOW_BOARD}, 2,
+    help_until_closed(text, {letters_centre(text), board.height + HELP_BELOW_BOARD}, 2,
                       column_place(BACK) + BUTTON_INSIDE, moment::STUDY_HELP);
 }
 

@@ -80,8 +80,8 @@ static int row_top(int type) {
     return ROW_HEIGHT * puzzle_list_row(type);
 }
 
-static bool row_title_seen(int type, rgb color) {
-    return letters_seen(puzzle_title(type), {ROW_TEXT_X, ROW_TEXT_Y + row_top(type)}, color);
+static bool row_title_seen(int type, rgb colour) {
+    return letters_seen(puzzle_title(type), {ROW_TEXT_X, ROW_TEXT_Y + row_top(type)}, colour);
 }
 
 // The row's picture as far as its text and a master's mark leave it free.
@@ -149,8 +149,8 @@ void title_help() {
 void title_credits() {
     const picture &heading = title_picture_of(TITLE_HEADING);
     column_click(CREDITS);
-    eyes_until_seen(heading, {window_center(heading.width), CREDITS_TOP});
-    letters_until_centered("Version " TAVIMO_VERSION, VERSION_Y, LIGHT_GREY);
+    eyes_until_seen(heading, {window_centre(heading.width), CREDITS_TOP});
+    letters_until_centred("Version " TAVIMO_VERSION, VERSION_Y, LIGHT_GREY);
     moments_tell(moment::CREDITS);
     hands_click_away();
     title_await();

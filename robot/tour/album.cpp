@@ -60,7 +60,7 @@ static constexpr const char *PAGE_HEAD = R"(<!DOCTYPE html>
 <meta name="viewport" content="width=device-width">
 <title>A tour of Tavimo</title>
 <style>
-body { margin: 2rem auto; max-width: 1240px; padding: 0 1rem; font: 1.05rem/1.5 sans-serif; background: #f4f1ea; color: #263238; }
+body { margin: 2rem auto; max-width: 1240px; padding: 0 1rem; font: 1.05rem/1.5 sans-serif; background: #f4f1ea; colour: #263238; }
 h1 { margin-bottom: 0; }
 main { display: grid; grid-template-columns: repeat(auto-fill, minmax(370px, 1fr)); gap: 1.5rem; }
 figure { margin: 0; background: #fff; border-radius: 6px; overflow: hidden; box-shadow: 0 1px 4px #0003; }
