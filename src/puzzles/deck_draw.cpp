@@ -24,8 +24,8 @@ const image *card_symbol(const board *b, char character) {
 void draw_card_label(const board *b, i32 x, i32 y, const image *label) {
     if (label == nullptr)
         return;
-    const i32 left = x + half(b->pictures.card->width) - half(label->width) + b->places->card_label.x;
-    const i32 top = y + half(b->pictures.card->height) - half(label->height) + b->places->card_label.y;
+    const i32 left = centre_in(x, b->pictures.card->width, label->width) + b->places->card_label.x;
+    const i32 top = centre_in(y, b->pictures.card->height, label->height) + b->places->card_label.y;
     draw_image(label, left, top, true);
 }
 
@@ -82,8 +82,8 @@ void board_draw_card_text(const board *b, i32 x, i32 y, const char *text) {
             height = std::max(height, symbol->height);
         }
     }
-    i32 left = x + half(b->pictures.card->width) - half(width);
-    const i32 bottom = y + half(b->pictures.card->height) - half(height) + height;
+    i32 left = centre_in(x, b->pictures.card->width, width);
+    const i32 bottom = centre_in(y, b->pictures.card->height, height) + height;
     for (const char *c = text; *c != '\0'; ++c) {
         if (const image *symbol = card_symbol(b, *c)) {
             draw_image(symbol, left, bottom - symbol->height, false);
