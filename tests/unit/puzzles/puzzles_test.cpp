@@ -155,7 +155,8 @@ TEST(board, keeps_effects_until_they_have_finished) {
     EXPECT_EQ(made[0]->timer, 2) << "an effect's first step is in the frame after";
     made[0]->flags |= EFFECT_FINISHED;
     t.frame();
-    EXPECT_TRUE(t.b->effects->count == 1 && t.b->effects->items[0] == made[1]);
+    ASSERT_EQ(t.b->effects->count, 1);
+    EXPECT_EQ(t.b->effects->items[0], made[1]);
 }
 
 TEST(effects, flare_grows_waits_and_shrinks_and_burn_rises) {
@@ -189,7 +190,8 @@ TEST(effects, confetti_falls_and_sways_about_its_way) {
         const i32 x = e->x + (e->w >> 1), y = e->y + (e->h >> 1);
         for (int i = 0; i < r.frames; ++i)
             effect_update(e);
-        EXPECT_TRUE(e->x + (e->w >> 1) - x == r.dx && e->y + (e->h >> 1) - y == r.dy) << r.dx;
+        EXPECT_EQ(e->x + (e->w >> 1) - x, r.dx);
+        EXPECT_EQ(e->y + (e->h >> 1) - y, r.dy) << r.dx;
         effect_free(e);
     }
 }
@@ -203,8 +205,10 @@ TEST(cells, share_their_edge_places_with_neighbours_and_pieces) {
         EXPECT_TRUE(below == nullptr || below->tab_top == cell->sock_bottom);
         EXPECT_TRUE(cell->tab_left >= 10 && cell->tab_left <= 20 && cell->tab_top >= 10 && cell->tab_top <= 30);
         const sprite *piece = t.piece(cell->row * t.b->layout->cols + cell->col);
-        EXPECT_TRUE(piece->tab_top == cell->tab_top && piece->tab_left == cell->tab_left &&
-                    piece->sock_right == cell->sock_right && piece->sock_bottom == cell->sock_bottom);
+        EXPECT_EQ(piece->tab_top, cell->tab_top);
+        EXPECT_EQ(piece->tab_left, cell->tab_left);
+        EXPECT_EQ(piece->sock_right, cell->sock_right);
+        EXPECT_EQ(piece->sock_bottom, cell->sock_bottom);
     }
 }
 
@@ -239,7 +243,8 @@ TEST(placement, snaps_within_five_pixels_of_the_centre) {
         EXPECT_EQ(t.b->placed - placed_before, placed ? 1 : 0);
         EXPECT_EQ(piece->img_left,
                   placed ? t.b->pictures.piece_tab_in[EDGE_LEFT] : t.b->pictures.piece_tab_out[EDGE_LEFT]);
-        EXPECT_TRUE(piece->x == (placed ? x : x + dx) && piece->y == (placed ? y : y + dy));
+        EXPECT_EQ(piece->x, placed ? x : x + dx);
+        EXPECT_EQ(piece->y, placed ? y : y + dy);
         EXPECT_EQ(sounds_played, placed ? sounds{SOUND_PIECE_PLACE_1 + label % 6} : sounds{});
     }
 }
@@ -281,8 +286,11 @@ TEST(deck, deals_what_is_available_and_takes_the_top_card_back) {
         const open_deck t(type);
         sprite *before[] = {t.b->deck.slot[0], t.b->deck.slot[1], t.b->deck.slot[2]};
         board_deal(t.b);
-        EXPECT_TRUE(t.b->deck.leaving == before[0] && t.b->deck.slot[0] == before[1] && t.b->deck.slot[1] == before[2]);
-        EXPECT_TRUE(has(before[0], SPRITE_AVAILABLE) && !has_any(t.b->deck.slot[2], SPRITE_AVAILABLE));
+        EXPECT_EQ(t.b->deck.leaving, before[0]);
+        EXPECT_EQ(t.b->deck.slot[0], before[1]);
+        EXPECT_EQ(t.b->deck.slot[1], before[2]);
+        EXPECT_TRUE(has(before[0], SPRITE_AVAILABLE));
+        EXPECT_FALSE(has_any(t.b->deck.slot[2], SPRITE_AVAILABLE));
         EXPECT_EQ(has(before[1], SPRITE_AVAILABLE), type == 3) << "text cards come back later";
     }
 }
@@ -354,12 +362,15 @@ TEST(deck, a_piece_that_it_takes_back_is_not_placed) {
     board_take_top_card(t.b, t.b->places->deck.x + 20, t.b->places->deck.y + 20);
     t.frame();
     t.press_key(SDLK_SPACE);
-    EXPECT_TRUE(has(taken, SPRITE_VANISH) && !has_any(taken, SPRITE_ANSWERED));
+    EXPECT_TRUE(has(taken, SPRITE_VANISH));
+    EXPECT_FALSE(has_any(taken, SPRITE_ANSWERED));
     t.put_on_cell(taken);
     board_drop_piece(t.b, taken);
     board_debug_place_one(t.b);
     t.frame(12);
-    EXPECT_TRUE(t.b->placed == 0 && !has_any(taken, SPRITE_FIXED) && has(taken, SPRITE_AVAILABLE | SPRITE_HIDDEN));
+    EXPECT_EQ(t.b->placed, 0);
+    EXPECT_FALSE(has_any(taken, SPRITE_FIXED));
+    EXPECT_TRUE(has(taken, SPRITE_AVAILABLE | SPRITE_HIDDEN));
 }
 
 TEST(deck, draws_cards_in_the_order_in_which_they_lie) {

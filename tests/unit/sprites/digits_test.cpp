@@ -33,7 +33,8 @@ TEST(glyph_mover, arrives_in_the_frames_laid_down) {
             if (arrival == 0 && glyph_mover_arrived(&m))
                 arrival = frame;
         }
-        EXPECT_TRUE(landing == r.landing && arrival == r.arrival) << r.what << ": " << landing << ", " << arrival;
+        EXPECT_EQ(landing, r.landing) << r.what;
+        EXPECT_EQ(arrival, r.arrival) << r.what;
     }
 }
 

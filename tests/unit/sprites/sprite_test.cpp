@@ -76,7 +76,8 @@ TEST_F(sprite_test, travel_ends_on_the_home_position) {
         sprite_send_home(&s, speed);
         EXPECT_TRUE(has(SPRITE_INERT));
         EXPECT_EQ(frames_while(SPRITE_TRAVEL), frames) << dx << ", " << dy;
-        EXPECT_TRUE(s.home_x - s.x == short_x && s.home_y == s.y) << dx << ", " << dy;
+        EXPECT_EQ(s.home_x - s.x, short_x) << dx << ", " << dy;
+        EXPECT_EQ(s.home_y, s.y) << dx << ", " << dy;
         EXPECT_FALSE(has(SPRITE_INERT | SPRITE_HIDDEN | SPRITE_AVAILABLE));
         EXPECT_EQ(take_sounds(), dx == 0 ? sounds{} : sounds{SOUND_PIECE_RETURN});
     }
@@ -114,7 +115,9 @@ TEST_F(sprite_test, unfold_takes_turns_and_darkens) {
     for (const auto &row : ROWS) {
         go_to(row.frame);
         EXPECT_TRUE(std::ranges::equal(s.unfold_ext, row.shown)) << frame;
-        EXPECT_TRUE(s.unfold_r == row.red && s.unfold_g == row.green && s.unfold_b == row.green) << frame;
+        EXPECT_EQ(s.unfold_r, row.red) << frame;
+        EXPECT_EQ(s.unfold_g, row.green) << frame;
+        EXPECT_EQ(s.unfold_b, row.green) << frame;
         sprite_unfold(&s); // changes nothing while it runs
     }
     EXPECT_EQ(frames_while(SPRITE_UNFOLD), 1);
@@ -126,7 +129,8 @@ TEST_F(sprite_test, blink_out_flickers_faster_and_ends_hidden) {
                                          {78, true},   {75, false}, {74, true},   {1, false},  {0, true}};
     for (const auto &[frames_left, hidden] : ROWS) {
         go_to(400 - frames_left);
-        EXPECT_TRUE(has(SPRITE_HIDDEN) == hidden && has(SPRITE_BLINK_OUT) == (frames_left > 0)) << frames_left;
+        EXPECT_EQ(has(SPRITE_HIDDEN), hidden) << frames_left;
+        EXPECT_EQ(has(SPRITE_BLINK_OUT), frames_left > 0) << frames_left;
         EXPECT_EQ(take_sounds(), frames_left == 200 ? sounds{SOUND_SCORE_SHOW} : sounds{});
     }
 }
@@ -147,7 +151,8 @@ TEST_F(sprite_test, follows_the_mouse_by_what_it_moves) {
     mouse_x = 15;
     mouse_y = 18;
     EXPECT_EQ(frames_while(SPRITE_FOLLOW), 3);
-    EXPECT_TRUE(s.x == 105 && s.y == 198);
+    EXPECT_EQ(s.x, 105);
+    EXPECT_EQ(s.y, 198);
 }
 
 TEST(sprite_list, hit_is_the_topmost_that_can_be_taken_and_raised_ones_move_to_the_end) {

@@ -89,7 +89,9 @@ TEST(button, look_and_flags_follow_the_events) {
         button_set_callback(&b, count, reinterpret_cast<std::intptr_t>(&calls), 0);
         for (const char *name = row.events; *name != '\0'; ++name)
             EVENTS.at (*name)(&b);
-        EXPECT_TRUE(b.state == row.look && b.flags == row.flags && calls == row.calls) << row.events;
+        EXPECT_EQ(b.state, row.look) << row.events;
+        EXPECT_EQ(b.flags, row.flags) << row.events;
+        EXPECT_EQ(calls, row.calls) << row.events;
         EXPECT_EQ(take_sounds(), sounds(static_cast<std::size_t>(row.calls), SOUND_CLICK)) << row.events;
     }
 }
@@ -149,7 +151,8 @@ TEST(help, a_click_brings_the_next_bubble_and_the_last_one_ends_the_help) {
             stage.step(frame - 1);
             by_key ? fake_key(SDLK_SPACE, true) : fake_mouse_button(MOUSE_LEFT, true);
             stage.step();
-            EXPECT_TRUE(settings_help_showing() == (bubbles > 0) && stage.drawn() == bubbles) << frame;
+            EXPECT_EQ(settings_help_showing(), bubbles > 0) << frame;
+            EXPECT_EQ(stage.drawn(), bubbles) << frame;
             sounds_played.clear();
             stage.step(); // the button is still held, which is no new click
             EXPECT_EQ(stage.drawn(), bubbles) << frame;
