@@ -4,6 +4,10 @@
 // that same screen behind, playing it again can only do so again: unless it reaches further than the screen and the
 // slots it saves itself, or a picture has changed, or something else has drawn. Under the surface lock.
 //
+// Lists are compared byte by byte, so a record must have no padding that recording leaves as it finds it: the members
+// `unused` of the records in draw_ops.h take its place and are 0. Pictures are compared by address: that one was freed
+// or has new runs is told by image_changes().
+//
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
