@@ -11,27 +11,28 @@
 #include "core/base/types.h"
 #include "resources/image.h"
 
+// Unrecorded: the commands and mode bits marked so are played, but no screen of the game records them.
 enum draw_opcode : u8 {
     DRAW_IMAGE,            // picture onto the screen
     DRAW_RESTORE,          // rectangle from the background to the screen
     DRAW_IMAGE_EX,         // picture by a mode word
     DRAW_IMAGE_BG,         // picture into the background
     DRAW_DARKEN,           // halve the brightness of a screen rectangle
-    DRAW_FREE_IMAGE,       // free a picture in order
+    DRAW_FREE_IMAGE,       // free a picture in order; unrecorded
     DRAW_FILL,             // filled rectangle
     DRAW_DARKEN_BG,        // as DRAW_DARKEN, in the background
-    DRAW_FILL_BG,          // as DRAW_FILL, in the background
-    DRAW_PIXEL,            // one pixel
+    DRAW_FILL_BG,          // as DRAW_FILL, in the background; unrecorded
+    DRAW_PIXEL,            // one pixel; unrecorded
     DRAW_SAVE,             // screen rectangle into a save slot
     DRAW_RESTORE_SAVED,    // save slot back to where it came from
     DRAW_STORE_BG,         // screen rectangle into the background
     DRAW_IMAGE_CLIPPED,    // picture inside a clip rectangle
-    DRAW_IMAGE_CLIPPED_BG, // the same into the background
+    DRAW_IMAGE_CLIPPED_BG, // the same into the background; unrecorded
     DRAW_FRAME,            // one-pixel outline
-    DRAW_PUSH_BG,          // background into the spare
-    DRAW_POP_BG,           // spare into the background
-    DRAW_DIRTY,            // mark a rectangle as changed
-    DRAW_NOISE_BG,         // random colours in the background
+    DRAW_PUSH_BG,          // background into the spare; unrecorded
+    DRAW_POP_BG,           // spare into the background; unrecorded
+    DRAW_DIRTY,            // mark a rectangle as changed; unrecorded
+    DRAW_NOISE_BG,         // random colours in the background; unrecorded
     DRAW_LINE,             // line
     DRAW_TEXT,             // one character
     DRAW_OPCODE_COUNT
@@ -40,12 +41,12 @@ enum draw_opcode : u8 {
 // Bits of DRAW_IMAGE_EX's mode word. One pixel rule applies, in the order FILL, TINT, NOISE, OR, HALF; none
 // of them set: copy.
 inline constexpr u32 BLIT_FILL = 0x1;        // every drawn pixel becomes colour A
-inline constexpr u32 BLIT_EDGE = 0x2;        // then the first and last pixel of each run become colour B
+inline constexpr u32 BLIT_EDGE = 0x2;        // then the first and last pixel of each run become colour B; unrecorded
 inline constexpr u32 BLIT_NO_DIRTY = 0x4;    // adds no dirty rectangle
-inline constexpr u32 BLIT_SOURCE_RECT = 0x8; // only the source rectangle, its corner at (x, y)
-inline constexpr u32 BLIT_TO_BG = 0x10;      // into the background
-inline constexpr u32 BLIT_NOISE = 0x20;      // random colours, each channel below colour A's
-inline constexpr u32 BLIT_OR = 0x40;         // colour A is OR-ed in
+inline constexpr u32 BLIT_SOURCE_RECT = 0x8; // only the source rectangle, its corner at (x, y); unrecorded
+inline constexpr u32 BLIT_TO_BG = 0x10;      // into the background; unrecorded
+inline constexpr u32 BLIT_NOISE = 0x20;      // random colours, each channel below colour A's; unrecorded
+inline constexpr u32 BLIT_OR = 0x40;         // colour A is OR-ed in; unrecorded
 inline constexpr u32 BLIT_HALF = 0x80;       // picture at half strength
 inline constexpr u32 BLIT_TINT = 0x100;      // halfway toward colour A
 
