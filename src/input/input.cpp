@@ -17,7 +17,7 @@ namespace {
 constexpr i32 MOUSE_BUTTON_LIMIT = 8; // buttons that fit SDL's mask
 
 struct input_state {
-    const u8 *keys;    // SDL's own array, refreshed by its event pump
+    u8 *keys;          // owned; down in this frame
     u8 *previous_keys; // owned; the array as it was in the frame before
     char *characters;  // owned; what each key types
     i32 key_count;     // entries of all three
@@ -103,8 +103,11 @@ void remember_keys() {
 i32 input_init() {
     SDL_PumpEvents();
     int count = 0;
-    state.keys = SDL_GetKeyState(&count);
+    const u8 *keys = SDL_GetKeyState(&count);
     if (!open_joysticks())
+        return -1;
+    state.keys = allocate<u8>(count);
+    if (state.keys == nullptr)
         return -1;
     state.previous_keys = allocate<u8>(count);
     if (state.previous_keys == nullptr)
@@ -113,22 +116,52 @@ i32 input_init() {
     if (state.characters == nullptr)
         return -1;
     state.key_count = count;
+    std::memcpy(state.keys, keys, static_cast<std::size_t>(count));
     remember_keys(); // a key held down at start is no press
     fill_characters();
     return 1;
 }
+
+namespace {
+
+void add_button_tap(const SDL_MouseButtonEvent &press) {
+    if (press.button < 1 || press.button > MOUSE_BUTTON_LIMIT)
+        return;
+    const u8 bit = SDL_BUTTON(press.button);
+    if (((state.buttons | state.previous_buttons) & bit) != 0)
+        return;
+    state.buttons |= bit;
+    mouse_x = press.x;
+    mouse_y = press.y;
+}
+
+// What has gone down and up again since the last poll is down in this frame, the mouse where it was pressed.
+void add_taps() {
+    SDL_Event event;
+    while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_KEYEVENTMASK | SDL_MOUSEEVENTMASK) > 0) {
+        if (event.type == SDL_MOUSEBUTTONDOWN)
+            add_button_tap(event.button);
+        else if (event.type == SDL_KEYDOWN && event.key.keysym.sym < state.key_count)
+            state.keys[event.key.keysym.sym] |= state.previous_keys[event.key.keysym.sym] == 0;
+    }
+}
+
+} // namespace
 
 void input_poll() {
     remember_keys();
     state.previous_buttons = state.buttons;
     SDL_PumpEvents();
     int count = 0;
-    state.keys = SDL_GetKeyState(&count);
+    const u8 *keys = SDL_GetKeyState(&count);
     state.key_count = std::min(state.key_count, count);
+    std::memcpy(state.keys, keys, static_cast<std::size_t>(state.key_count));
     state.buttons = SDL_GetMouseState(&mouse_x, &mouse_y);
+    add_taps();
 }
 
 void input_shutdown() {
+    std::free(state.keys);
     std::free(state.previous_keys);
     std::free(state.characters);
     for (i32 i = 0; i < state.joystick_count; ++i)

@@ -1,6 +1,7 @@
 // input.h: one snapshot of keyboard and mouse a frame, beside that of the frame before.
 //
-// Main thread. Between two polls all answers stay the same; what goes down and up again between them is not seen.
+// Main thread. Between two polls all answers stay the same; what goes down and up again between
+// them counts as down in the next and up in the one after.
 // Keys are SDL's key codes and buttons SDL's button numbers; for others the answer is "no". Only input_init can
 // fail; the module owns everything.
 //

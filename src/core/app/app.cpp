@@ -177,10 +177,11 @@ void start_up() {
 // The state is polled, so events are only looked at for what polling cannot tell; then the queue is emptied,
 // because SDL drops new events, closing the window among them, once it is full.
 void handle_events() {
+    constexpr u32 OTHER_EVENTS = SDL_ALLEVENTS ^ (SDL_KEYEVENTMASK | SDL_MOUSEEVENTMASK); // those are the poll's
     SDL_Event event;
     if (SDL_PeepEvents(&event, 1, SDL_PEEKEVENT, SDL_VIDEOEXPOSEMASK) > 0)
         screen_request_redraw();
-    while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_ALLEVENTS) > 0)
+    while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, OTHER_EVENTS) > 0)
         if (event.type == SDL_QUIT)
             app_request_quit();
 }

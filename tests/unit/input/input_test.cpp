@@ -21,10 +21,15 @@ struct input_test : testing::Test {
     fake_scope fakes;
     temp_game game;
     input_test() {
+        SDL_putenv(const_cast<char *>("SDL_VIDEODRIVER=dummy"));
+        EXPECT_EQ(SDL_Init(SDL_INIT_VIDEO), 0);
         game.log_to_file();
         fake_keys_up();
     }
-    ~input_test() override { input_shutdown(); }
+    ~input_test() override {
+        input_shutdown();
+        SDL_Quit();
+    }
 };
 
 TEST_F(input_test, a_press_is_seen_in_its_first_frame_only) {
@@ -68,6 +73,42 @@ TEST_F(input_test, questions_beyond_the_keys_and_buttons_are_answered_no) {
         EXPECT_TRUE(!key_pressed(key) && key_char(key) == 0) << key;
     EXPECT_EQ(first_pressed_key(), 0);
     EXPECT_TRUE(mouse_held(8) && !mouse_held(0) && !mouse_held(9) && !mouse_held(-1));
+}
+
+void push_button(u8 type, u16 x, u16 y) {
+    SDL_Event event = {};
+    event.button = {type, 0, MOUSE_LEFT, 0, x, y};
+    SDL_PushEvent(&event);
+}
+
+void push_key(u8 type, SDLKey key) {
+    SDL_Event event = {};
+    event.type = type;
+    event.key.keysym.sym = key;
+    SDL_PushEvent(&event);
+}
+
+TEST_F(input_test, what_goes_down_and_up_between_two_polls_is_a_press) {
+    ASSERT_EQ(input_init(), 1);
+    input_poll();
+    push_button(SDL_MOUSEBUTTONDOWN, 70, 80);
+    push_button(SDL_MOUSEBUTTONUP, 70, 80);
+    push_key(SDL_KEYDOWN, SDLK_q);
+    push_key(SDL_KEYUP, SDLK_q);
+    fake_mouse_move(300, 400);
+    input_poll();
+    EXPECT_TRUE(mouse_pressed(MOUSE_LEFT) && key_pressed(SDLK_q));
+    EXPECT_TRUE(mouse_x == 70 && mouse_y == 80) << "where the tap was, not where the mouse has gone since";
+    input_poll();
+    EXPECT_TRUE(!mouse_held(MOUSE_LEFT) && !key_pressed(SDLK_q) && mouse_x == 300 && mouse_y == 400);
+    push_button(SDL_MOUSEBUTTONDOWN, 70, 80);
+    fake_mouse_button(MOUSE_LEFT, true);
+    input_poll();
+    EXPECT_TRUE(mouse_pressed(MOUSE_LEFT) && mouse_x == 300) << "one that lasts is where the mouse is";
+    push_button(SDL_MOUSEBUTTONUP, 70, 80);
+    fake_mouse_button(MOUSE_LEFT, false);
+    input_poll();
+    EXPECT_FALSE(mouse_held(MOUSE_LEFT)) << "its press was counted before";
 }
 
 TEST_F(input_test, the_pointer_is_drawn_with_its_hot_spot_on_the_mouse) {
