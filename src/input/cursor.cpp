@@ -16,6 +16,28 @@ image *pictures[CURSOR_SHAPE_COUNT]; // owned
 i32 selected;
 bool visible; // hidden until a screen shows it
 
+SDL_Cursor *system_pointer; // SDL's own
+SDL_Cursor *empty_pointer;  // owned
+
+// By an empty shape: a hidden pointer in full screen makes SDL hear of the mouse's movements only, not of its place,
+// and what points absolutely (touch screens, tablets, remote desktops) would point somewhere else.
+void hide_system_pointer() {
+    constexpr i32 WIDTH = 8, HEIGHT = 1; // SDL's narrowest
+    u8 nothing[WIDTH * HEIGHT / 8] = {};
+    system_pointer = SDL_GetCursor();
+    empty_pointer = SDL_CreateCursor(nothing, nothing, WIDTH, HEIGHT, 0, 0);
+    if (empty_pointer != nullptr)
+        SDL_SetCursor(empty_pointer);
+}
+
+void show_system_pointer() {
+    if (empty_pointer == nullptr)
+        return;
+    SDL_SetCursor(system_pointer);
+    SDL_FreeCursor(empty_pointer);
+    empty_pointer = nullptr;
+}
+
 } // namespace
 
 i32 cursor_init() {
@@ -23,13 +45,13 @@ i32 cursor_init() {
         if (image_load_sequence(&pictures[i], CURSOR_SHAPES[i].pictures) < 0)
             return -1;
     cursor_select(CURSOR_ARROW);
-    SDL_ShowCursor(SDL_DISABLE);
+    hide_system_pointer();
     return 1;
 }
 
 void cursor_shutdown() {
     image_free_array(pictures, CURSOR_SHAPE_COUNT);
-    SDL_ShowCursor(SDL_ENABLE);
+    show_system_pointer();
 }
 
 void cursor_select(i32 shape) {

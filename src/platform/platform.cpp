@@ -217,6 +217,7 @@ void platform_join_desktop() {
     setenv("SDL_VIDEO_X11_WMCLASS", "tavimo", KEEP);
     setenv("SDL_VIDEO_WAYLAND_WMCLASS", "tavimo", KEEP);
     setenv("SDL_VIDEO_ALLOW_SCREENSAVER", "1", KEEP);
+    setenv("SDL_MOUSE_RELATIVE", "0", KEEP);
     struct sigaction present = {};
     if (sigaction(SIGHUP, nullptr, &present) == 0 && present.sa_handler == SIG_DFL)
         std::signal(SIGHUP, hang_up);

@@ -29,6 +29,7 @@ int platform_process_id();                                // for the log
 // Asks the desktop to open the address, without a shell in between and without waiting for it.
 void platform_open_web_page(const char *address);
 
-// Before SDL starts: names the window's class for docks and task bars, leaves the screen saver to the desktop (the
-// environment may say otherwise for either), and lets the end of the session end the program like SIGTERM.
+// Before SDL starts: names the window's class for docks and task bars, leaves the screen saver to the desktop, has
+// the mouse told by its place (the environment may say otherwise for each), and lets the end of the session end the
+// program like SIGTERM.
 void platform_join_desktop();

@@ -130,6 +130,7 @@ TEST_F(input_test, the_pointer_is_drawn_with_its_hot_spot_on_the_mouse) {
         cursor_draw();
         EXPECT_EQ(take_recording().now, lines{std::string("image ? ") + place});
     }
+    EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_ENABLE) << "hidden, it would make full screen deaf to places";
     cursor_shutdown();
     data_archive_close();
 }
