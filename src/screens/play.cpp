@@ -27,6 +27,7 @@
 #include "sprites/sprite.h"
 
 #include <SDL.h>
+#include <algorithm>
 
 namespace {
 
@@ -100,6 +101,17 @@ void let_go_of_inert_piece() {
     hover_piece(nullptr);
 }
 
+// Whatever the grip, enough of the piece stays in the window to take it again.
+i32 keep_in_view(i32 at, i32 size, i32 window) {
+    const i32 seen = (size + 3) / 4;
+    return std::clamp(at, seen - size, window - seen);
+}
+
+void drag(sprite *piece) {
+    piece->x = keep_in_view(mouse_x + play.play_drag_dx, piece->w, SCREEN_WIDTH);
+    piece->y = keep_in_view(mouse_y + play.play_drag_dy, piece->h, SCREEN_HEIGHT);
+}
+
 // Hovers, takes, drags and drops pieces; returns the cursor to show.
 i32 update_pieces(board *b) {
     let_go_of_inert_piece();
@@ -117,8 +129,7 @@ i32 update_pieces(board *b) {
     }
     if ((play.play_flags & PLAY_DRAGGING) == 0)
         take_piece(b, play.play_hover_piece);
-    play.play_hover_piece->x = mouse_x + play.play_drag_dx;
-    play.play_hover_piece->y = mouse_y + play.play_drag_dy;
+    drag(play.play_hover_piece);
     return CURSOR_CLOSED_HAND;
 }
 

@@ -122,6 +122,16 @@ void wrong_drop_goes_home() {
     sprite *piece = loose_piece();
     const int home_x = piece->home_x, home_y = piece->home_y;
     const int x = piece->x + piece->w / 2, y = piece->y + piece->h / 2;
+    const int grip_x = piece->x + piece->w * 7 / 8, grip_y = piece->y + piece->h * 7 / 8;
+    mouse_down_at(grip_x, grip_y);
+    for (const auto &[far_x, far_y] : {std::pair{799, 599}, {0, 0}}) {
+        move_mouse(far_x, far_y);
+        check(4 * (SCREEN_WIDTH - piece->x) >= piece->w && 4 * (SCREEN_HEIGHT - piece->y) >= piece->h &&
+                  4 * (piece->x + piece->w) >= piece->w && 4 * (piece->y + piece->h) >= piece->h,
+              "a quarter of a dragged piece stays in the window");
+    }
+    move_mouse(grip_x, grip_y);
+    mouse_up();
     drag(x, y, 400, 20);
     check(!has_any(piece, SPRITE_FIXED) && piece->y < 20, "a wrong drop leaves the piece where it is");
     check(piece->x == home_x + 400 - x && piece->y == home_y + 20 - y, "the piece moves with the mouse");
