@@ -93,8 +93,8 @@ void rotate_cards(board *b) {
     }
 }
 
-// Only the cards are left: answered ones go, the others take turns. None becomes available: dealt a second time it
-// would ask for a piece that is placed already, and the run would end with another piece missing.
+// Only the cards are left: answered ones go, the others take turns. None stays available below the top: dealt a
+// second time it would ask for a piece that is placed already, and the run would end with another piece missing.
 void deal_used_up(board *b) {
     b->deck.leaving = b->deck.slot[0];
     const i32 emptied = empty_answered_slots(b);
@@ -107,6 +107,10 @@ void deal_used_up(board *b) {
     } else if (b->remaining == 1) {
         b->deck.leaving = nullptr;
     }
+    // A top card may be available since it lay second; as a lower one it would be dealt a second time.
+    for (i32 i = 1; i < DECK_CARDS; ++i)
+        if (b->deck.slot[i] != nullptr)
+            b->deck.slot[i]->flags &= ~SPRITE_AVAILABLE;
 }
 
 // --- Turning -------------------------------------------------------------------------------------

@@ -356,6 +356,17 @@ TEST(deck, gives_its_top_card_only_when_nothing_is_loose) {
     }
 }
 
+TEST(deck, used_up_deals_no_problem_a_second_time) {
+    const open_deck t(3);
+    t.leave_only("abc", "");
+    t.b->deck.slot[0]->flags |= SPRITE_AVAILABLE; // as dealing leaves the card that comes to the top
+    board_count_remaining(t.b);
+    for (const char *cards : {"bca", "cab", "abc"}) {
+        board_deal(t.b);
+        EXPECT_EQ(t.cards(), cards);
+    }
+}
+
 TEST(deck, a_piece_that_it_takes_back_is_not_placed) {
     const open_deck t(4);
     sprite *taken = t.b->deck.slot[0];
