@@ -25,9 +25,10 @@ struct place {
 struct subject {
     const char *name;
     const char *entry;
+    bool is_label = false;
 } SUBJECTS[] = {
     {"piece", "puzzle/factor/piece/base.xpm"},
-    {"label", "puzzle/factor/piece/symbols/001.xpm"},
+    {"label", "puzzle/factor/piece/symbols/001.xpm", true},
     {"button", "title/011.xpm"},
     {"board", "puzzle/factor/board/base.xpm"},
     {"whole screen", "bg/001.xpm"},
@@ -112,7 +113,7 @@ void add_plain(const std::string &figure, const std::shared_ptr<stage> &on, bool
             SHORT_MEASUREMENTS);
 }
 
-void add_modes(const std::string &figure, const std::shared_ptr<stage> &on) {
+void add_modes(const std::string &figure, const subject &what, const std::shared_ptr<stage> &on) {
     const struct {
         const char *name;
         u32 mode;
@@ -122,10 +123,11 @@ void add_modes(const std::string &figure, const std::shared_ptr<stage> &on) {
         compare(
             figure + row.name, set_up, [=] { draw_mode(on.get(), row.mode); },
             {{"SDL alpha blit", {[=] { on->draw_sdl(on->alpha); }}, NO_AIM.limit}}, SHORT_MEASUREMENTS);
-    compare(
-        figure + ", silhouette", set_up, [=] { draw_mode(on.get(), BLIT_FILL); },
-        {{"faster SDL blit", {[=] { on->draw_sdl(on->plain); }, [=] { on->draw_sdl(on->fast); }}, NEARLY_AS_FAST}},
-        SHORT_MEASUREMENTS);
+    if (what.is_label) // of what else no silhouette is ever drawn
+        compare(
+            figure + ", silhouette", set_up, [=] { draw_mode(on.get(), BLIT_FILL); },
+            {{"faster SDL blit", {[=] { on->draw_sdl(on->plain); }, [=] { on->draw_sdl(on->fast); }}, NEARLY_AS_FAST}},
+            SHORT_MEASUREMENTS);
 }
 
 } // namespace
@@ -142,6 +144,6 @@ void add_blit_benches() {
                 if (crossing)
                     continue;
                 add_plain(figure, on, true);
-                add_modes(figure, on);
+                add_modes(figure, what, on);
             }
 }

@@ -23,7 +23,6 @@
 namespace {
 
 constexpr double MILLISECONDS = 1e3, FRAME_LIMIT = 2, KILOBYTE = 1e3;
-constexpr double SLACK = 1.15; // of noise
 constexpr int DEPTHS[] = {16, 32};
 constexpr int WARM_UP = 60; // frames
 constexpr int FACTORS = 8;  // the puzzle type
@@ -154,9 +153,7 @@ void grow_pieces(int depth) {
             ms = ms / once / factor;
         print_row(
             {"growth: frame with " + std::to_string(factor) + " times the pieces, " + std::to_string(depth) + " bits",
-             "of proportional",
-             taken,
-             {false, SLACK}});
+             "of proportional", taken, NO_AIM});
     }
 }
 
