@@ -72,6 +72,7 @@ void board_drop_piece(board *b, sprite *piece) {
     if (cell == nullptr || taken_back || !within_snap_radius(b, piece, cell))
         return;
     sprite_fix(piece);
+    sprite_list_settle(b->pieces, piece); // a loose one may lie in this cell, and must not disappear
     piece_put_in_cell(b, piece, cell);
     ++b->placed;
     sound_play(SOUND_PIECE_PLACE_1 + std::rand() % PLACE_SOUNDS);

@@ -312,6 +312,13 @@ sprite *sprite_list_hit(const ptr_array<sprite> *list, i32 px, i32 py) {
     return nullptr;
 }
 
+void sprite_list_settle(ptr_array<sprite> *list, sprite *fixed) {
+    fixed->flags &= ~SPRITE_RAISE;
+    sprite **const at = std::find(list->items, list->items + list->count, fixed);
+    const auto is_loose = [](const sprite *s) { return (s->flags & SPRITE_FIXED) == 0; };
+    std::rotate(std::find_if(list->items, at, is_loose), at, at + 1);
+}
+
 void sprite_list_update(ptr_array<sprite> *list) {
     for (sprite *s : each(list))
         sprite_update(s);

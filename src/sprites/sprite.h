@@ -99,4 +99,5 @@ void sprite_update(sprite *s); // one frame of every running animation; reads mo
 
 // The topmost sprite that is not inert and whose body, edges included, holds the point; null for none.
 sprite *sprite_list_hit(const ptr_array<sprite> *list, i32 px, i32 py);
+void sprite_list_settle(ptr_array<sprite> *list, sprite *fixed); // below all that are not fixed, above all that are
 void sprite_list_update(ptr_array<sprite> *list); // updates each sprite, then moves the raised ones to the end

@@ -212,6 +212,22 @@ TEST(cells, share_their_edge_places_with_neighbours_and_pieces) {
     }
 }
 
+TEST(pieces, a_placed_one_hides_no_loose_one) {
+    const puzzle_table t(0);
+    sprite *const first = t.b->pieces->items[20], *const second = t.b->pieces->items[30];
+    sprite *const strayed = t.b->pieces->items[10], *const below = t.b->pieces->items[9];
+    for (sprite *piece : {first, second}) {
+        sprite_raise(piece);
+        t.put_on_cell(piece);
+        board_drop_piece(t.b, piece);
+        t.frame();
+    }
+    EXPECT_EQ(t.b->pieces->items[0], first);
+    EXPECT_EQ(t.b->pieces->items[1], second);
+    EXPECT_EQ(t.b->pieces->items[11], below) << "the others keep their order";
+    EXPECT_EQ(t.b->pieces->items[12], strayed);
+}
+
 TEST(pieces, only_those_in_a_box_carry_the_place_where_they_lay) {
     for (const i32 type : {0, 9}) {
         const puzzle_table t(type);
