@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <limits>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -166,6 +167,15 @@ int platform_copy_file(const char *from, const char *to) {
     }
     platform_close(source);
     return result;
+}
+
+// The lock is the system's, on the folder itself: it goes with the process and leaves no file behind.
+bool platform_claim_folder(const char *path) {
+    static int claimed = -1;
+    if (claimed >= 0)
+        close(claimed);
+    claimed = open_host_path(path, O_RDONLY | O_DIRECTORY);
+    return claimed < 0 || flock(claimed, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 int platform_process_id() {

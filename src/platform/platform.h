@@ -26,6 +26,10 @@ void platform_close(int fd);                              // whatever comes of i
 int platform_copy_file(const char *from, const char *to); // replaces `to` and waits for the disk; 0 or -1
 int platform_process_id();                                // for the log
 
+// Claims the folder for this process until it ends, however it ends; a folder claimed before is given up. False when
+// another process has it. Where the file system knows no locks, or there is no such folder, nobody is kept out.
+[[nodiscard]] bool platform_claim_folder(const char *path);
+
 // Asks the desktop to open the address, without a shell in between and without waiting for it.
 void platform_open_web_page(const char *address);
 

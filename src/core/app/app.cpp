@@ -39,7 +39,7 @@ namespace {
 
 constexpr u32 FRAME_PERIOD = 20; // ms
 constexpr i32 EFFECT_VOLUME = 128, MUSIC_VOLUME = 100;
-constexpr int EXIT_NO_SDL = 1, EXIT_NO_START = -1;
+constexpr int EXIT_NO_SDL = 1, EXIT_RUNNING = 1, EXIT_NO_START = -1;
 
 // Taken just before a normal exit, for the exit handler; 0 on every other way out.
 u32 open_web_page = 0;
@@ -159,7 +159,16 @@ constexpr i32 (*START_UP[])() = {
 };
 // clang-format on
 
+// Two games over one data folder would write over each other's scores.
+void refuse_second_game() {
+    if (platform_claim_folder("..\\data"))
+        return;
+    std::fprintf(stderr, "Tavimo is already running\n");
+    std::exit(EXIT_RUNNING);
+}
+
 void start_up() {
+    refuse_second_game();
     platform_join_desktop();
     if (SDL_Init(SDL_INIT_TIMER | SDL_INIT_AUDIO | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE) < 0)
         fail_with_sdl_error();

@@ -57,6 +57,26 @@ TEST(ptr_array, inserts_at_both_ends_and_keeps_holes_until_compacted) {
     ptr_array_destroy(list);
 }
 
+// What a process of its own is told.
+bool another_claims_the_folder() {
+    const pid_t other = fork();
+    if (other == 0)
+        _exit(platform_claim_folder("..\\data") ? 1 : 0);
+    int status = 0;
+    waitpid(other, &status, 0);
+    return WEXITSTATUS(status) == 1;
+}
+
+TEST(platform, one_process_has_a_folder_at_a_time) {
+    const temp_game game;
+    EXPECT_TRUE(another_claims_the_folder()) << "and gives it up by ending";
+    EXPECT_TRUE(platform_claim_folder("..\\data"));
+    EXPECT_TRUE(platform_claim_folder("..\\data")) << "the same process again";
+    EXPECT_FALSE(another_claims_the_folder());
+    EXPECT_TRUE(platform_claim_folder("..\\nowhere")) << "nobody is kept out of what is not there";
+    EXPECT_TRUE(another_claims_the_folder());
+}
+
 TEST(strings, printf_grows_to_its_limit) {
     constexpr std::size_t step = 2048, limit = 2 * 1024 * 1024;
     for (const std::size_t length : {step - 1, step, limit - 1, limit}) {
