@@ -11,9 +11,16 @@ failures=0
 as=() # a command to run as somebody else
 
 # Says where it is and what it finds there, plays for PLAY seconds or until it is told to end, saves, ends with END.
+# Like the game it plays once at a time in a folder.
 cat >"$work/game" <<'GAME'
 #!/bin/bash
-[ -z "${PLAY:-}" ] || { trap 'kill $! 2>/dev/null' TERM; sleep "$PLAY" & touch "$STARTED"; wait; }
+exec 7<../data
+flock -n 7 || { echo "The game is already running" >&2; exit 1; }
+case ${BREAK:-} in
+log) echo "[$$]archive is damaged" >>errorlog.log; exit 255 ;;
+error) echo "no display" >&2; exit 1 ;;
+esac
+[ -z "${PLAY:-}" ] || { trap 'kill $! 2>/dev/null' TERM; sleep "$PLAY" 7<&- & touch "$STARTED"; wait; }
 echo "in:$PWD arguments:$#:$* archive:$(cat ../data/data.dar) scores:$(cat ../data/scores 2>/dev/null)"
 echo "of ${WHO:-Ann}" >../data/scores
 exit "${END:-0}"
@@ -48,7 +55,7 @@ kept='so this game'"'"'s scores will not be kept.'
 own=$HOME/.local/share/tavimo
 
 
-END=3 starts "first start" 3 "in:$own/bin arguments:2:a b c archive:one scores:" "" "a b" c
+END=3 starts "first start" 3 "in:$own/bin arguments:2:a b c archive:one scores:" "*has failed" "a b" c
 [ "$(stat -c %a "$own")" = 700 ] || fail "the folder is open to others"
 mv "$HOME" "$work/moved home"
 HOME="$work/moved home"
@@ -68,7 +75,7 @@ WHO=Bob XDG_DATA_HOME="$work/b o b" starts "the same again" 0 "* scores:of Bob" 
 XDG_DATA_HOME='' starts "empty XDG_DATA_HOME" 0 "in:$own/bin *" ""
 
 elsewhere="in:$work/tmp/tavimo.*/bin *"
-END=4 XDG_DATA_HOME=relative starts "relative" 4 "$elsewhere scores:" "*not an absolute path*$kept"
+END=4 XDG_DATA_HOME=relative starts "relative" 4 "$elsewhere scores:" "*not an absolute path*$kept*"
 [ ! -e relative ] || fail "a relative folder was made"
 XDG_DATA_HOME=$work/game starts "below a file" 0 "$elsewhere" "*cannot be written*$kept"
 HOME='' starts "homeless" 0 "$elsewhere" "*no home folder*$kept"
@@ -106,16 +113,40 @@ end() {
     [ "$got" -eq 5 ] || fail "$1, ended by $2: status $got"
 }
 
+# A failure is told, by the desktop too where standard error is no terminal; the window of a game that runs is raised.
+mkdir "$work/desktop"
+for program in notify-send wmctrl; do
+    printf '#!/bin/sh\necho "%s $*" >>"$TOLD"\nexit "${RAISED:-0}"\n' $program >"$work/desktop/$program"
+    chmod +x "$work/desktop/$program"
+done
+export TOLD=$work/told PATH=$work/desktop:$PATH
+told() { # told WHAT PATTERN: what the desktop was asked for, which may take a moment
+    for ((tries = 0; tries < 100; ++tries)); do
+        # shellcheck disable=SC2053
+        [[ $(cat "$TOLD" 2>/dev/null) == $2 ]] && break
+        sleep 0.02
+    done
+    [ "$tries" -lt 100 ] || fail "$1: the desktop was told \"$(cat "$TOLD")\", not $2"
+    rm -f "$TOLD"
+}
+BREAK=log END=255 starts "damaged archive" 255 "" "*has failed: archive is damaged"
+told "damaged archive" "notify-send *archive is damaged"
+BREAK=error starts "no display" 1 "" "*no display*"
+told "no display" "notify-send *no display"
+
 export END=5
 begin One
 first=$launcher
-begin Two
-[[ $(<"$work/Two.err") == *"already running"*"$kept" ]] || fail "second game of one player: no complaint"
-end Two HUP "$launcher"
+END=0 starts "a second game, raised" 0 "" "*already running*"
+told "a second game, raised" "wmctrl *tavimo"
+RAISED=1 starts "a second game" 1 "" "*already running*"
+told "a second game" "wmctrl *notify-send *already running"
 end One TERM "$first"
-[ "$(<"$own/data/scores")" = "of One" ] || fail "the second game wrote over the first one's scores"
-[ -z "$(ls "$work/tmp")" ] || fail "the second game left something in the temporary folder"
-END=0 starts "after both" 0 "in:$own/bin * scores:of One" ""
+begin Two
+end Two HUP "$launcher"
+[ "$(<"$own/data/scores")" = "of Two" ] || fail "a game ended by a signal did not save"
+[ -z "$(ls "$work/tmp")" ] || fail "something was left in the temporary folder"
+END=0 starts "after both" 0 "in:$own/bin * scores:of Two" ""
 
 [ "$failures" -eq 0 ] && echo "launcher: all as expected"
 exit "$((failures > 0))"
