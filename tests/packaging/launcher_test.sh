@@ -140,7 +140,7 @@ first=$launcher
 END=0 starts "a second game, raised" 0 "" "*already running*"
 told "a second game, raised" "wmctrl *tavimo"
 RAISED=1 starts "a second game" 1 "" "*already running*"
-told "a second game" "wmctrl *notify-send *already running"
+told "a second game" "wmctrl *notify-send *already running."
 end One TERM "$first"
 begin Two
 end Two HUP "$launcher"
