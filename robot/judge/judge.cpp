@@ -5,6 +5,7 @@
 #include "judge.h"
 #include "ears.h"
 #include "numbers.h"
+#include "player/dialogs.h"
 #include "player/eyes.h"
 #include "player/game.h"
 #include "player/letters.h"
@@ -12,7 +13,7 @@
 #include "player/moments.h"
 #include "player/pieces.h"
 #include "player/robot.h"
-#include "player/screens.h"
+#include "player/title.h"
 #include "records.h"
 
 #include <array>

@@ -4,13 +4,14 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "ears.h"
 #include "judge.h"
+#include "player/dialogs.h"
 #include "player/display.h"
 #include "player/eyes.h"
 #include "player/game.h"
 #include "player/hands.h"
 #include "player/process.h"
 #include "player/robot.h"
-#include "player/screens.h"
+#include "player/title.h"
 #include "player/visit.h"
 
 #include <getopt.h>

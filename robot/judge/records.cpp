@@ -3,8 +3,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "records.h"
+#include "player/dialogs.h"
 #include "player/puzzle_kinds.h"
-#include "player/screens.h"
 
 #include <algorithm>
 

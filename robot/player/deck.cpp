@@ -2,6 +2,8 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "deck.h"
+
 #include "eyes.h"
 #include "hands.h"
 #include "library.h"

@@ -2,11 +2,13 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "dialogs.h"
+
 #include "eyes.h"
 #include "hands.h"
 #include "letters.h"
 #include "library.h"
-#include "screens.h"
+#include "title.h"
 
 #include <string>
 

@@ -3,13 +3,15 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "play.h"
+#include "deck.h"
+#include "dialogs.h"
 #include "eyes.h"
 #include "hands.h"
 #include "library.h"
 #include "moments.h"
 #include "pieces.h"
 #include "robot.h"
-#include "screens.h"
+#include "title.h"
 
 #include <string>
 #include <vector>

@@ -20,6 +20,3 @@ void play_lift(point piece); // takes it up and lays it down again
 bool play_place(point piece, point grip, int cell, bool last);
 // The piece of one cell onto another: stays there loosely.
 void play_drop_wrongly(point piece, point grip, int cell, int other_cell);
-
-void play_deck(const puzzle_kind &kind, bool wander);
-void play_keypad(const puzzle_kind &kind, bool wander);

@@ -2,12 +2,15 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "study.h"
+
+#include "dialogs.h"
 #include "eyes.h"
 #include "hands.h"
 #include "letters.h"
 #include "library.h"
 #include "pieces.h"
-#include "screens.h"
+#include "title.h"
 
 #include <string>
 

@@ -2,12 +2,14 @@
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
+#include "title.h"
+
+#include "dialogs.h"
 #include "eyes.h"
 #include "game.h"
 #include "hands.h"
 #include "letters.h"
 #include "library.h"
-#include "screens.h"
 
 #include <algorithm>
 #include <array>

@@ -3,10 +3,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
 #include "visit.h"
+#include "dialogs.h"
 #include "moments.h"
 #include "play.h"
 #include "robot.h"
-#include "screens.h"
+#include "study.h"
+#include "title.h"
 
 #include <string>
 

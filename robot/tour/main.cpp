@@ -7,7 +7,7 @@
 #include "player/game.h"
 #include "player/hands.h"
 #include "player/robot.h"
-#include "player/screens.h"
+#include "player/title.h"
 #include "player/visit.h"
 
 #include <getopt.h>

@@ -1,4 +1,4 @@
-// screens.h: the ways through the screens around the play.
+// title.h: the ways through splash and title screen, and what screens with buttons and bubbles share.
 //
 // One thread. A function starts on the screen that it is named after, waits for what it should see and ends when the
 // next screen is seen; it gives up when that does not come.
@@ -13,8 +13,6 @@
 #include "screens/picture_sets.h"
 
 #include <string>
-
-// --- Shared ------------------------------------------------------------------------------------------------------
 
 void button_click(const picture &normal, point at); // waits for the button's own picture first
 
@@ -32,15 +30,7 @@ void column_click(const column_button &button);
 // would answer if the bubbles did not take the clicks. The last of them is `seen`.
 void help_until_closed(const std::string &first_text, point at, int most_clicks, point click_at, moment seen);
 
-void dialog_answer(const std::string &question, bool yes, moment seen);
-void dialog_name(); // types the name when it has not been typed before
-
-const std::string &player_name(); // empty until it was typed
-
-// --- One after the other -----------------------------------------------------------------------------------------
-
-inline constexpr int LIST_X = 30, LIST_TOP = 130, ROW_HEIGHT = 35;                         // of the list of puzzles
-inline constexpr int LOG_HEADING_X = 375, LOG_NAME_X = 520, LOG_TIME_X = 745, LOG_Y = 175; // of the last run
+inline constexpr int LIST_X = 30, LIST_TOP = 130, ROW_HEIGHT = 35; // of the list of puzzles
 
 void splash_leave();  // to the title screen
 void splash_finish(); // the closing layout: to the end of the program
@@ -51,16 +41,3 @@ void title_credits(); // there and back
 void title_select(const puzzle_kind &kind);
 void title_study(); // to the study screen
 void title_exit();  // first no, then yes: to the closing splash
-
-// Waits for the full board; on a player's first visit the help shows by itself and is clicked away.
-void study_enter(const puzzle_kind &kind);
-void study_explore(const puzzle_kind &kind); // a piece out and in again, clear, fill, help
-void study_play();                           // through the name dialog to the play screen
-void study_back();
-
-void completion_await();
-bool completion_praised();                        // for a master's time
-void completion_confirm(const puzzle_kind &kind); // to the score log
-
-// Watches the whole show the first time, later hurries it; back to the title screen.
-void score_log_watch();
