@@ -92,7 +92,8 @@ TEST(Joints, PlacedTabFillsItsSocketExactly) {
              {std::tuple{side::top, side::bottom, 0}, {side::left, side::right, 1}}) {
             const art::canvas tab = art::draw_edge(mask, edge_kind::placed, tab_side, COLOURS);
             const art::canvas socket = art::draw_edge(mask, edge_kind::placed, socket_side, COLOURS);
-            ASSERT_TRUE(socket.width - shift <= tab.width && socket.height - 1 <= tab.height);
+            ASSERT_LE(socket.width - shift, tab.width);
+            ASSERT_LE(socket.height - 1, tab.height);
             for (int y = 1; y < socket.height; ++y)
                 for (int x = shift; x < socket.width; ++x)
                     EXPECT_NE(opaque(socket, x, y), opaque(tab, x - shift, y - 1))
@@ -109,7 +110,8 @@ TEST(Problems, FractionsAreInLowestTermsAndCountable) {
     for (int cell = 0; cell < PUZZLE_LAYOUTS[7].labels; ++cell) {
         const art::fraction f = art::fraction_problem(cell);
         EXPECT_EQ(std::gcd(f.numerator, f.denominator), 1) << "cell " << cell;
-        EXPECT_TRUE(f.numerator > 0 && f.numerator < f.denominator);
+        EXPECT_GT(f.numerator, 0);
+        EXPECT_LT(f.numerator, f.denominator);
         EXPECT_LE(f.shown_denominator, 12) << "more parts cannot be counted on a piece";
         if (f.denominator <= 6) {
             EXPECT_GT(f.shown_denominator, f.denominator) << "cell " << cell << " leaves nothing to simplify";
@@ -126,7 +128,11 @@ TEST(Problems, TimesDiffer) {
     std::set<std::string> seen;
     for (int cell = 0; cell < PUZZLE_LAYOUTS[10].labels; ++cell) {
         const art::clock_time t = art::time_problem(cell);
-        EXPECT_TRUE(t.hour >= 1 && t.hour <= 12 && t.minute >= 0 && t.minute < 60 && t.minute % 5 == 0);
+        EXPECT_GE(t.hour, 1);
+        EXPECT_LE(t.hour, 12);
+        EXPECT_GE(t.minute, 0);
+        EXPECT_LT(t.minute, 60);
+        EXPECT_EQ(t.minute % 5, 0);
         EXPECT_TRUE(seen.insert(art::time_text(t)).second) << art::time_text(t) << " comes twice";
     }
 }

@@ -41,7 +41,10 @@ struct stage {
         fake_video_reset();
         fake_video.extra_pixels = extra_pitch;
         fake_video.refuse = bits == pixel16::BITS ? nullptr : refuse_16_bits;
-        EXPECT_TRUE(video_init() == 1 && prim_init() == 1 && blit_init() == 1 && video_format.depth == bits);
+        EXPECT_EQ(video_init(), 1);
+        EXPECT_EQ(prim_init(), 1);
+        EXPECT_EQ(blit_init(), 1);
+        EXPECT_EQ(video_format.depth, bits);
         direct_fill(WHOLE_SCREEN, BLACK); // a new mode may show anything
         render_pass();
     }

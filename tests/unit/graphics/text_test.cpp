@@ -64,8 +64,9 @@ TEST(text, wraps_at_the_last_space_and_measures_lines) {
         text_wrap(row.text.data(), row.width);
         EXPECT_EQ(row.text, row.wrapped) << row.width;
         const text_size got = text_measure(row.text.c_str());
-        EXPECT_TRUE(got.width == row.size.width && got.height == row.size.height && got.top == row.size.top)
-            << row.text << ": " << got.width << ", " << got.height << ", " << got.top;
+        EXPECT_EQ(got.width, row.size.width) << row.text;
+        EXPECT_EQ(got.height, row.size.height) << row.text;
+        EXPECT_EQ(got.top, row.size.top) << row.text;
     }
     std::string narrow;
     for (int i = 0; i < 30; ++i)

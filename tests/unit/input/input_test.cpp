@@ -46,8 +46,11 @@ TEST_F(input_test, a_press_is_seen_in_its_first_frame_only) {
         fake_key(SDLK_q, down);
         fake_mouse_button(3, down);
         input_poll();
-        EXPECT_TRUE(key_pressed(SDLK_q) == pressed && mouse_pressed(3) == pressed && mouse_held(3) == down);
-        EXPECT_TRUE(mouse_held(MOUSE_LEFT) && !mouse_pressed(MOUSE_LEFT));
+        EXPECT_EQ(key_pressed(SDLK_q), pressed);
+        EXPECT_EQ(mouse_pressed(3), pressed);
+        EXPECT_EQ(mouse_held(3), down);
+        EXPECT_TRUE(mouse_held(MOUSE_LEFT));
+        EXPECT_FALSE(mouse_pressed(MOUSE_LEFT));
     }
     fake_keys_up();
     input_poll();
@@ -56,7 +59,11 @@ TEST_F(input_test, a_press_is_seen_in_its_first_frame_only) {
     fake_mouse_move(12, 345);
     EXPECT_EQ(first_pressed_key(), 0) << "nothing changes between two polls";
     input_poll();
-    EXPECT_TRUE(first_pressed_key() == SDLK_b && shift_held() && ctrl_held() && mouse_x == 12 && mouse_y == 345);
+    EXPECT_EQ(first_pressed_key(), SDLK_b);
+    EXPECT_TRUE(shift_held());
+    EXPECT_TRUE(ctrl_held());
+    EXPECT_EQ(mouse_x, 12);
+    EXPECT_EQ(mouse_y, 345);
     input_poll();
     EXPECT_EQ(first_pressed_key(), 0) << "still held";
 }
@@ -69,10 +76,15 @@ TEST_F(input_test, questions_beyond_the_keys_and_buttons_are_answered_no) {
     fake_mouse_button(8, true);
     input_poll();
     EXPECT_EQ(key_count(), 50);
-    for (const i32 key : {-1, 50, 400, 100000})
-        EXPECT_TRUE(!key_pressed(key) && key_char(key) == 0) << key;
+    for (const i32 key : {-1, 50, 400, 100000}) {
+        EXPECT_FALSE(key_pressed(key)) << key;
+        EXPECT_EQ(key_char(key), 0) << key;
+    }
     EXPECT_EQ(first_pressed_key(), 0);
-    EXPECT_TRUE(mouse_held(8) && !mouse_held(0) && !mouse_held(9) && !mouse_held(-1));
+    EXPECT_TRUE(mouse_held(8));
+    EXPECT_FALSE(mouse_held(0));
+    EXPECT_FALSE(mouse_held(9));
+    EXPECT_FALSE(mouse_held(-1));
 }
 
 void push_button(u8 type, u16 x, u16 y) {
@@ -97,14 +109,20 @@ TEST_F(input_test, what_goes_down_and_up_between_two_polls_is_a_press) {
     push_key(SDL_KEYUP, SDLK_q);
     fake_mouse_move(300, 400);
     input_poll();
-    EXPECT_TRUE(mouse_pressed(MOUSE_LEFT) && key_pressed(SDLK_q));
-    EXPECT_TRUE(mouse_x == 70 && mouse_y == 80) << "where the tap was, not where the mouse has gone since";
+    EXPECT_TRUE(mouse_pressed(MOUSE_LEFT));
+    EXPECT_TRUE(key_pressed(SDLK_q));
+    EXPECT_EQ(mouse_x, 70) << "where the tap was, not where the mouse has gone since";
+    EXPECT_EQ(mouse_y, 80) << "where the tap was, not where the mouse has gone since";
     input_poll();
-    EXPECT_TRUE(!mouse_held(MOUSE_LEFT) && !key_pressed(SDLK_q) && mouse_x == 300 && mouse_y == 400);
+    EXPECT_FALSE(mouse_held(MOUSE_LEFT));
+    EXPECT_FALSE(key_pressed(SDLK_q));
+    EXPECT_EQ(mouse_x, 300);
+    EXPECT_EQ(mouse_y, 400);
     push_button(SDL_MOUSEBUTTONDOWN, 70, 80);
     fake_mouse_button(MOUSE_LEFT, true);
     input_poll();
-    EXPECT_TRUE(mouse_pressed(MOUSE_LEFT) && mouse_x == 300) << "one that lasts is where the mouse is";
+    EXPECT_TRUE(mouse_pressed(MOUSE_LEFT)) << "one that lasts is where the mouse is";
+    EXPECT_EQ(mouse_x, 300) << "one that lasts is where the mouse is";
     push_button(SDL_MOUSEBUTTONUP, 70, 80);
     fake_mouse_button(MOUSE_LEFT, false);
     input_poll();
@@ -114,7 +132,9 @@ TEST_F(input_test, what_goes_down_and_up_between_two_polls_is_a_press) {
 TEST_F(input_test, the_pointer_is_drawn_with_its_hot_spot_on_the_mouse) {
     video_format = {.depth = 16, .bytes_per_pixel = 2, .shift = 1};
     std::filesystem::create_symlink(TAVIMO_DATA_FILE, game.data("data.dar"));
-    ASSERT_TRUE(blit_init() == 1 && data_archive_open() == 1 && cursor_init() == 1);
+    ASSERT_EQ(blit_init(), 1);
+    ASSERT_EQ(data_archive_open(), 1);
+    ASSERT_EQ(cursor_init(), 1);
     mouse_x = 1;
     mouse_y = 100;
     cursor_draw();

@@ -66,8 +66,13 @@ struct puzzle_table {
         app = &state;
         state.board = b;
         state.puzzle = type;
-        EXPECT_TRUE(data_archive_open() == 1 && blit_init() == 1 && input_init() == 1 && help_init() == 1 &&
-                    effects_init() == 1 && board_prepare(&state) == 1 && board_start(b, nullptr) == 1);
+        EXPECT_EQ(data_archive_open(), 1);
+        EXPECT_EQ(blit_init(), 1);
+        EXPECT_EQ(input_init(), 1);
+        EXPECT_EQ(help_init(), 1);
+        EXPECT_EQ(effects_init(), 1);
+        EXPECT_EQ(board_prepare(&state), 1);
+        EXPECT_EQ(board_start(b, nullptr), 1);
         sounds_played.clear();
     }
     ~puzzle_table() {
@@ -203,7 +208,10 @@ TEST(cells, share_their_edge_places_with_neighbours_and_pieces) {
         const sprite *below = board_find_cell(t.b, cell->col, cell->row + 1);
         EXPECT_TRUE(right == nullptr || right->tab_left == cell->sock_right);
         EXPECT_TRUE(below == nullptr || below->tab_top == cell->sock_bottom);
-        EXPECT_TRUE(cell->tab_left >= 10 && cell->tab_left <= 20 && cell->tab_top >= 10 && cell->tab_top <= 30);
+        EXPECT_GE(cell->tab_left, 10);
+        EXPECT_LE(cell->tab_left, 20);
+        EXPECT_GE(cell->tab_top, 10);
+        EXPECT_LE(cell->tab_top, 30);
         const sprite *piece = t.piece(cell->row * t.b->layout->cols + cell->col);
         EXPECT_EQ(piece->tab_top, cell->tab_top);
         EXPECT_EQ(piece->tab_left, cell->tab_left);

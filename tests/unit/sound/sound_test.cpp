@@ -118,7 +118,8 @@ TEST_F(sound_test, limited_sounds_start_over_and_others_overlap) {
         ask(SOUND_PUZZLE_COMPLETE, 2);
         const samples both = mixed(loud, 2, volume);
         EXPECT_EQ(hear_all(), trimmed(both));
-        EXPECT_TRUE(*std::ranges::max_element(both) == 32767 && *std::ranges::min_element(both) == -32768);
+        EXPECT_EQ(*std::ranges::max_element(both), 32767);
+        EXPECT_EQ(*std::ranges::min_element(both), -32768);
     }
 }
 

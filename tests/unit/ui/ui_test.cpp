@@ -38,7 +38,8 @@ struct ui_stage {
         log_set_mode(0);
         fake_keys_up();
         app = &state;
-        EXPECT_TRUE(input_init() == 1 && help_init() == 1);
+        EXPECT_EQ(input_init(), 1);
+        EXPECT_EQ(help_init(), 1);
         sounds_played.clear();
         draw_queue.idle = true;
     }
