@@ -127,7 +127,7 @@ namespace {
 void add_button_tap(const SDL_MouseButtonEvent &press) {
     if (press.button < 1 || press.button > MOUSE_BUTTON_LIMIT)
         return;
-    const u8 bit = SDL_BUTTON(press.button);
+    const auto bit = static_cast<u8>(SDL_BUTTON(press.button));
     if (((state.buttons | state.previous_buttons) & bit) != 0)
         return;
     state.buttons |= bit;
