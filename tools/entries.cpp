@@ -95,7 +95,7 @@ constexpr bool every_picture_has_a_row() {
     for (const shared_row &row : SHARED) {
         i32 pictures = 0;
         for (const shared_row &other : SHARED)
-            if (other.set.prefix == row.set.prefix)
+            if (std::string_view(other.set.prefix) == row.set.prefix)
                 pictures += other.part.count;
         if (pictures != row.set.count)
             return false;
