@@ -47,7 +47,7 @@ struct button_style {
 // place in all three; without a label the pictogram stands in the middle.
 canvas draw_button(const button_style &style, button_look look, icon pictogram, std::string_view label);
 
-// Draws all looks of a button and writes them as the part of a set.
+// Draws all looks of a button and writes them where the set has them.
 void save_button(const button_style &style, icon pictogram, std::string_view label, const picture_set &set,
                  const set_part &pictures);
 

@@ -1,6 +1,6 @@
 // picture_sets.h: the screens' picture sets: what lies where in each. Constants only.
 //
-// A button is named by the part of the set that its looks make up, in the order of button_look.
+// A button is named by where its looks lie in the set, in the order of button_look.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
