@@ -86,6 +86,7 @@ void make_screen(screen *made, i32 bits) {
     std::ranges::transform(PICTURE_SIZES, made->pictures.begin(),
                            [&](auto size) { return patterned(size.first, size.second, seed++); });
     std::free(std::exchange(made->pictures.back()->runs, nullptr));
+    made->pictures.back()->run_count = 0;
 }
 
 } // namespace
