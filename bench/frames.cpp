@@ -26,7 +26,6 @@ constexpr double MILLISECONDS = 1e3, FRAME_LIMIT = 2, KILOBYTE = 1e3;
 constexpr int DEPTHS[] = {16, 32};
 constexpr int WARM_UP = 60; // frames
 constexpr int FACTORS = 8;  // the puzzle type
-constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
 constexpr int SLIDES = 40, SLIDE_FRAMES = 10;
 constexpr int CARD_LEAVES = 3;                     // frames that the mouse is held on a card
 constexpr int DECK_FRAMES = 250, EFFECT_EVERY = 4; // frames
@@ -68,7 +67,7 @@ void slide_titles(int depth) {
     wait_frames(WARM_UP);
     frame_meter_begin(true);
     for (int i = 0; i < SLIDES; ++i) {
-        click(LIST_X, LIST_Y + LIST_PITCH * (i % PUZZLE_COUNT));
+        click(LIST_X, list_y(i % PUZZLE_COUNT));
         wait_frames(SLIDE_FRAMES);
     }
     report("title sliding", depth, frame_meter_end());
@@ -173,14 +172,17 @@ void celebrate(int depth) {
 int main() {
     for (const int depth : DEPTHS) {
         const game_folder folder;
-        const game_result result = play_game(folder, depth, [depth] {
-            slide_titles(depth);
-            play_factors(depth);
-            if (depth == DEPTHS[0])
-                grow_pieces(depth);
-            celebrate(depth);
-            _exit(EXIT_SUCCESS);
-        });
+        const game_result result = play_game(
+            folder, depth,
+            [depth] {
+                slide_titles(depth);
+                play_factors(depth);
+                if (depth == DEPTHS[0])
+                    grow_pieces(depth);
+                celebrate(depth);
+                _exit(EXIT_SUCCESS);
+            },
+            METERED);
         if (result.exit_code != EXIT_SUCCESS) {
             std::fprintf(stderr, "benchmark: %s\n", result.said.c_str());
             return EXIT_FAILURE;

@@ -7,16 +7,17 @@
 #include "core/app/app.h"
 #include "core/base/app_state.h"
 #include "core/ui/screen.h"
-#include "graphics/render.h"
+#include "graphics/draw_queue.h"
+#include "graphics/locks.h"
 #include "monkey/monkey.h"
-#include "support/temp_folder.h"
 
 #include <SDL.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <random>
+#include <thread>
+#include <utility>
 
 namespace {
 
@@ -24,9 +25,12 @@ constexpr int MS_PER_MINUTE = 60'000, LATE_MS = 40; // twice the period of a fra
 constexpr int MOVE_EVERY = 4;                       // frames; about as fast as a hand can
 constexpr double PERCENT = 100;
 
+const std::thread::id MAIN_THREAD = std::this_thread::get_id();
+
 std::mt19937 dice;
 monkey_report counts;
 u32 end_time = 0, last_frame = 0;
+bool polled = false; // and not recorded yet
 long frames = 0, dropped = 0, late = 0;
 long dropped_on[SCREEN_COUNT] = {};
 
@@ -47,50 +51,34 @@ monkey_report *const report = &counts;
 int roll(int n) {
     return static_cast<int>(dice() % static_cast<unsigned>(n));
 }
-void push_event(u8) {}
 void soak_measure() {}
 void monkey_fail(const std::string &why) {
     std::fprintf(stderr, "real time: %s\n", why.c_str());
     std::_Exit(EXIT_FAILURE);
 }
 
-extern "C" {
-Uint8 __wrap_SDL_GetMouseState(int *x, int *y) {
-    *x = devices.x;
-    *y = devices.y;
-    return devices.buttons;
-}
-
-Uint8 *__wrap_SDL_GetKeyState(int *count) {
-    static u8 polled[sizeof devices.keys];
-    *count = sizeof polled;
-    std::memcpy(polled, devices.keys, sizeof polled);
-    return polled;
-}
-
-bool __real__Z18render_begin_framev();
-bool __wrap__Z18render_begin_framev() {
-    const bool ready = __real__Z18render_begin_framev();
-    ++frames;
-    dropped += ready ? 0 : 1;
-    dropped_on[screen_current()] += ready ? 0 : 1;
-    return ready;
-}
-
-void __real_SDL_PumpEvents();
-void __wrap_SDL_PumpEvents() {
-    __real_SDL_PumpEvents();
-    if (screen_current() == SCREEN_NONE) // start-up
-        return;
+static void frame() {
     const u32 now = SDL_GetTicks();
     late += frames > 0 && now - last_frame > LATE_MS ? 1 : 0;
     last_frame = now;
     ++report->screens[screen_current()];
+    polled = true;
     if (now >= end_time)
         app_request_quit();
     else if (frames % MOVE_EVERY == 0)
         monkey_move();
 }
+
+// The first lock that is taken after the poll begins the recording, if the render thread is ready.
+extern "C" int __real_SDL_mutexP(SDL_mutex *mutex);
+extern "C" int __wrap_SDL_mutexP(SDL_mutex *mutex) {
+    const int result = __real_SDL_mutexP(mutex);
+    if (mutex == render_lock.mutex && std::this_thread::get_id() == MAIN_THREAD && std::exchange(polled, false)) {
+        ++frames;
+        dropped += draw_queue.idle ? 0 : 1;
+        dropped_on[screen_current()] += draw_queue.idle ? 0 : 1;
+    }
+    return result;
 }
 
 int main(int count, char **arguments) {
@@ -102,6 +90,8 @@ int main(int count, char **arguments) {
     plan.soak = true;
     static const temp_game folder; // the player's own records stay out of it
     std::filesystem::create_symlink(TAVIMO_DATA_FILE, folder.data("data.dar"));
+    fake_input_start();
+    harness = {.frame = frame, .render_turn = nullptr, .render_thread = true};
     std::atexit(print_count);
     app_run();
 }

@@ -18,8 +18,7 @@
 
 namespace {
 
-constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
-constexpr int CONSOLE_KEYS = 2, KEY_BACKSPACE = 9, KEY_OF_0 = 10, KEY_ENTER = 11, KEYPAD_KEYS = 12; // among the buttons
+constexpr int DECK_BUTTON = 2, DECK_BUTTON_AT_KEYPAD = 14; // among the board's buttons
 constexpr int CELL_MARGIN = 1, STUCK_FRAMES = 6000, HOUR_MS = 3'600'000;
 constexpr char DEBUG_SEQUENCE[] = "qzkvxhwnyrt", DEBUG_KEYS[] = "awdc";
 
@@ -62,7 +61,7 @@ void hold_and_move() {
 
 // Now and then everything stands still for an hour.
 void stall() {
-    virtual_now += one_in(50) ? HOUR_MS : static_cast<u32>(roll(2000));
+    fake_time_advance(one_in(50) ? HOUR_MS : static_cast<u32>(roll(2000)));
 }
 
 constexpr void (*NOISES[])() = {
@@ -72,7 +71,7 @@ constexpr void (*NOISES[])() = {
     use_debug_mode,
     [] { point_anywhere(), click(); },
     [] { point_anywhere(), click(); },
-    [] { devices.keys[any_key()] ^= 1; },
+    [] { devices.keys.at(static_cast<std::size_t>(any_key())) ^= 1; },
     [] { devices.buttons = static_cast<u8>(roll(256)); },
     [] { push_event(one_in(400) ? SDL_QUIT : SDL_VIDEOEXPOSE); },
     [] { press(any_key()); },
@@ -129,16 +128,16 @@ void click_button(int index) {
 void answer(const board *b) {
     const bool right = is_sensible() && !one_in(12);
     for (int i = number_entry_length(b->entry); i > 0; --i)
-        click_button(CONSOLE_KEYS + KEY_BACKSPACE);
+        click_button(KEYPAD_DELETE);
     for (const char digit : std::to_string(right ? b->deck.slot[0]->answer : roll(12000)))
-        click_button(CONSOLE_KEYS + (digit == '0' ? KEY_OF_0 : digit - '1'));
-    click_button(CONSOLE_KEYS + KEY_ENTER);
+        click_button(keypad_digit(digit));
+    click_button(KEYPAD_ENTER);
 }
 
 void turn_deck(const board *b) {
     if (one_in(2))
         return press(SDLK_SPACE);
-    click_button(CONSOLE_KEYS + (board_has(b, BOARD_HAS_KEYPAD) ? KEYPAD_KEYS : 0));
+    click_button(board_has(b, BOARD_HAS_KEYPAD) ? DECK_BUTTON_AT_KEYPAD : DECK_BUTTON);
 }
 
 void take_card(const board *b) {
@@ -178,25 +177,23 @@ void watch_success() {
 // --- The other screens ---------------------------------------------------------------------------
 
 void at_title() {
-    constexpr int STUDY_BUTTON = 6, OTHERS = 5, EXIT_BUTTON = 1;
     static int next_puzzle = 0;
     if (plan.soak)
         soak_measure();
-    click(LIST_X, LIST_Y + LIST_PITCH * (plan.soak ? next_puzzle++ % PUZZLE_COUNT : roll(PUZZLE_COUNT)));
+    click(LIST_X, list_y(plan.soak ? next_puzzle++ % PUZZLE_COUNT : roll(PUZZLE_COUNT)));
     wait_frames(plan.soak ? 30 : roll(30));
     if (plan.soak || !one_in(3))
-        return click_column(STUDY_BUTTON);
-    if (const int n = 1 + roll(OTHERS); n != EXIT_BUTTON || one_in(3))
+        return click_column(TITLE_STUDY);
+    if (const int n = 1 + roll(TITLE_OTHERS); n != TITLE_EXIT || one_in(3))
         click_column(n);
 }
 
 void at_study() {
-    constexpr int PLAY_BUTTON = 2, BUTTONS = 5;
     const board *b = app->board;
     if (plan.soak || one_in(2))
-        return click_column(PLAY_BUTTON);
+        return click_column(STUDY_PLAY);
     if (one_in(6))
-        return click_column(1 + roll(BUTTONS));
+        return click_column(1 + roll(STUDY_BUTTONS));
     click(b->x + roll(b->width), b->y + roll(b->height));
 }
 
@@ -222,7 +219,8 @@ constexpr void (*ACTIONS[SCREEN_COUNT])() = {
 };
 
 void act_sensibly() {
-    devices = {.x = devices.x, .y = devices.y, .buttons = 0, .keys = {}};
+    devices.buttons = 0;
+    fake_keys_up();
     settings_help_showing() ? click_later() : ACTIONS[screen_current()]();
 }
 

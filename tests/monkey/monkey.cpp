@@ -24,7 +24,7 @@ static bool live(monkey_plan run, unsigned seed, long frames) {
     for (run.seed = seed * 1000; report->frames < end; ++run.seed) {
         run.frames = run.soak ? frames : std::min(end - report->frames, RUN_FRAMES);
         const int exit_code = monkey_run(run);
-        if (exit_code == 0 && report->prefs_saves == report->runs && report->scores_saves == report->runs)
+        if (exit_code == 0 && std::ranges::count(report->saved, report->runs) == 2)
             continue;
         std::fprintf(stderr, "FAILED: --seed %u --frames %ld%s%s, run %u, frame %ld of that run, code %d\n%s", seed,
                      frames, run.render_thread ? " --thread" : "", run.soak ? " --soak" : "", run.seed % 1000,
@@ -39,9 +39,9 @@ static void print_report() {
     std::printf("%ld frames, %ld runs, %ld lists played\n", report->frames, report->runs, report->lists_played);
     std::printf("frames of play %ld, title %ld, study %ld, dialogs %ld, scores %ld, credits %ld, splash %ld\n", play,
                 title, study, dialog, scores, credits, splash);
-    std::printf("recorded results of each puzzle:");
-    for (const long recorded : report->recorded)
-        std::printf(" %ld", recorded);
+    std::printf("boards of each puzzle that were completed:");
+    for (const long finished : report->finished)
+        std::printf(" %ld", finished);
 }
 
 int main(int count, char **arguments) {

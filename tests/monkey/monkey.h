@@ -12,18 +12,19 @@
 struct monkey_report {
     long frames, runs, lists_played;
     long run_frames; // of the run that goes on, or that failed
-    long screens[SCREEN_COUNT], recorded[PUZZLE_COUNT];
-    long prefs_saves, scores_saves;
+    long screens[SCREEN_COUNT], finished[PUZZLE_COUNT];
+    long saved[2]; // times that prefs and that scores were replaced
 };
 extern monkey_report *const report;
 
+inline constexpr const char *SAVED_FILES[] = {"prefs", "scores"};
+
 struct monkey_plan {
     unsigned seed = 1;
-    long frames = 10000;               // of this run, before it is ended from outside
-    bool render_thread = false;        // a real one
-    bool soak = false;                 // plays well, all puzzles in turn, and never leaves
-    void (*move)() = nullptr;          // each frame's
-    void (*saving_begins)() = nullptr; // called once
+    long frames = 10000;        // of this run, before it is ended from outside
+    bool render_thread = false; // a real one
+    bool soak = false;          // plays well, all puzzles in turn, and never leaves
+    void (*move)() = nullptr;   // each frame's
 };
 inline monkey_plan plan;
 int monkey_run(const monkey_plan &wanted); // from start to end; the exit code, or -1 for a signal

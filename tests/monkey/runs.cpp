@@ -7,14 +7,16 @@
 #include "core/ui/screen.h"
 #include "graphics/draw_queue.h"
 #include "monkey/monkey.h"
+#include "puzzles/board.h"
+#include "support/video_depth.h"
 
-#include <SDL.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <utility>
+#include <random>
+#include <string_view>
 
 static constexpr int LISTS_EVERY = 10; // frames; without a real render thread
 static constexpr unsigned HANG_SECONDS = 300;
@@ -47,6 +49,15 @@ static bool render_turn(bool needed) {
     return true;
 }
 
+static void count_finished() {
+    static bool was_complete = false;
+    const board &b = *app->board;
+    const bool complete = board_is(&b, BOARD_COMPLETE) && b.type != BOARD_NO_TYPE;
+    if (complete && !was_complete)
+        ++report->finished[b.type];
+    was_complete = complete;
+}
+
 static void frame() {
     ++report->screens[screen_current()];
     ++report->frames;
@@ -55,6 +66,7 @@ static void frame() {
     if (report->run_frames >= plan.frames)
         app_request_quit();
     check_invariants();
+    count_finished();
     plan.move();
 }
 
@@ -66,42 +78,22 @@ int monkey_run(const monkey_plan &wanted) {
         setenv("SDL_AUDIODRIVER", plan.soak ? "disk" : "dummy", 1); // twenty times as fast: no sound is left over
         setenv("SDL_DISKAUDIOFILE", "/dev/null", 1);
         setenv("SDL_DISKAUDIODELAY", "1", 1);
+        setenv("PATH", "/nowhere", 1); // no browser is found
+        virtual_time_start();
+        fake_video.refuse = [](int bits, u32) { return bits != (plan.seed % 2 == 0 ? 32 : 16); };
         harness.frame = frame;
         harness.render_turn = render_turn;
         harness.render_thread = plan.render_thread;
         dice.seed(plan.seed);
-        program_dice.seed(plan.seed);
+        fake_dice_seed(plan.seed);
         app_run();
     });
 }
 
-extern "C" {
-SDL_Surface *__real_SDL_SetVideoMode(int width, int height, int bits, Uint32 flags);
-SDL_Surface *__wrap_SDL_SetVideoMode(int width, int height, int bits, Uint32 flags) {
-    const int depth = plan.seed % 2 == 0 ? 32 : 16;
-    return bits == depth ? __real_SDL_SetVideoMode(width, height, bits, flags) : nullptr;
-}
-
-// The program's own functions, by the names that the compiler gives them.
-i32 __real__Z10prefs_savev();
-i32 __wrap__Z10prefs_savev() {
-    ++report->prefs_saves;
-    if (plan.saving_begins != nullptr)
-        std::exchange(plan.saving_begins, nullptr)();
-    return __real__Z10prefs_savev();
-}
-
-i32 __real__Z15best_times_savev();
-i32 __wrap__Z15best_times_savev() {
-    ++report->scores_saves;
-    return __real__Z15best_times_savev();
-}
-
-void __real__Z17best_times_recordiPKci(i32 puzzle, const char *name, i32 seconds);
-void __wrap__Z17best_times_recordiPKci(i32 puzzle, const char *name, i32 seconds) {
-    ++report->recorded[puzzle];
-    __real__Z17best_times_recordiPKci(puzzle, name, seconds);
-}
-
-void __wrap__Z22platform_open_web_pagePKc(const char *) {}
+// Every save ends with the new file moved over the old one.
+extern "C" int __real_rename(const char *from, const char *to);
+extern "C" int __wrap_rename(const char *from, const char *to) {
+    for (int i = 0; i < 2; ++i)
+        report->saved[i] += std::string_view(to).ends_with(std::string("/") + SAVED_FILES[i]) ? 1 : 0;
+    return __real_rename(from, to);
 }

@@ -1,7 +1,7 @@
 // tavimo-saves: what stands on the disk when the program is killed while it saves, and how often it saves.
 //
-// The program runs until it saves; there it is copied (fork), again and again, each time into a folder of its own.
-// Each copy goes on to save and exit, and is killed before or after the next one of its system calls: between them
+// The program runs until its last frame; there it is copied (fork), again and again, each time into a folder of its
+// own. Each copy goes on to save and exit, and is killed before or after the next one of its system calls: between them
 // nothing on the disk changes. A copy writes in small pieces, so that it is also killed within what it writes.
 //
 // SPDX-License-Identifier: MIT
@@ -27,7 +27,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char *FILES[] = {"prefs", "scores"};
 constexpr std::size_t PIECE = 256, LONGER_BY = 4096; // bytes
 constexpr int UNHARMED = 0;
 constexpr long FRAMES_BEFORE = 20;
@@ -45,7 +44,7 @@ fs::path make_folder(int kind) {
     fs::create_directories(root / "bin");
     fs::create_directories(root / "data");
     for (int i = 0; i < 2 && kind != NOTHING; ++i)
-        write_file(root / "data" / FILES[i], old_files[kind][i]);
+        write_file(root / "data" / SAVED_FILES[i], old_files[kind][i]);
     return root;
 }
 
@@ -94,7 +93,7 @@ bool copy_and_kill(int kind, int stop) {
     const bool killed = kill_copy(pid, stop);
     file_bytes found[2];
     for (int i = 0; i < 2; ++i)
-        found[i] = read_file(root / "data" / FILES[i]);
+        found[i] = read_file(root / "data" / SAVED_FILES[i]);
     if (stop == UNHARMED)
         std::copy(found, found + 2, new_files[kind]);
     if (new_files[kind][1].size() < 2 * PIECE)
@@ -102,16 +101,16 @@ bool copy_and_kill(int kind, int stop) {
     const bool saves_again = start_again(root);
     for (int i = 0; i < 2; ++i) {
         const bool whole = found[i] == old_files[kind][i] || found[i] == new_files[kind][i];
-        const bool kept = read_file(root / "data" / (FILES[i] + std::string(".bad"))) == found[i];
+        const bool kept = read_file(root / "data" / (SAVED_FILES[i] + std::string(".bad"))) == found[i];
         if (!saves_again || (!whole && !kept))
-            monkey_fail(std::string(FILES[i]) + " is lost or mixed; killed at stop " + std::to_string(stop) +
+            monkey_fail(std::string(SAVED_FILES[i]) + " is lost or mixed; killed at stop " + std::to_string(stop) +
                         ", before it case " + std::to_string(kind));
     }
     fs::remove_all(root);
     return killed;
 }
 
-// Called where the program begins to save. Returns in its copies.
+// Returns in the copies.
 void kill_copies() {
     for (int kind = 0; kind < BEFORE_KINDS; ++kind) {
         copy_and_kill(kind, UNHARMED);
@@ -133,17 +132,16 @@ void fill_tables(const char *name, int seconds) {
 }
 
 void prepare_files() {
-    plan.saving_begins = nullptr;
     fill_tables("The old one", 1000);
     if (prefs_save() != 1 || best_times_save() != 1)
         monkey_fail("the old files cannot be written");
     for (int i = 0; i < 2; ++i) {
-        old_files[SAME_LENGTH][i] = old_files[LONGER][i] = read_file(game_root / "data" / FILES[i]);
+        old_files[SAME_LENGTH][i] = old_files[LONGER][i] = read_file(game_root / "data" / SAVED_FILES[i]);
         old_files[LONGER][i].insert(old_files[LONGER][i].end(), LONGER_BY, 'x');
     }
     fill_tables("The new one", 1500);
-    plan.saving_begins = kill_copies;
     app_request_quit();
+    kill_copies();
 }
 
 // --- Ways out ------------------------------------------------------------------------------------
@@ -180,11 +178,10 @@ void leave() {
 bool leaves_each_way() {
     for (const way_out &row : WAYS) {
         way = &row;
-        report->prefs_saves = report->scores_saves = 0;
+        std::ranges::fill(report->saved, 0);
         const int exit_code = monkey_run({.move = leave});
-        std::printf("%s: exit code %d, %ld and %ld saves\n", row.name, exit_code, report->prefs_saves,
-                    report->scores_saves);
-        if (exit_code != 0 || report->prefs_saves != 1 || report->scores_saves != 1)
+        std::printf("%s: exit code %d, %ld and %ld saves\n", row.name, exit_code, report->saved[0], report->saved[1]);
+        if (exit_code != 0 || std::ranges::count(report->saved, 1) != 2)
             return false;
     }
     return true;

@@ -13,7 +13,6 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <fstream>
 
@@ -26,7 +25,6 @@ static constexpr int SOUND_TAIL = 70; // times 10 ms, until no sound is playing
 static void fill_logs() {
     for (i32 i = 0; i < PUZZLE_COUNT * LOG_LENGTH; ++i)
         best_times_record(i % PUZZLE_COUNT, "Anonymous", 1);
-    std::ranges::fill(report->recorded, 0);
 }
 
 // Any round may be the first in which a rare one is heard.

@@ -13,12 +13,10 @@
 #include "puzzles/puzzle_layout.h"
 #include "screens/splash.h"
 #include "sprites/sprite.h"
-#include "support/fake_sdl.h"
 #include "support/recording.h"
 #include "support/video_depth.h"
 
 #include <SDL.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -30,18 +28,13 @@
 
 namespace fs = std::filesystem;
 
-extern "C" {
-void __real_SDL_PumpEvents();
-void __wrap_SDL_PumpEvents();
-}
-
 namespace {
 
 constexpr int USUAL_DEPTH = 16; // the mode that start-up asks for first
 constexpr int SCRIPT_FAILED = 99;
 constexpr int GO_ON = -1;
 
-// Whose turn it is. The game's frame begins with pumping SDL's events; there the script has its turn.
+// Whose turn it is. Where the game polls its input, the script has its turn.
 bool script_runs = false;
 std::binary_semaphore game_turn{0}, script_turn{0};
 int exit_with = GO_ON; // the main thread's exit code in its next turn
@@ -63,17 +56,14 @@ void say_what_became_of_memory() {
     std::fputs(app == nullptr ? "released\n" : "kept\n", stderr);
 }
 
-[[noreturn]] void child(int depth, const script &player, const std::string &errors) {
+void play(int depth, const script &player, const std::string &errors) {
     if (std::freopen(errors.c_str(), "w", stderr) == nullptr)
         _exit(SCRIPT_FAILED);
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
     setenv("SDL_AUDIODRIVER", "dummy", 0);
     for (const int ending :
          {SIGHUP, SIGINT, SIGTERM}) // which whoever runs the tests in the background may have switched off
         std::signal(ending, SIG_DFL);
-    fake_reset();
-    fake_mouse_move(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2);
-    fake_time_start(1);
+    virtual_time_start();
     if (depth != USUAL_DEPTH)
         fake_video.refuse = [](int bits, u32) { return bits == USUAL_DEPTH; };
     std::atexit(say_what_became_of_memory); // after the program's own handler, which comes later
@@ -84,18 +74,13 @@ void say_what_became_of_memory() {
 
 } // namespace
 
-void __wrap_SDL_PumpEvents() {
-    __real_SDL_PumpEvents();
-    if (script_runs && app != nullptr) {
+void take_turns() {
+    if (script_runs) {
         script_turn.release();
         game_turn.acquire();
     }
     if (exit_with != GO_ON)
         std::exit(exit_with);
-}
-
-game_folder::game_folder() {
-    fs::create_symlink(TAVIMO_DATA_FILE, file("data/data.dar"));
 }
 
 std::string game_folder::text(const std::string &name) const {
@@ -108,14 +93,10 @@ void game_folder::write(const std::string &name, const std::string &text) const 
     write_file(file(name), to_bytes(text));
 }
 
-game_result play_game(const game_folder &folder, int depth, const script &player) {
-    std::fflush(nullptr);
-    const pid_t pid = fork();
-    if (pid == 0)
-        child(depth, player, folder.file("said").string());
-    int status = 0;
-    waitpid(pid, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.text("said"), folder.text("bin/errorlog.log")};
+game_result play_game(const game_folder &folder, int depth, const script &player, const harness_calls &calls) {
+    harness = calls;
+    const int code = run_in_child([&] { play(depth, player, folder.file("said").string()); });
+    return {code, folder.text("said"), folder.text("bin/errorlog.log")};
 }
 
 // --- For scripts ---------------------------------------------------------------------------------
@@ -217,16 +198,6 @@ std::vector<std::string> drawn_by(void (*draw)()) {
 
 namespace {
 
-constexpr int COLUMN_X = 720; // inside every button of the right-hand columns
-constexpr int COLUMN_LOWEST_Y = 579, COLUMN_PITCH = 36;
-constexpr int SPLASH_GO_Y = 495;  // continue, quit
-constexpr int SPLASH_REVEAL = 40; // frames, more than the reveal takes
-constexpr int SLIDE = 20;         // frames, more than a picture slide takes
-constexpr int ENTRANCE = 40;      // frames, more than a dialog's entrance takes
-constexpr int TITLE_EXIT = 1, TITLE_CREDITS = 3, TITLE_STUDY = 6, STUDY_PLAY = 2;
-constexpr int LIST_X = 100, LIST_Y = 147, LIST_PITCH = 35;
-constexpr int HELP_DEAF = 12; // frames until bubbles take clicks
-
 void check_bubbles() {
     std::vector<rect> frames;
     for (const std::string &line : drawn_by(help_draw)) {
@@ -261,7 +232,7 @@ void leave_splash() {
 }
 
 void press_column(int n) {
-    mouse_down_at(COLUMN_X, COLUMN_LOWEST_Y - COLUMN_PITCH * (n - 1));
+    mouse_down_at(COLUMN_X, column_y(n));
 }
 
 void click_column(int n) {
@@ -270,8 +241,8 @@ void click_column(int n) {
 }
 
 void select_puzzle(int list_position) {
-    click(LIST_X, LIST_Y + LIST_PITCH * list_position);
-    wait_frames(SLIDE);
+    click(LIST_X, list_y(list_position));
+    wait_frames(PICTURE_SLIDE);
 }
 
 void visit_credits() {
@@ -287,7 +258,7 @@ void visit_credits() {
 void leave_run() {
     press(SDLK_ESCAPE);
     until_screen(SCREEN_DIALOG);
-    wait_frames(40);
+    wait_frames(DIALOG_ENTRANCE);
     press(SDLK_y);
     until_screen(SCREEN_TITLE);
     wait_frames(2);
@@ -296,7 +267,7 @@ void leave_run() {
 void close_help() {
     for (int clicks = 0; settings_help_showing(); ++clicks) {
         check(clicks < 10, "clicks to close the help bubbles");
-        wait_frames(HELP_DEAF);
+        wait_frames(BUBBLES_DEAF);
         check_bubbles();
         click(COLUMN_X, SCREEN_HEIGHT / 2);
     }
@@ -311,7 +282,7 @@ void study_selected() {
 void start_playing(const char *name) {
     click_column(STUDY_PLAY);
     until_screen(SCREEN_DIALOG);
-    wait_frames(ENTRANCE);
+    wait_frames(DIALOG_ENTRANCE);
     if (name != nullptr)
         type_text(name);
     press(SDLK_RETURN);
@@ -355,20 +326,19 @@ void until_deck_rests() {
               "the cards where they began");
 }
 
-// The console's two buttons come before the keys.
 void press_keypad(int place) {
-    const button *key = the_board()->buttons->items[2 + place];
+    const button *key = the_board()->buttons->items[place];
     click(key->x + key->width / 2, key->y + key->height / 2);
 }
 
 void type_on_keypad(int number) {
     for (const char digit : std::to_string(number))
-        press_keypad(digit == '0' ? KEYPAD_DELETE + 1 : digit - '1');
+        press_keypad(keypad_digit(digit));
 }
 
 void finish_dialog_and_score_log() {
     until_screen(SCREEN_DIALOG);
-    wait_frames(ENTRANCE);
+    wait_frames(DIALOG_ENTRANCE);
     press(SDLK_RETURN);
     until_screen(SCREEN_SCORE_LOG);
     constexpr int SHOW = 700; // frames, more than the whole show takes
@@ -381,7 +351,7 @@ void finish_dialog_and_score_log() {
 void leave_program() {
     click_column(TITLE_EXIT);
     until_screen(SCREEN_DIALOG);
-    wait_frames(ENTRANCE);
+    wait_frames(DIALOG_ENTRANCE);
     press(SDLK_y);
     until_screen(SCREEN_SPLASH);
     wait_frames(SPLASH_REVEAL);

@@ -8,7 +8,8 @@
 
 #include "core/base/screen_id.h"
 #include "core/base/types.h"
-#include "support/temp_folder.h"
+#include "support/whole_program/places.h"
+#include "support/whole_program/whole_program.h"
 
 #include <filesystem>
 #include <functional>
@@ -20,8 +21,7 @@ struct sprite;
 
 // A temporary game folder with the real archive in data/; bin/ is the working directory while it lives.
 struct game_folder {
-    game_folder();
-    temp_game game;
+    whole_game game;
     std::filesystem::path file(const std::string &name) const { return game.root / name; }
     std::string text(const std::string &name) const; // empty when there is no such file
     void write(const std::string &name, const std::string &text) const;
@@ -35,7 +35,11 @@ struct game_result {
 };
 
 using script = std::function<void()>;
-game_result play_game(const game_folder &folder, int depth, const script &player);
+void take_turns(); // the script's turn in a frame
+inline constexpr harness_calls WITH_RENDER_THREAD = {
+    .frame = take_turns, .render_turn = nullptr, .render_thread = true};
+game_result play_game(const game_folder &folder, int depth, const script &player,
+                      const harness_calls &calls = WITH_RENDER_THREAD);
 
 // --- For scripts ---------------------------------------------------------------------------------
 
@@ -73,9 +77,8 @@ sprite *loose_piece(int skip = 0); // the first piece that is not fixed yet, aft
 void place_piece(sprite *piece);   // by dragging it from where it lies into the cell that asks for it
 void carry_to_cell(sprite *piece); // moves the mouse, which holds the piece, to that cell and lets go
 
-inline constexpr int KEYPAD_DELETE = 9, KEYPAD_ENTER = 11; // places on the keypad
 void until_deck_rests();
-void press_keypad(int place);
+void press_keypad(int place); // a keypad_place
 void type_on_keypad(int number);
 
 board *the_board();

@@ -152,7 +152,7 @@ void leave_and_return() {
     until_screen(SCREEN_DIALOG);
     check(has_any(hovered, SPRITE_PULSE), "a piece pulses under the mouse");
     move_mouse(1, 1);
-    wait_frames(40);
+    wait_frames(DIALOG_ENTRANCE);
     press(SDLK_n);
     until_screen(SCREEN_PLAY);
     wait_frames(2);

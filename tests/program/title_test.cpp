@@ -44,7 +44,7 @@ void call_for_help() {
 std::string named_by(const std::function<void()> &keys) {
     click_column(NAME);
     until_screen(SCREEN_DIALOG);
-    wait_frames(40);
+    wait_frames(DIALOG_ENTRANCE);
     keys();
     hold_key(SDLK_KP_ENTER, true);
     check(screen_current() == SCREEN_TITLE, "the name dialog leads back where it was asked for");

@@ -12,6 +12,8 @@
 #include <chrono>
 #include <cstdlib>
 #include <mutex>
+#include <optional>
+#include <random>
 #include <thread>
 #include <vector>
 
@@ -31,17 +33,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int USUAL_KEY_COUNT = 323; // what SDL 1.2.15 reports
-constexpr auto OTHER_THREAD_SLEEP = 500us;
+constexpr auto OTHER_THREAD_SLEEP = 200us;
 constexpr auto TURN_FOR_OTHERS = 20us; // so that waiting for another thread does not race the clock ahead
-
-struct input_script {
-    bool on;
-    std::array<Uint8, FAKE_KEY_LIMIT> keys;
-    std::array<Uint8, FAKE_KEY_LIMIT> polled; // the array that SDL hands out, as of the last asking
-    int key_count;
-    int x, y;
-    Uint8 buttons;
-} input;
 
 struct clock_script {
     std::atomic<bool> on;
@@ -54,6 +47,7 @@ struct dice_script {
     std::mutex lock; // guards the rest
     std::vector<int> values;
     int drawn;
+    std::optional<std::mt19937> generator;
 } dice;
 
 // Per thread, so that a thread that runs beside the test neither fails nor shifts the count.
@@ -64,12 +58,6 @@ struct failure_script {
 };
 thread_local failure_script failure;
 
-input_script &script_input() {
-    if (!input.on)
-        input = {.on = true, .keys = {}, .polled = {}, .key_count = USUAL_KEY_COUNT, .x = 0, .y = 0, .buttons = 0};
-    return input;
-}
-
 bool drives_clock() {
     if (virtual_clock.driver.load() == std::this_thread::get_id())
         return true;
@@ -78,6 +66,8 @@ bool drives_clock() {
 }
 
 bool allocation_fails() {
+    if (fake_allocation_fails != nullptr && fake_allocation_fails())
+        return true;
     const int number = ++failure.count;
     return failure.fail_at > 0 && (number == failure.fail_at || (failure.also_later && number > failure.fail_at));
 }
@@ -85,34 +75,45 @@ bool allocation_fails() {
 } // namespace
 
 void fake_reset() {
-    input.on = false;
+    devices.scripted = false;
     virtual_clock.on = false;
     virtual_clock.shared = false;
+    fake_slept = nullptr;
     fake_dice({});
     fake_fail_allocation(0);
+    fake_allocation_fails = nullptr;
+}
+
+void fake_input_start() {
+    if (!devices.scripted)
+        devices = {.scripted = true, .key_count = USUAL_KEY_COUNT, .x = 0, .y = 0, .buttons = 0, .keys = {}};
 }
 
 void fake_key(int key, bool down) {
-    script_input().keys.at(static_cast<std::size_t>(key)) = down ? 1 : 0;
+    fake_input_start();
+    devices.keys.at(static_cast<std::size_t>(key)) = down ? 1 : 0;
 }
 
 void fake_keys_up() {
-    script_input().keys.fill(0);
+    fake_input_start();
+    devices.keys.fill(0);
 }
 
 void fake_key_count(int count) {
-    script_input().key_count = std::min(count, FAKE_KEY_LIMIT);
+    fake_input_start();
+    devices.key_count = std::min(count, FAKE_KEY_LIMIT);
 }
 
 void fake_mouse_move(int x, int y) {
-    script_input().x = x;
-    script_input().y = y;
+    fake_input_start();
+    devices.x = x;
+    devices.y = y;
 }
 
 void fake_mouse_button(int button, bool down) {
+    fake_input_start();
     const int bit = SDL_BUTTON(button);
-    Uint8 &buttons = script_input().buttons;
-    buttons = static_cast<Uint8>(down ? buttons | bit : buttons & ~bit);
+    devices.buttons = static_cast<Uint8>(down ? devices.buttons | bit : devices.buttons & ~bit);
 }
 
 void fake_time_start(u32 now) {
@@ -129,6 +130,12 @@ void fake_dice(std::initializer_list<int> values) {
     const std::scoped_lock hold(dice.lock);
     dice.values = values;
     dice.drawn = 0;
+    dice.generator.reset();
+}
+
+void fake_dice_seed(unsigned seed) {
+    const std::scoped_lock hold(dice.lock);
+    dice.generator.emplace(seed);
 }
 
 int fake_dice_drawn() {
@@ -147,22 +154,23 @@ int fake_allocations() {
 extern "C" {
 
 Uint8 *__wrap_SDL_GetKeyState(int *count) {
-    if (!input.on)
+    static std::array<Uint8, FAKE_KEY_LIMIT> polled; // as of the last asking
+    if (!devices.scripted)
         return __real_SDL_GetKeyState(count);
     if (count != nullptr)
-        *count = input.key_count;
-    input.polled = input.keys;
-    return input.polled.data();
+        *count = devices.key_count;
+    polled = devices.keys;
+    return polled.data();
 }
 
 Uint8 __wrap_SDL_GetMouseState(int *x, int *y) {
-    if (!input.on)
+    if (!devices.scripted)
         return __real_SDL_GetMouseState(x, y);
     if (x != nullptr)
-        *x = input.x;
+        *x = devices.x;
     if (y != nullptr)
-        *y = input.y;
-    return input.buttons;
+        *y = devices.y;
+    return devices.buttons;
 }
 
 Uint32 __wrap_SDL_GetTicks() {
@@ -179,6 +187,8 @@ void __wrap_SDL_Delay(Uint32 span) {
         virtual_clock.now += span;
         if (virtual_clock.shared)
             std::this_thread::sleep_for(TURN_FOR_OTHERS);
+        if (fake_slept != nullptr)
+            fake_slept(span);
     } else {
         std::this_thread::sleep_for(OTHER_THREAD_SLEEP);
     }
@@ -186,6 +196,8 @@ void __wrap_SDL_Delay(Uint32 span) {
 
 int __wrap_rand() {
     const std::scoped_lock hold(dice.lock);
+    if (dice.generator)
+        return static_cast<int>((*dice.generator)() & RAND_MAX);
     if (dice.values.empty())
         return __real_rand();
     return dice.values[static_cast<std::size_t>(dice.drawn++) % dice.values.size()];

@@ -9,6 +9,7 @@
 #include "core/app/app.h"
 #include "resources/archive_format.h"
 #include "support/stored_files.h"
+#include "support/video_depth.h"
 #include "support/whole_program/whole_program.h"
 #include "sweep/sweep.h"
 
@@ -21,6 +22,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <random>
 #include <set>
 #include <string_view>
 #include <thread>
@@ -225,8 +227,11 @@ int main(int count, char **arguments) {
     write_file(game / "data/scores", stored_scores(KEEPER, 1));
     if (first == ARCHIVE_CUT)
         choose_places();
+    virtual_time_start();
     harness.frame = scenario_step;
     harness.thread_fails = [] { return strikes(THREAD_FAILS); };
+    fake_allocation_fails = [] { return strikes(ALLOCATION); };
+    fake_video.refuse = [](int, u32) { return strikes(MODE_FAILS); };
     harness.render_turn = [](bool needed) {
         static int frame = 0;
         return needed || frame++ % FRAMES_A_LIST == 0;

@@ -14,10 +14,11 @@
 #include "support/whole_program/hands.h"
 #include "sweep/sweep.h"
 
+#include <SDL.h>
+
 namespace {
 
-constexpr int SHORTLY = 3, BUBBLE = 14, LATER = 30, ENTRANCE = 42; // frames
-constexpr int EXIT_BUTTON = 1;
+constexpr int SHORTLY = 3, LATER = 30;                              // frames
 constexpr int FRAMES_AFTER_FAILURE = 60, SCREENS_AFTER_FAILURE = 2; // whichever comes first
 
 void show(screen_id id) {
@@ -51,7 +52,8 @@ void do_after(int frames, void (*act)(board *)) {
 void take_a_piece(board *b) {
     for (const sprite *piece : each(b->pieces))
         if ((piece->flags & (SPRITE_INERT | SPRITE_HIDDEN)) == 0)
-            devices = {.x = piece->x + piece->w / 2, .y = piece->y + piece->h / 2, .buttons = 1, .keys = {}};
+            fake_mouse_move(piece->x + piece->w / 2, piece->y + piece->h / 2);
+    fake_mouse_button(SDL_BUTTON_LEFT, true);
 }
 
 void play(int type) {
@@ -61,10 +63,10 @@ void play(int type) {
         dialog_enter_name(true);
         screen_request(SCREEN_DIALOG);
     });
-    press_after(ENTRANCE, 'a');
+    press_after(DIALOG_ENTRANCE, 'a');
     press_after(SHORTLY, SDLK_RETURN);
     for (int bubbles = 3; bubbles > 0; --bubbles) {
-        wait_frames(BUBBLE);
+        wait_frames(BUBBLES_DEAF);
         click(COLUMN_X, NOWHERE_Y);
     }
     do_after(SHORTLY, take_a_piece);
@@ -75,21 +77,21 @@ void play(int type) {
     do_after(LATER, board_debug_reveal);
     do_after(LATER, board_debug_place_most);
     do_after(LATER, board_debug_finish);
-    press_after(ENTRANCE, SDLK_RETURN);
+    press_after(DIALOG_ENTRANCE, SDLK_RETURN);
     wait_frames(LATER);
     show(SCREEN_TITLE);
 }
 
 bool plan() {
-    wait_frames(ENTRANCE);
+    wait_frames(SPLASH_REVEAL);
     click(COLUMN_X, SPLASH_GO_Y);
     wait_frames(SHORTLY);
     show(SCREEN_CREDITS);
     for (int type = 0; type < PUZZLE_COUNT; ++type)
         type == 0 || type == 3 || type == 9 ? play(type) : study(type);
-    click_column(EXIT_BUTTON);
-    press_after(ENTRANCE, SDLK_y);
-    wait_frames(ENTRANCE);
+    click_column(TITLE_EXIT);
+    press_after(DIALOG_ENTRANCE, SDLK_y);
+    wait_frames(SPLASH_REVEAL);
     click(COLUMN_X, SPLASH_GO_Y);
     then(app_request_quit);
     return true;

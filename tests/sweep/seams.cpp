@@ -62,14 +62,10 @@ ssize_t damaged_read(i64 offset, u8 *bytes, ssize_t count) {
     }
 
 // clang-format off
-FAILS(void *, malloc, (std::size_t size), (size), ALLOCATION, nullptr)
-FAILS(void *, calloc, (std::size_t count, std::size_t size), (count, size), ALLOCATION, nullptr)
-FAILS(void *, realloc, (void *block, std::size_t size), (block, size), ALLOCATION, nullptr)
 FAILS(off_t, lseek, (int fd, off_t to, int whence), (fd, to, whence), SEEK_FAILS, failed(EIO))
 FAILS(int, fsync, (int fd), (fd), SYNC_FAILS, failed(EIO))
 FAILS(char *, realpath, (const char *path, char *to), (path, to), REPLACE_FAILS, null_after<char>(EACCES))
 FAILS(std::FILE *, fopen, (const char *path, const char *mode), (path, mode), LOG_FAILS, null_after<std::FILE>(EACCES))
-FAILS(SDL_Surface *, SDL_SetVideoMode, (int w, int h, int bits, Uint32 flags), (w, h, bits, flags), MODE_FAILS, sdl_failed<SDL_Surface *>(nullptr))
 FAILS(SDL_mutex *, SDL_CreateMutex, (), (), MUTEX_FAILS, sdl_failed<SDL_mutex *>(nullptr))
 FAILS(long, ov_read, (OggVorbis_File *file, char *to, int length, int endian, int word, int is_signed, int *link), (file, to, length, endian, word, is_signed, link), DECODER_FAILS, OV_EREAD)
 // clang-format on

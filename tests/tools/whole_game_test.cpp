@@ -28,7 +28,7 @@ void start_and_play(int position, const raster &study_button) {
     study_selected();
     click(COLUMN_RIGHT - study_button.width / 2, column_top(2, study_button.height) + study_button.height / 2);
     until_screen(SCREEN_DIALOG);
-    wait_frames(40);
+    wait_frames(DIALOG_ENTRANCE);
     type_text("ann");
     press(SDLK_RETURN);
     until_screen(SCREEN_PLAY);

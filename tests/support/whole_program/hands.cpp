@@ -10,8 +10,6 @@
 #include <deque>
 #include <utility>
 
-static constexpr int COLUMN_LOW = 579, COLUMN_PITCH = 36;
-
 static std::deque<std::function<void()>> moves;
 
 bool hands_rest() {
@@ -35,18 +33,15 @@ void wait_frames(int count) {
 }
 
 void move_mouse(int x, int y) {
-    then([x, y] {
-        devices.x = std::clamp(x, 0, SCREEN_WIDTH - 1);
-        devices.y = std::clamp(y, 0, SCREEN_HEIGHT - 1);
-    });
+    then([x, y] { fake_mouse_move(std::clamp(x, 0, SCREEN_WIDTH - 1), std::clamp(y, 0, SCREEN_HEIGHT - 1)); });
 }
 
 void hold(bool down) {
-    then([down] { devices.buttons = down ? SDL_BUTTON(SDL_BUTTON_LEFT) : 0; });
+    then([down] { fake_mouse_button(SDL_BUTTON_LEFT, down); });
 }
 
 void set_key(int key, bool down) {
-    then([key, down] { devices.keys[key] = down; });
+    then([key, down] { fake_key(key, down); });
 }
 
 void press(int key) {
@@ -65,5 +60,5 @@ void click(int x, int y) {
 }
 
 void click_column(int n) {
-    click(COLUMN_X, COLUMN_LOW - COLUMN_PITCH * (n - 1));
+    click(COLUMN_X, column_y(n));
 }

@@ -4,10 +4,8 @@
 // SPDX-FileCopyrightText: The Tavimo developers
 #pragma once
 
+#include "support/whole_program/places.h"
 #include "support/whole_program/whole_program.h"
-
-// Inside the buttons of the right-hand column, of the splash and of the title's list.
-inline constexpr int COLUMN_X = 720, SPLASH_GO_Y = 495, NOWHERE_Y = 300;
 
 bool hands_rest(); // nothing is queued
 void hands_move();

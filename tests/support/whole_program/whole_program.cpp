@@ -1,4 +1,4 @@
-// whole_program.cpp: the functions that the linker puts in the place of the devices, the clock and the threads.
+// whole_program.cpp: the functions that the linker puts in the place of the poll and the threads.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -14,12 +14,8 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <thread>
 
-static constexpr u32 PAUSE_POLL_MS = 1;                  // the program waits for the render thread
-static constexpr useconds_t TURN_US = 20, REST_US = 200; // of real threads
-
-static const std::thread::id MAIN_THREAD = std::this_thread::get_id();
+static constexpr u32 PAUSE_POLL_MS = 1; // the program waits for the render thread
 
 whole_game::whole_game() {
     setenv("SDL_VIDEODRIVER", "dummy", 1);
@@ -44,35 +40,22 @@ void push_event(u8 type) {
     SDL_PushEvent(&event);
 }
 
+static void render_in_turn(u32 span) {
+    if (!harness.render_thread && render_running && harness.render_turn(span == PAUSE_POLL_MS))
+        render_pass();
+}
+
+void virtual_time_start() {
+    fake_reset();
+    fake_mouse_move(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2);
+    fake_time_start(1);
+    fake_slept = render_in_turn;
+}
+
 extern "C" {
 void __real_SDL_PumpEvents();
 SDL_Thread *__real_SDL_CreateThread(int (*body)(void *), void *data);
 void __real_SDL_WaitThread(SDL_Thread *thread, int *result);
-
-Uint8 __wrap_SDL_GetMouseState(int *x, int *y) {
-    *x = devices.x;
-    *y = devices.y;
-    return devices.buttons;
-}
-
-Uint8 *__wrap_SDL_GetKeyState(int *count) {
-    if (count != nullptr)
-        *count = SDLK_LAST;
-    return devices.keys;
-}
-
-Uint32 __wrap_SDL_GetTicks() {
-    return virtual_now;
-}
-
-void __wrap_SDL_Delay(Uint32 span) {
-    const bool is_main = std::this_thread::get_id() == MAIN_THREAD;
-    virtual_now += is_main ? span : 0;
-    if (harness.render_thread)
-        usleep(is_main ? TURN_US : REST_US);
-    else if (render_running && harness.render_turn(span == PAUSE_POLL_MS))
-        render_pass();
-}
 
 void __wrap_SDL_PumpEvents() {
     __real_SDL_PumpEvents();
@@ -97,10 +80,5 @@ void __wrap_SDL_WaitThread(SDL_Thread *thread, int *result) {
         return __real_SDL_WaitThread(thread, result);
     render_pass();
     render_running = false;
-}
-
-void __wrap_srand(unsigned) {}
-int __wrap_rand() {
-    return static_cast<int>(program_dice() >> 1);
 }
 }
