@@ -9,6 +9,7 @@
 #include "graphics/glyph_names.h"
 #include "graphics/glyphs.h"
 #include "graphics/text.h"
+#include "screens/study_text.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -72,7 +73,7 @@ void check_characters(const kit_entry &entry, const std::string &text, std::vect
 
 std::string wrapped(const std::string &text) {
     std::string copy = text;
-    text_wrap(copy.data(), KIT_TEXT_WIDTH);
+    text_wrap(copy.data(), STUDY_TEXT_WIDTH);
     return copy;
 }
 
@@ -106,17 +107,17 @@ void check_text(const kit_entry &entry, const archive_file &archive, std::vector
         return; // its lines cannot be measured
     const std::string lines = wrapped(text);
     const text_size size = text_measure(lines.c_str());
-    if (size.width > KIT_TEXT_WIDTH)
+    if (size.width > STUDY_TEXT_WIDTH)
         findings->push_back({entry.name, "a word or line " + std::to_string(size.width) + " wide that cannot be broken",
-                             "spaces, so that lines are at most " + std::to_string(KIT_TEXT_WIDTH) + " wide"});
+                             "spaces, so that lines are at most " + std::to_string(STUDY_TEXT_WIDTH) + " wide"});
     const xpm_reading board = archive_picture(archive, entry_of_puzzle(entry.puzzle, PICTURE_BOARD));
     const xpm_reading strip = archive_picture(archive, entry_of_puzzle(entry.puzzle, PICTURE_STUDY_HELP));
     if (!board.result || !strip.result)
         return;
     const i32 first_row =
         PUZZLE_LAYOUTS[entry.puzzle].study_top + board.result->height + KIT_STRIP_GAP + strip.result->height;
-    if (KIT_TEXT_BOTTOM - size.height < first_row) {
-        const i32 room = (KIT_TEXT_BOTTOM - first_row) / TEXT_LINE_HEIGHT;
+    if (STUDY_TEXT_Y - size.height < first_row) {
+        const i32 room = (STUDY_TEXT_Y - first_row) / TEXT_LINE_HEIGHT;
         findings->push_back(
             {entry.name, std::to_string(std::count(lines.begin(), lines.end(), '\n') + 1) + " lines of text",
              "at most " + std::to_string(room) + ": there is no more room below the board and its strip"});

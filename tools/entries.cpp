@@ -7,7 +7,9 @@
 #include "entry_names.h"
 #include "graphics/glyph_names.h"
 #include "input/cursor_shapes.h"
+#include "resources/archive_format.h"
 #include "screens/picture_sets.h"
+#include "screens/study_text.h"
 #include "sound/sound_bank.h"
 #include "sprites/effect_pictures.h"
 
@@ -279,7 +281,7 @@ void add_puzzle(std::vector<kit_entry> *list, i32 type) {
 
 void add_texts_and_sounds(std::vector<kit_entry> *list) {
     for (i32 type = 0; type < PUZZLE_COUNT; ++type)
-        list->push_back({"txt/study" + std::to_string(type) + ".txt",
+        list->push_back({std::string(TEXT_FOLDER) + STUDY_TEXTS[type],
                          ENTRY_TEXT,
                          {},
                          "",

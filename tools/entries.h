@@ -42,8 +42,6 @@ std::string size_rule_text(const size_rule &rule); // such as "57x52", or "8 to 
 inline constexpr i32 KIT_SOUND_RATE = 44100;        // Hz
 inline constexpr i32 KIT_SOUND_MAX_CHANNELS = 2;    // mono or stereo
 inline constexpr double KIT_SOUND_MAX_SECONDS = 10; // a sound may be asked for again while it plays
-inline constexpr i32 KIT_TEXT_WIDTH = 510;          // pixels at which a study text is wrapped
-inline constexpr i32 KIT_TEXT_BOTTOM = 595;         // its last reference line
 inline constexpr i32 KIT_STRIP_GAP = 2;             // pixels between the board and the strip below it
 inline constexpr i32 KIT_GLYPH_ABOVE = 15;          // rows of ink above the reference line
 inline constexpr i32 KIT_GLYPH_BELOW = 4;           // and below it

@@ -15,6 +15,8 @@
 #include "player/robot.h"
 #include "player/title.h"
 #include "records.h"
+#include "resources/archive_format.h"
+#include "screens/study_text.h"
 
 #include <array>
 #include <chrono>
@@ -29,7 +31,6 @@
 using steady = std::chrono::steady_clock;
 
 static constexpr point MARK_AT = {22, 135}, NAME_AT = {15, 582};
-static constexpr int STUDY_TEXT_WIDTH = 510, STUDY_TEXT_Y = 595;
 static constexpr int MASTERS_Y = 60, LINE_STEP = 20;
 static constexpr std::array LOG_HEADS = {"1st Place", "2nd Place", "3rd Place", "Master Time"};
 static constexpr double ROUNDING = 1.5; // seconds: the game shows whole ones
@@ -83,7 +84,7 @@ static std::string wrapped(std::string text, int width) {
 }
 
 static void check_study(const puzzle_kind &kind) {
-    const std::string text = library_bytes("txt/study" + std::to_string(kind.type) + ".txt");
+    const std::string text = library_bytes(std::string(TEXT_FOLDER) + STUDY_TEXTS[kind.type]);
     letters_until_centred(wrapped(text, STUDY_TEXT_WIDTH), STUDY_TEXT_Y, NAVY);
     records_study_seen();
 }

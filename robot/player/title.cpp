@@ -10,6 +10,7 @@
 #include "hands.h"
 #include "letters.h"
 #include "library.h"
+#include "screens/column.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +20,6 @@ static constexpr column_button EXIT = {TITLE_SET, TITLE_EXIT_BUTTON, 1}, HELP = 
                                CREDITS = {TITLE_SET, TITLE_CREDITS_BUTTON, 3},
                                STUDY = {TITLE_SET, TITLE_STUDY_BUTTON, 6};
 
-static constexpr int COLUMN_RIGHT = 795, COLUMN_BOTTOM = 595, BUTTON_GAP = 5;
 static constexpr int ROW_TEXT_X = 70, ROW_TEXT_Y = 148, MARK_X = 22;
 static constexpr point HEADING_AT = {30, 14}, SPLASH_BUTTON = {659, 480};
 static constexpr int PICTURE_X = 400, PICTURE_MIDDLE = 192, PICTURE_TITLE = 10;
@@ -42,7 +42,7 @@ const picture &column_picture(const column_button &button) {
 
 point column_place(const column_button &button) {
     const picture &p = column_picture(button);
-    return {COLUMN_RIGHT - p.width, COLUMN_BOTTOM - BUTTON_GAP * (button.rise - 1) - p.height * button.rise};
+    return {COLUMN_RIGHT - p.width, column_top(button.rise, p.height)};
 }
 
 void column_click(const column_button &button) {

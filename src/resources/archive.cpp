@@ -230,7 +230,7 @@ static bool resize_text(char **text, i32 size) {
 
 i32 data_archive_read_text(char **text, const char *name) {
     char *path = nullptr;
-    if (name == nullptr || string_printf(&path, "%s/%s", "txt", name) < 0)
+    if (name == nullptr || string_printf(&path, "%s%s", TEXT_FOLDER, name) < 0)
         return -1;
     const int descriptor = data_archive_open_entry(path);
     std::free(path);

@@ -8,19 +8,11 @@
 #include "core/base/types.h"
 #include "core/ui/button.h"
 #include "resources/picture_set.h"
+#include "screens/column.h"
 
 #include <span>
 
 // --- Making buttons; one for which memory is short is left out (logged) --------------------------
-
-inline constexpr i32 COLUMN_RIGHT = 795;  // right end of the button columns
-inline constexpr i32 COLUMN_BOTTOM = 595; // bottom of their lowest button
-inline constexpr i32 BUTTON_GAP = 5;      // between the buttons
-
-// Top of the nth button from the bottom (1 the lowest) in a column of buttons h pixels high.
-constexpr i32 column_top(i32 n, i32 h) {
-    return COLUMN_BOTTOM + BUTTON_GAP - n * (h + BUTTON_GAP);
-}
 
 // Callbacks.
 void quit_to_web_page(button *, std::intptr_t, std::intptr_t);

@@ -5,7 +5,6 @@
 #include "screens/study.h"
 
 #include "core/base/app_state.h"
-#include "core/base/strings.h"
 #include "core/ui/help.h"
 #include "core/ui/screen.h"
 #include "graphics/draw_list.h"
@@ -21,12 +20,12 @@
 #include "screens/common.h"
 #include "screens/dialog.h"
 #include "screens/play.h"
+#include "screens/study_text.h"
 #include "screens/title_pictures.h"
 
 namespace {
 
 constexpr i32 WEB_X = 5;
-constexpr i32 TEXT_WIDTH = 510, TEXT_Y = 595;
 
 constexpr u32 STUDY_REDRAW = 0x1; // draw the background again
 constexpr u32 STUDY_BROKEN = 0x2; // the board could not be loaded; on the way back to the title screen
@@ -87,11 +86,8 @@ void build_buttons() {
 
 // A text that cannot be read leaves the one of the previous visit.
 void load_text(i32 type) {
-    char *name = nullptr;
-    if (string_printf(&name, "study%i.txt", type) >= 0)
-        data_archive_read_text(&study.study_text, name);
-    std::free(name);
-    text_wrap(study.study_text, TEXT_WIDTH);
+    data_archive_read_text(&study.study_text, STUDY_TEXTS[type]);
+    text_wrap(study.study_text, STUDY_TEXT_WIDTH);
 }
 
 } // namespace
@@ -134,7 +130,7 @@ void study_draw() {
         return;
     if (take_flag(&study.study_flags, STUDY_REDRAW)) {
         board_draw_background(app->board);
-        text_draw(study.study_text, 0, TEXT_Y, NAVY, TEXT_TO_BG | TEXT_CENTER_X);
+        text_draw(study.study_text, 0, STUDY_TEXT_Y, NAVY, TEXT_TO_BG | TEXT_CENTER_X);
         draw_restore(WHOLE_SCREEN);
     }
     board_draw(app->board);
