@@ -40,7 +40,7 @@ SDL_Surface *surface_of(const image &picture, bool half) {
     for (i32 y = 0; y < picture.height; ++y)
         std::memcpy(static_cast<u8 *>(made->pixels) + y * made->pitch,
                     picture.pixels + static_cast<std::size_t>(y) * row, row);
-    const rgb key = color_key;
+    const rgb key = colour_key;
     SDL_SetColorKey(made, SDL_SRCCOLORKEY | SDL_RLEACCEL, SDL_MapRGB(made->format, key.r, key.g, key.b));
     if (half)
         SDL_SetAlpha(made, SDL_SRCALPHA | SDL_RLEACCEL, HALF_ALPHA);

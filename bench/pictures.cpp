@@ -69,7 +69,7 @@ SDL_Surface *sdl_picture(const image *picture, u32 flags) {
     for (i32 y = 0; y < picture->height; ++y)
         std::memcpy(static_cast<u8 *>(made->pixels) + y * made->pitch,
                     picture->pixels + static_cast<std::size_t>(y) * row, row);
-    SDL_SetColorKey(made, SDL_SRCCOLORKEY | flags, SDL_MapRGB(made->format, color_key.r, color_key.g, color_key.b));
+    SDL_SetColorKey(made, SDL_SRCCOLORKEY | flags, SDL_MapRGB(made->format, colour_key.r, colour_key.g, colour_key.b));
     return made;
 }
 
@@ -80,8 +80,8 @@ i32 visible_bytes(const image *picture, i32 x, i32 y) {
             const i32 at = row * picture->width + column;
             const bool narrow = video_format.depth == pixel16::BITS;
             const bool opaque =
-                narrow ? reinterpret_cast<const u16 *>(picture->pixels)[at] != pixel16::from_rgb(color_key)
-                       : reinterpret_cast<const u32 *>(picture->pixels)[at] != pixel32::from_rgb(color_key);
+                narrow ? reinterpret_cast<const u16 *>(picture->pixels)[at] != pixel16::from_rgb(colour_key)
+                       : reinterpret_cast<const u32 *>(picture->pixels)[at] != pixel32::from_rgb(colour_key);
             const bool shows = x + column >= 0 && x + column < SCREEN_WIDTH && y + row >= 0 && y + row < SCREEN_HEIGHT;
             pixels += opaque && shows ? 1 : 0;
         }

@@ -41,7 +41,7 @@ row describe_picture(const archive_entry &entry) {
     const xpm_reading reading = picture_from_xpm(entry.bytes);
     return {entry.name, "picture", std::to_string(entry.bytes.size()),
             reading.result ? picture_size_text(reading.result->width, reading.result->height) + ", " +
-                                 counted(static_cast<std::size_t>(reading.color_count), "colour")
+                                 counted(static_cast<std::size_t>(reading.colour_count), "colour")
                            : "unreadable: " + reading.fault};
 }
 

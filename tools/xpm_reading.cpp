@@ -12,10 +12,10 @@ xpm_reading read_rows(xpm *source) {
     raster result = {source->width, source->height, {}};
     result.pixels.resize(static_cast<std::size_t>(source->width) * static_cast<std::size_t>(source->height));
     if (!xpm_read_pixels(source, result.pixels.data()))
-        return {{}, source->color_count, "its rows are damaged or end early"};
+        return {{}, source->colour_count, "its rows are damaged or end early"};
     for (u32 &pixel : result.pixels)
         pixel = pixel == XPM_KEY ? 0 : PICTURE_OPAQUE | pixel;
-    return {std::move(result), source->color_count, {}};
+    return {std::move(result), source->colour_count, {}};
 }
 
 } // namespace

@@ -12,7 +12,7 @@
 // Why an XPM could not be read; empty when it could.
 struct xpm_reading {
     std::optional<raster> result; // alpha 0 or 255
-    i32 color_count;
+    i32 colour_count;
     std::string fault;
 };
 xpm_reading picture_from_xpm(std::string_view bytes);

@@ -82,7 +82,7 @@ static constexpr blit_routines ROUTINES = {blit_plain<Pixel>, blit_clipped<Pixel
 
 template <class Pixel> static void use_depth(rgb key) {
     blit = &ROUTINES<Pixel>;
-    color_key = Pixel::to_rgb(Pixel::from_rgb(key));
+    colour_key = Pixel::to_rgb(Pixel::from_rgb(key));
 }
 
 i32 blit_init() {

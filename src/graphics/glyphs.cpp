@@ -17,7 +17,7 @@ static u8 scale(u8 channel, i32 factor) {
 
 template <class Pixel> static bool is_ink(typename Pixel::value pixel) {
     const rgb colour = Pixel::to_rgb(pixel);
-    return colour.r != color_key.r || colour.g != color_key.g || colour.b != color_key.b;
+    return colour.r != colour_key.r || colour.g != colour_key.g || colour.b != colour_key.b;
 }
 
 template <class Pixel> static i32 first_ink(const image &picture) {

@@ -142,7 +142,7 @@ void take_back(board *b, sprite *piece) {
     sprite_vanish_after(piece, VANISH_FRAMES);
     effect *flare = effect_create(EFFECT_FLARE);
     if (flare != nullptr) {
-        effect_center_on(flare, {piece->x, piece->y, piece->w, piece->h});
+        effect_centre_on(flare, {piece->x, piece->y, piece->w, piece->h});
         board_add_effect(b, flare, flare->x, flare->y);
     }
     sound_play(SOUND_PIECE_RETURN);

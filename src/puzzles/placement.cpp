@@ -88,6 +88,6 @@ void board_add_burn(board *b, const rect &centre_on) {
         return;
     if (board_has(b, BOARD_LARGE_BURN))
         effect_burn_large(burn);
-    effect_center_on(burn, centre_on);
+    effect_centre_on(burn, centre_on);
     board_add_effect(b, burn, burn->x, burn->y);
 }

@@ -63,7 +63,7 @@ static bool resize_runs(image *picture, i32 entries) {
 }
 
 template <class Pixel> static bool list_runs(image *picture) {
-    const auto shows = [key = Pixel::from_rgb(color_key)](auto pixel) {
+    const auto shows = [key = Pixel::from_rgb(colour_key)](auto pixel) {
         return ((pixel ^ key) & Pixel::RGB_MASK) != 0;
     };
     const i32 row_limit = picture->width / 2 + 1; // runs in a row, at most

@@ -56,4 +56,4 @@ struct screen_format {
 inline screen_format video_format;
 
 // The transparent colour of every picture, #EA008A, as the screen's format gives it back. Set by blit_init.
-inline rgb color_key = BLACK;
+inline rgb colour_key = BLACK;

@@ -15,7 +15,7 @@
 #include <string_view>
 
 static constexpr i32 MAX_SYMBOL_LENGTH = 9; // characters; each takes a level of tables
-static constexpr i32 COLOR_DIGITS = 6;
+static constexpr i32 COLOUR_DIGITS = 6;
 
 static void say_unknown(char c) {
     std::fprintf(stderr, "Warning, palette symbol %c does not exist, returning -1\n", c);
@@ -131,21 +131,21 @@ static bool palette_set(xpm_palette *palette, std::span<const char> symbol, u32 
 }
 
 static u32 to_pixel(const char *digits) {
-    const rgb color = {hex_byte(digits), hex_byte(digits + 2), hex_byte(digits + 4)};
-    return video_format.depth == pixel16::BITS ? pixel16::from_rgb(color) : pixel32::from_rgb(color);
+    const rgb colour = {hex_byte(digits), hex_byte(digits + 2), hex_byte(digits + 4)};
+    return video_format.depth == pixel16::BITS ? pixel16::from_rgb(colour) : pixel32::from_rgb(colour);
 }
 
 // The digits of a colour: "#" and six of them; anything else is black. Null when the text ends.
-static const char *read_color(xpm *picture) {
+static const char *read_colour(xpm *picture) {
     const char *mark = take(picture, 1);
     if (mark == nullptr)
         return nullptr;
-    return *mark == '#' ? take(picture, COLOR_DIGITS) : "000000";
+    return *mark == '#' ? take(picture, COLOUR_DIGITS) : "000000";
 }
 
 // The colour's digits in what follows a symbol, to the end of the string; null when the text ends.
 static const char *read_definition(xpm *picture) {
-    const char *digits = skip_past(picture, 'c') && skip_past(picture, ' ') ? read_color(picture) : nullptr;
+    const char *digits = skip_past(picture, 'c') && skip_past(picture, ' ') ? read_colour(picture) : nullptr;
     return digits != nullptr && skip_past(picture, '"') ? digits : nullptr;
 }
 
@@ -164,7 +164,7 @@ static bool read_values(xpm *picture) {
     bool found = skip_past(picture, '"');
     picture->width = to_number(take_until(picture, ' ', &found));
     picture->height = to_number(take_until(picture, ' ', &found));
-    picture->color_count = to_number(take_until(picture, ' ', &found));
+    picture->colour_count = to_number(take_until(picture, ' ', &found));
     picture->symbol_length = to_number(take_until(picture, '"', &found));
     return found;
 }
@@ -172,18 +172,18 @@ static bool read_values(xpm *picture) {
 // Whether there are as many symbols of this length as colours.
 static bool symbols_suffice(const xpm *picture) {
     i64 symbols = 1;
-    for (i32 i = 0; i < picture->symbol_length && symbols < picture->color_count; ++i)
+    for (i32 i = 0; i < picture->symbol_length && symbols < picture->colour_count; ++i)
         symbols *= static_cast<i64>(XPM_ALPHABET.size());
-    return picture->color_count <= symbols;
+    return picture->colour_count <= symbols;
 }
 
 // Whether the values make sense and the text is long enough for what they announce.
 static bool values_sane(const xpm *picture) {
     const i32 width = picture->width, height = picture->height, length = picture->symbol_length;
-    if (width < 1 || width > XPM_MAX_SIDE || height < 1 || height > XPM_MAX_SIDE || picture->color_count < 1 ||
+    if (width < 1 || width > XPM_MAX_SIDE || height < 1 || height > XPM_MAX_SIDE || picture->colour_count < 1 ||
         length < 1 || length > MAX_SYMBOL_LENGTH)
         return false;
-    const i64 announced = (i64{width} * height + picture->color_count) * length;
+    const i64 announced = (i64{width} * height + picture->colour_count) * length;
     return symbols_suffice(picture) && announced <= static_cast<i64>(picture->text.size());
 }
 
@@ -192,7 +192,7 @@ bool xpm_open(xpm *picture, std::span<const char> text) {
     picture->text = text;
     if (!read_values(picture) || !values_sane(picture) || !palette_create(&picture->palette, picture->symbol_length))
         return false;
-    for (i32 i = 0; i < picture->color_count; ++i)
+    for (i32 i = 0; i < picture->colour_count; ++i)
         if (!read_palette_line(picture))
             return false;
     return true;

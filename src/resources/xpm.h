@@ -21,7 +21,7 @@ struct xpm_palette {
 struct xpm {
     std::span<const char> text; // what is left to read, borrowed
     i32 width, height;          // pixels
-    i32 color_count;
+    i32 colour_count;
     i32 symbol_length; // characters per pixel
     xpm_palette palette;
 };

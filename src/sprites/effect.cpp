@@ -41,12 +41,12 @@ void set_picture(effect *e, i32 frame) {
     e->h = e->picture->height;
 }
 
-void set_picture_keeping_center(effect *e, i32 frame, bool vertically) {
+void set_picture_keeping_centre(effect *e, i32 frame, bool vertically) {
     const i32 w = e->w, h = e->h;
     set_picture(e, frame);
-    e->x += half(w) - half(e->w);
+    e->x = centre_in(e->x, w, e->w);
     if (vertically)
-        e->y += half(h) - half(e->h);
+        e->y = centre_in(e->y, h, e->h);
 }
 
 // The start of every kind: its first picture stands for two frames.
@@ -91,12 +91,12 @@ void flare_update(effect *e) {
         if (++e->frame == FLARE_SET.count)
             e->phase = FLARE_SHRINKING;
         else
-            set_picture_keeping_center(e, e->frame, true);
+            set_picture_keeping_centre(e, e->frame, true);
         return;
     }
     e->timer = FLARE_SHRINK_FRAMES;
     if (--e->frame >= 0)
-        set_picture_keeping_center(e, e->frame, true);
+        set_picture_keeping_centre(e, e->frame, true);
     else
         e->flags |= EFFECT_FINISHED;
 }
@@ -125,7 +125,7 @@ void burn_update(effect *e) {
         e->flags |= EFFECT_FINISHED;
         return;
     }
-    set_picture_keeping_center(e, e->frame, false);
+    set_picture_keeping_centre(e, e->frame, false);
     e->y -= BURN_RISE;
 }
 
@@ -153,7 +153,7 @@ void confetti_start(effect *e) {
 void confetti_flutter(effect *e) {
     e->frame += e->phase < CONFETTI_PHASES / 2 ? 1 : -1;
     e->phase = (e->phase + 1) % CONFETTI_PHASES;
-    set_picture_keeping_center(e, e->frame, true);
+    set_picture_keeping_centre(e, e->frame, true);
 }
 
 void confetti_update(effect *e) {
@@ -231,9 +231,9 @@ void effect_burn_large(effect *e) {
     set_picture(e, e->frame);
 }
 
-void effect_center_on(effect *e, const rect &area) {
-    e->x = area.x + half(area.w) - half(e->w);
-    e->y = area.y + half(area.h) - half(e->h);
+void effect_centre_on(effect *e, const rect &area) {
+    e->x = centre_in(area.x, area.w, e->w);
+    e->y = centre_in(area.y, area.h, e->h);
 }
 
 void effect_update(effect *e) {

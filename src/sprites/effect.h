@@ -38,7 +38,7 @@ void effects_shutdown();          // frees the pictures; effects may then only b
 [[nodiscard]] effect *effect_create(i32 kind);
 void effect_free(effect *e);                        // accepts null
 void effect_burn_large(effect *e);                  // the large pictures of a burn, from its current frame on
-void effect_center_on(effect *e, const rect &area); // puts its current picture's centre there
+void effect_centre_on(effect *e, const rect &area); // puts its current picture's centre there
 
 void effect_update(effect *e);           // one frame; sets EFFECT_FINISHED after the last picture
 void effect_draw(const effect *e);       // records it

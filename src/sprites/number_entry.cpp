@@ -92,8 +92,8 @@ void number_entry_add_digit(number_entry *e, const rect &key, i32 digit) {
     if (!takes_input(e) || length == e->capacity || !is_digit || (length == 0 && digit == 0))
         return;
     const image *picture = e->digits[digit];
-    const i32 from_x = key.x + half(key.w) - half(picture->width);
-    const i32 from_y = key.y + half(key.h) - half(picture->height);
+    const i32 from_x = centre_in(key.x, key.w, picture->width);
+    const i32 from_y = centre_in(key.y, key.h, picture->height);
     glyph_mover_start(&e->movers[length], picture, {from_x, from_y}, {e->x + typed_width(e), e->y}, FLIGHT_FRAMES);
     e->text[length] = static_cast<char>('0' + digit);
 }

@@ -63,8 +63,7 @@ void draw_clipped(const image *picture, i32 x, i32 y, const rect &clip) {
 // --- Growing: body and label through a centred window --------------------------------------------
 
 void draw_growing(const sprite *s) {
-    const rect window = {s->x + half(s->w) - half(s->grow_w), s->y + half(s->h) - half(s->grow_h), s->grow_w,
-                         s->grow_h};
+    const rect window = {centre_in(s->x, s->w, s->grow_w), centre_in(s->y, s->h, s->grow_h), s->grow_w, s->grow_h};
     draw_image_clipped(s->body, s->x, s->y, window);
     if (s->label != nullptr) {
         const point at = label_place(s);

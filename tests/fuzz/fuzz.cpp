@@ -55,7 +55,7 @@ image *patterned(i32 width, i32 height, u32 seed) {
     image *picture = image_create(width, height);
     for (i32 i = 0; i < width * height; ++i) {
         const bool ink = (static_cast<u32>(i) * seed >> 4) % 3 != 0;
-        const rgb colour = ink ? rgb{static_cast<u8>(i), static_cast<u8>(i >> 3), 1} : color_key;
+        const rgb colour = ink ? rgb{static_cast<u8>(i), static_cast<u8>(i >> 3), 1} : colour_key;
         if (video_format.depth == pixel16::BITS)
             reinterpret_cast<u16 *>(picture->pixels)[i] = pixel16::from_rgb(colour);
         else

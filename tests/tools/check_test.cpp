@@ -150,8 +150,8 @@ TEST(reduce, brings_any_number_of_colours_into_an_xpm) {
         many.pixels.push_back(0xFF000000 | i * 2654435761u % 0xE00000);
     const xpm_reading reading = picture_from_xpm(picture_to_xpm(picture_reduce(many, "many")));
     ASSERT_TRUE(reading.result) << reading.fault;
-    EXPECT_GT(reading.color_count, 4000);
-    EXPECT_LE(reading.color_count, 8464);
+    EXPECT_GT(reading.colour_count, 4000);
+    EXPECT_LE(reading.colour_count, 8464);
 }
 
 TEST(reduce, makes_thin_edges_transparent) {

@@ -26,7 +26,7 @@ struct buffer {
 buffer *buffer_create();                             // null when out of memory
 void buffer_free(buffer *b);                         // accepts null
 i32 buffer_add(buffer *b, const void *bytes, i32 n); // the new size, or -1 (the buffer is unchanged)
-const u8 *buffer_peek(const buffer *b, i32 *n);      // bytes from pos to size, or null (n untouched)
+const u8 *buffer_peek(const buffer *b, i32 *n);      // bytes from pos to size, or null (n untouched); not used yet
 
 // --- ptr_array: an ordered list of pointers ------------------------------------------------------
 
@@ -54,7 +54,8 @@ template <class T> void ptr_array_set_free(ptr_array<T> *array, void (*free_item
     array->free_item = free_item;
 }
 
-// Forward walk: for (i32 at = ptr_array_first(a); T *item = ptr_array_next(a, &at);)
+// Forward walk, for callers that stop and go on; nobody does yet:
+// for (i32 at = ptr_array_first(a); T *item = ptr_array_next(a, &at);)
 template <class T> i32 ptr_array_first(const ptr_array<T> *) {
     return 0;
 }

@@ -100,7 +100,7 @@ inline rgb pick_colour(std::mt19937 &dice) {
 }
 
 template <class Pixel> typename Pixel::value key_pixel() {
-    return Pixel::from_rgb(color_key);
+    return Pixel::from_rgb(colour_key);
 }
 
 // A picture of random runs. The caller frees it.

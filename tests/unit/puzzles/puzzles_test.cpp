@@ -169,7 +169,7 @@ TEST(effects, flare_grows_waits_and_shrinks_and_burn_rises) {
     for (const auto &[kind, count, rise, pictures] : {std::tuple{EFFECT_FLARE, 5, 0, "aabbccddeeeeedcba"},
                                                       {EFFECT_BURN, 18, 34, "aabbccddeeffgghhiijjkkllmmnnooppqqrr"}}) {
         effect *e = effect_create(kind);
-        effect_center_on(e, {100, 100, 31, 21});
+        effect_centre_on(e, {100, 100, 31, 21});
         const i32 x = e->x + (e->w >> 1), y = e->y + (e->h >> 1);
         std::string shown;
         for (; (e->flags & EFFECT_FINISHED) == 0 && shown.size() < 100; effect_update(e)) {
@@ -206,8 +206,12 @@ TEST(cells, share_their_edge_places_with_neighbours_and_pieces) {
     for (const sprite *cell : each(t.b->cells)) {
         const sprite *right = board_find_cell(t.b, cell->col + 1, cell->row);
         const sprite *below = board_find_cell(t.b, cell->col, cell->row + 1);
-        EXPECT_TRUE(right == nullptr || right->tab_left == cell->sock_right);
-        EXPECT_TRUE(below == nullptr || below->tab_top == cell->sock_bottom);
+        if (right != nullptr) {
+            EXPECT_EQ(right->tab_left, cell->sock_right);
+        }
+        if (below != nullptr) {
+            EXPECT_EQ(below->tab_top, cell->sock_bottom);
+        }
         EXPECT_GE(cell->tab_left, 10);
         EXPECT_LE(cell->tab_left, 20);
         EXPECT_GE(cell->tab_top, 10);
