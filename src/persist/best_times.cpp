@@ -173,7 +173,7 @@ void best_times_record(i32 puzzle, const char *name, i32 seconds) {
     if (player == nullptr)
         return;
     const u32 bit = 1U << puzzle;
-    if (seconds <= puzzle_master_time(puzzle, MASTER_PLACES))
+    if (seconds <= puzzle_mastered_time(puzzle))
         player->mastered |= bit;
     player->seen |= bit;
     log_run(scores->log, name, seconds);

@@ -21,8 +21,8 @@ static void read_fields(stored_reader *reader) {
     i32 version = 0, completed = 0;
     char *name = nullptr;
     if (stored_read_i32(reader, &version) && stored_read_string(reader, &name) && name != nullptr) {
-        app_state_set_name(app, name);
-        reader->damaged = reader->damaged || !app_has(APP_NAME_SET); // memory was short: the file knows more than we
+        if (app_state_set_name(app, name) < 0)
+            stored_give_up(reader);
     }
     std::free(name);
     if (stored_read_i32(reader, &completed))

@@ -28,11 +28,16 @@ bool stored_open(stored_reader *reader, const char *path) {
         return false;
     }
     const i32 size = platform_size(descriptor);
-    *reader = {file_reader_create(descriptor), descriptor, size, size <= 0, size < 0};
-    if (reader->file != nullptr)
-        return true;
-    platform_close(descriptor);
-    return mark_damaged(reader);
+    if (size > 0)
+        reader->file = file_reader_create(descriptor);
+    if (reader->file == nullptr) {
+        reader->damaged = size != 0;
+        platform_close(descriptor);
+        return false;
+    }
+    reader->descriptor = descriptor;
+    reader->left = size;
+    return true;
 }
 
 void stored_close(stored_reader *reader) {
@@ -131,23 +136,6 @@ void stored_put_string(stored_writer *writer, const char *text) {
     stored_put_string(writer, text, text != nullptr ? static_cast<i32>(std::strlen(text)) : 0);
 }
 
-static bool write_over(const buffer *content, const char *path) {
-    const int descriptor = platform_open_write(path);
-    if (descriptor < 0) {
-        log_errno("open");
-        log_error("Could not open file %s for writing\n", path);
-        return false;
-    }
-    const auto size = static_cast<std::size_t>(content->size);
-    const bool written = platform_overwrite(descriptor, path, content->data, size) == 0;
-    if (!written) {
-        log_errno("write");
-        log_error("Could not write file %s\n", path);
-    }
-    platform_close(descriptor);
-    return written;
-}
-
 // The only file that holds the lost part must not be overwritten before its copy is safe on the disk.
 static bool keep_copy(const char *path, const char *kept_path) {
     if (platform_copy_file(path, kept_path) == 0) {
@@ -159,11 +147,27 @@ static bool keep_copy(const char *path, const char *kept_path) {
     return false;
 }
 
+static bool opens(const char *path) {
+    if (platform_may_write(path) == 0)
+        return true;
+    log_errno("open");
+    log_error("Could not open file %s for writing\n", path);
+    return false;
+}
+
+static bool replace(const buffer *content, const char *path) {
+    if (platform_replace(path, content->data, static_cast<std::size_t>(content->size)) == 0)
+        return true;
+    log_errno("write");
+    log_error("Could not write file %s\n", path);
+    return false;
+}
+
 i32 stored_finish(stored_writer *writer, const char *path, const char *kept_path, bool *damaged) {
     bool written = false;
-    if (!writer->failed && (!*damaged || keep_copy(path, kept_path))) {
+    if (!writer->failed && opens(path) && (!*damaged || keep_copy(path, kept_path))) {
         *damaged = false;
-        written = write_over(writer->content, path);
+        written = replace(writer->content, path);
     }
     buffer_free(writer->content);
     *writer = {};

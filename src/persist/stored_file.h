@@ -2,8 +2,8 @@
 //
 // Integers are 32-bit big-endian. A string is its length in bytes, then the bytes with 128 added to each.
 // Main thread. Reading never fails loudly: from the first field that is not there or makes no sense every
-// further field is refused, and the reader remembers that the file is damaged. An empty file is not: it holds
-// no field at all, and neither are bytes behind the last field: they are what a longer file left over.
+// further field is refused, and the reader remembers that the file is damaged. Bytes behind the last field are no
+// damage: they are what a longer file left over. An empty file counts as none.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -24,8 +24,8 @@ struct stored_reader {
     bool damaged; // the file ended within its fields, or a field makes no sense
 };
 
-// False when the file cannot be opened, or memory is short (logged); nothing is to be closed then. A file that is
-// there but could not be read counts as damaged.
+// False when there is no file, it cannot be opened or memory is short (logged); nothing is to be closed then. A file
+// that is there but could not be read counts as damaged.
 [[nodiscard]] bool stored_open(stored_reader *reader, const char *path);
 void stored_close(stored_reader *reader); // after stored_open was true
 
@@ -55,5 +55,5 @@ void stored_put_string(stored_writer *writer, const char *text);        // null 
 void stored_put_string(stored_writer *writer, const char *text, i32 n); // the first n bytes
 
 // Writes the content over the start of the file, whole or not at all, and frees it. With *damaged set, what is there is
-// first copied to kept_path, else nothing is written; then the flag is cleared. 1, or -1 (logged).
+// first kept under kept_path, else nothing is written; then the flag is cleared. 1, or -1 (logged).
 i32 stored_finish(stored_writer *writer, const char *path, const char *kept_path, bool *damaged);

@@ -114,13 +114,14 @@ void draw_stack() {
 
 void draw_plates() {
     i32 x = center_x(PLATES_WIDTH);
-    const image *plate = nullptr;
+    i32 height = 0; // of the last one
     for (i32 k = 0; k < CREDITS_PLATES.count; ++k) {
-        plate = credits.credits_pictures[CREDITS_PLATES[k]];
-        draw_image(plate, x, PLATES_BOTTOM - plate->height, true);
+        const image *plate = credits.credits_pictures[CREDITS_PLATES[k]];
+        height = plate->height;
+        draw_image(plate, x, PLATES_BOTTOM - height, true);
         x += plate->width + PLATE_GAP;
     }
-    text_draw("Developed using", 0, DEVELOPED_Y - plate->height, WHITE, TEXT_TRANSIENT | TEXT_CENTER_X);
+    text_draw("Developed using", 0, DEVELOPED_Y - height, WHITE, TEXT_TRANSIENT | TEXT_CENTER_X);
 }
 
 } // namespace

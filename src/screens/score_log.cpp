@@ -189,7 +189,7 @@ void draw_masters(const puzzle_scores *scores) {
         }
     }
     if (show.bar.y >= MASTER_SHOWN_BAR_Y + ROW_PITCH * MASTER_PLACES)
-        draw_time(puzzle_master_time(show.shown_puzzle, MASTER_PLACES), MASTER_Y + ROW_PITCH * MASTER_PLACES);
+        draw_time(puzzle_mastered_time(show.shown_puzzle), MASTER_Y + ROW_PITCH * MASTER_PLACES);
 }
 
 void draw_log(const puzzle_scores *scores) {

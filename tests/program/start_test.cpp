@@ -64,7 +64,11 @@ TEST(start, says_what_is_missing_or_damaged) {
         {"no log", [](auto &f) { put_folder(f, "bin/errorlog.log"), lose_entry(f, "ogg/click.ogg"); }, 0,
          "Could not open error log file errorlog.log"},
         {"damaged prefs", [](auto &f) { f.write("data/prefs", std::string(12, '\xFF')); }, 0, "copy is kept in"},
-        {"a folder for prefs", [](auto &f) { put_folder(f, "data/prefs"); }, 0, "Could not keep damaged file"},
+        {"a folder for prefs", [](auto &f) { put_folder(f, "data/prefs"); }, 0, "prefs for writing"},
+        {"no room to keep what is damaged",
+         [](auto &f) { f.write("data/prefs", "12"), put_folder(f, "data/prefs.bad"); }, 0,
+         "Could not keep damaged file"},
+        {"no such audio driver", [](auto &) { setenv("SDL_AUDIODRIVER", "nosuch", 1); }, 0, "sound will unavailable"},
         {"no place for scores", [](auto &f) { fs::create_symlink("no/scores", f.file("data/scores")); }, 0,
          "scores for writing"},
     };
@@ -75,6 +79,18 @@ TEST(start, says_what_is_missing_or_damaged) {
         const game_result result = play_game(folder, 16, walk_in_and_out);
         EXPECT_EQ(result.exit_code, row.exit_code) << result.said;
         EXPECT_NE((result.log + result.said).find(row.message), std::string::npos) << result.log << result.said;
+        unsetenv("SDL_AUDIODRIVER");
+    }
+}
+
+TEST(start, ends_without_a_display) {
+    for (const char *display : {"", ":54321"}) {
+        const game_folder folder;
+        unsetenv("SDL_VIDEODRIVER");
+        setenv("DISPLAY", display, 1);
+        const game_result result = play_game(folder, 16, walk_in_and_out);
+        EXPECT_EQ(result.exit_code, 1);
+        EXPECT_NE(result.said.find("no display\n"), std::string::npos) << result.said;
     }
 }
 

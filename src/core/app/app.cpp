@@ -40,21 +40,26 @@ namespace {
 constexpr u32 FRAME_PERIOD = 20; // ms
 constexpr i32 EFFECT_VOLUME = 128, MUSIC_VOLUME = 100;
 constexpr int EXIT_NO_SDL = 1, EXIT_RUNNING = 1, EXIT_NO_START = -1;
+constexpr i32 BOTH_SAVED = 2; // 1 each
 
 // Taken just before a normal exit, for the exit handler; 0 on every other way out.
 u32 open_web_page = 0;
 
 std::atomic<bool> two_threads = false; // only the end of the main loop may end the program meanwhile
 std::once_flag saved;
+std::atomic<bool> save_failed = false;
 
 // --- Shutdown ------------------------------------------------------------------------------------
 
 // On whichever thread the end comes first; another one waits until all is on the disk.
 void save() {
-    std::call_once(saved, [] {
-        prefs_save();
-        best_times_save();
-    });
+    std::call_once(saved, [] { save_failed = prefs_save() + best_times_save() < BOTH_SAVED; });
+}
+
+// What could not be saved, for want of room on the disk perhaps, is tried again at the very end.
+void save_again() {
+    if (save_failed && prefs_save() + best_times_save() < BOTH_SAVED)
+        std::fputs("Names and scores could not be saved\n", stderr);
 }
 
 void app_state_destroy() {
@@ -79,6 +84,7 @@ void app_exit_handler() {
     screen_shutdown_all();
     effects_shutdown();
     board_free_background();
+    save_again();
     best_times_destroy();
     app_state_destroy();
     cursor_shutdown();
@@ -167,11 +173,19 @@ void refuse_second_game() {
     std::exit(EXIT_RUNNING);
 }
 
+// Sound can be done without.
+bool start_sdl() {
+    constexpr u32 NEEDED = SDL_INIT_TIMER | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE;
+    return SDL_Init(NEEDED | SDL_INIT_AUDIO) == 0 || SDL_Init(NEEDED) == 0;
+}
+
 void start_up() {
     refuse_second_game();
     platform_join_desktop();
-    if (SDL_Init(SDL_INIT_TIMER | SDL_INIT_AUDIO | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE) < 0)
-        fail_with_sdl_error();
+    if (!start_sdl()) {
+        std::fprintf(stderr, "Fatal Error: %s\nno display\n", SDL_GetError());
+        std::exit(EXIT_NO_SDL);
+    }
     std::atexit(app_exit_handler);
     std::srand(static_cast<unsigned>(std::time(nullptr)));
     log_set_file("errorlog.log");

@@ -7,12 +7,13 @@
 #include "core/base/log.h"
 #include "core/base/strings.h"
 
-void app_state_set_name(app_state *state, const char *name) {
+i32 app_state_set_name(app_state *state, const char *name) {
     if (string_set(&state->player_name, name) < 0) {
         log_out_of_memory();
-        return;
+        return -1;
     }
     state->flags |= APP_NAME_SET;
+    return 1;
 }
 
 void app_state_select_puzzle(app_state *state, i32 index) {

@@ -33,7 +33,7 @@ inline bool app_has(u32 flag) {
     return app != nullptr && (app->flags.load() & flag) != 0;
 }
 
-void app_state_set_name(app_state *state, const char *name); // copies it, sets APP_NAME_SET
+i32 app_state_set_name(app_state *state, const char *name); // copies it, sets APP_NAME_SET; 1, or -1 (logged)
 void app_state_select_puzzle(app_state *state, i32 index);   // a puzzle type
 void app_request_quit();                                     // the program ends after this frame
 void app_quit_to_web_page();                                 // likewise, and then opens the maker's web page

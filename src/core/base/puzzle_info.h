@@ -42,6 +42,10 @@ constexpr const char *puzzle_title(i32 type) {
 constexpr i32 puzzle_master_time(i32 type, i32 k) {
     return PUZZLE_INFOS[type].master_times[k];
 }
+// Who needs no longer than the longest of them has mastered the puzzle.
+constexpr i32 puzzle_mastered_time(i32 type) {
+    return puzzle_master_time(type, MASTER_TIME_COUNT - 1);
+}
 
 // The order in which the title and splash screens list the types.
 inline constexpr i32 PUZZLE_LIST_ORDER[PUZZLE_COUNT] = {0, 10, 2, 9, 1, 3, 4, 5, 6, 7, 8};

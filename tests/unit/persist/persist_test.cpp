@@ -9,17 +9,38 @@
 #include "persist/best_times.h"
 #include "persist/best_times_file.h"
 #include "persist/prefs.h"
+#include "platform/platform.h"
 #include "support/stored_files.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <limits>
 
 namespace fs = std::filesystem;
 
 namespace {
+
+// The writes to files of this process that still succeed.
+constexpr int MOST_WRITES = 6;
+struct full_disk {
+    int full_after = std::numeric_limits<int>::max();
+    bool for_good = true;     // or for one write
+    bool writes_half = false; // before it is found to be full
+};
+full_disk disk;
+
+int exit_code_of(pid_t pid) {
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
 
 std::string masters(i32 puzzle) {
     std::string text;
@@ -45,6 +66,24 @@ file_bytes first_of(const file_bytes &bytes, std::size_t size) {
     return {bytes.data(), bytes.data() + size};
 }
 
+} // namespace
+
+extern "C" ssize_t __real_write(int fd, const void *bytes, std::size_t count);
+extern "C" ssize_t __wrap_write(int fd, const void *bytes, std::size_t count) {
+    const bool full = disk.for_good ? disk.full_after <= 0 : disk.full_after == 0;
+    if (full && disk.writes_half) {
+        disk.writes_half = false;
+        return __real_write(fd, bytes, (count + 1) / 2);
+    }
+    --disk.full_after;
+    if (!full)
+        return __real_write(fd, bytes, count);
+    errno = ENOSPC;
+    return -1;
+}
+
+namespace {
+
 struct persist_test : testing::Test {
     const temp_game game;
     app_state state = {};
@@ -61,6 +100,18 @@ struct persist_test : testing::Test {
         settings = 0;
     }
     file_bytes stored(const char *name) const { return read_file(game.data(name)); }
+
+    // The names in the folder, sorted.
+    std::string listing() const {
+        std::set<std::string> names;
+        for (const auto &entry : fs::directory_iterator(game.data("")))
+            names.insert(entry.path().filename());
+        std::string text;
+        for (const std::string &name : names)
+            text += (text.empty() ? "" : " ") + name;
+        return text;
+    }
+    static int save_both() { return prefs_save() + best_times_save(); }
 
     // Loads these bytes into a new table, with nothing kept of an older file.
     void load_scores(const file_bytes &bytes) {
@@ -144,7 +195,7 @@ TEST_F(persist_test, damaged_scores_are_kept_with_all_that_could_be_read_of_them
     const file_bytes whole = stored_scores("Ann", 1);
     constexpr std::size_t NAME = 4, FIRST = 11, RUNS = 3 * FIRST; // first name's length, first place's end, runs
     std::vector<std::pair<file_bytes, std::size_t>> rows;         // and how many bytes are sound
-    for (std::size_t size = 0; size <= whole.size(); ++size)
+    for (std::size_t size = 1; size <= whole.size(); ++size)
         rows.emplace_back(first_of(whole, size), size);
     for (const auto &[at, number] : {std::pair{NAME, -1}, {NAME, 0x7FFFFFFF}, {RUNS, -1}, {RUNS, 0x7FFFFFFF}}) {
         file_bytes bytes = first_of(whole, at);
@@ -172,7 +223,6 @@ TEST_F(persist_test, prefs_come_back_and_damaged_ones_are_kept) {
         {{0, 0, 0, 1, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}, "1 - 0", true}, // a negative length
         {{0, 0, 0, 1, 0, 0, 0, 5, 0, 0, 0, 1}, "1 - 0", true},             // one byte too long
         {{9, 9, 9, 9, 0, 0, 0, 1, 0xC1, 0, 0, 2, 0}, "1 A 1", false},      // any version, any flag
-        {{}, "1 - 0", false},
     };
     for (std::size_t size = 1; size < ann.size(); ++size)
         rows.push_back({first_of(ann, size), size < 11 ? "1 - 0" : "1 Ann 0", true});
@@ -195,9 +245,19 @@ TEST_F(persist_test, prefs_come_back_and_damaged_ones_are_kept) {
     EXPECT_EQ(load_prefs(), "1 A\xE4  0");
 }
 
-TEST_F(persist_test, saves_spare_what_they_cannot_keep) {
+TEST_F(persist_test, an_empty_file_counts_as_none) {
+    write_file(game.data("scores"), {});
+    write_file(game.data("prefs"), {});
+    EXPECT_EQ(best_times_load(), -1);
+    EXPECT_EQ(masters(8), "The Master 420;Master 2 585;Master 3 750;");
+    EXPECT_EQ(load_prefs(), "-1 - 0");
+    EXPECT_EQ(save_both(), 2);
+    EXPECT_EQ(listing(), "prefs scores");
+}
+
+TEST_F(persist_test, damaged_files_are_spared_until_a_copy_is_kept) {
     fs::create_directory(game.data("prefs.bad")); // no copy can be made
-    const file_bytes damaged = {1, 2, 3}, ann = stored_prefs("Ann"), whole = stored_scores("Ann", 20);
+    const file_bytes damaged = {1, 2, 3}, ann = stored_prefs("Ann"), earlier = stored_scores("Ann", 2);
     write_file(game.data("prefs"), damaged);
     load_prefs();
     EXPECT_EQ(prefs_save(), -1);
@@ -209,29 +269,151 @@ TEST_F(persist_test, saves_spare_what_they_cannot_keep) {
     fs::create_symlink("prefs", game.data("prefs")); // leads to itself: there, but not to be opened
     EXPECT_EQ(load_prefs(), "-1 - 0");
     fs::remove(game.data("prefs"));
-    write_file(game.data("prefs"), ann);       // readable again before the program ends
-    write_file(game.data("prefs.bad"), whole); // of long ago
+    write_file(game.data("prefs"), ann);         // readable again before the program ends
+    write_file(game.data("prefs.bad"), earlier); // of long ago
+    disk.full_after = 0;
+    EXPECT_EQ(prefs_save(), -1);
+    EXPECT_EQ(stored("prefs.bad"), earlier) << "a copy that fails destroys none";
+    disk = {};
     EXPECT_EQ(prefs_save(), 1);
     EXPECT_EQ(stored("prefs.bad"), ann);
+}
 
-    load_scores(whole);
-    constexpr auto PRIVATE = fs::perms::owner_read | fs::perms::owner_write;
-    fs::permissions(game.data("scores"), PRIVATE);
+// The disk is full at each write of a save, for good or for this write, with nothing or with half of it written; there
+// was no file before, one of the same length, a shorter or a longer one.
+TEST_F(persist_test, a_full_disk_leaves_the_old_file_or_the_new_one) {
+    best_times_record(0, "Bob", 1);
     EXPECT_EQ(best_times_save(), 1);
-    EXPECT_EQ(fs::status(game.data("scores")).permissions(), PRIVATE);
+    const file_bytes fresh = stored("scores");
+    file_bytes same = fresh, longer = stored_scores("Ann", 20);
+    same[4 + 4] ^= 1; // in the first name
+    int saved_in_place = 0;
+    for (const file_bytes &before : {file_bytes(), same, stored_scores("Ann", 0), longer}) {
+        for (int tried = 0; tried < 4 * MOST_WRITES; ++tried) {
+            SCOPED_TRACE(testing::Message() << before.size() << " bytes, case " << tried);
+            fs::remove(game.data("scores"));
+            if (!before.empty())
+                write_file(game.data("scores"), before);
+            disk = {.full_after = tried / 4, .for_good = tried % 2 == 0, .writes_half = tried / 2 % 2 == 0};
+            const bool saved = best_times_save() == 1;
+            disk = {};
+            file_bytes expected = saved ? fresh : before;
+            if (saved && before.size() > fresh.size())
+                expected.insert(expected.end(), before.begin() + std::ssize(fresh), before.end());
+            EXPECT_EQ(stored("scores"), expected);
+            EXPECT_EQ(listing(), expected.empty() ? "" : "scores");
+            saved_in_place += saved && tried < 4 ? 1 : 0;
+            EXPECT_EQ(best_times_save(), 1) << "as soon as there is room";
+        }
+    }
+    EXPECT_EQ(saved_in_place, 3 * 2) << "where only the file beside the old one finds no room";
+}
+
+TEST_F(persist_test, a_limit_on_files_is_no_reason_to_cut_one) {
+    const file_bytes whole = stored_scores("Ann", 20);
+    load_scores(whole);
     best_times_record(0, "Bob", 1);
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit usual = {};
     getrlimit(RLIMIT_FSIZE, &usual);
     const rlimit small = {4096, usual.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
-    EXPECT_EQ(best_times_save(), -1) << "a full disk";
+    EXPECT_EQ(best_times_save(), -1);
     setrlimit(RLIMIT_FSIZE, &usual);
     EXPECT_EQ(stored("scores"), whole);
-    EXPECT_FALSE(fs::exists(game.data("scores.new")));
-    fs::create_directory(game.data("scores.new"));
-    EXPECT_EQ(best_times_save(), 1) << "in place";
-    EXPECT_NE(stored("scores"), whole);
+    EXPECT_EQ(listing(), "scores");
+}
+
+TEST_F(persist_test, two_processes_save_at_one_moment) {
+    constexpr int SAVES = 100;
+    const auto all_saved = [] {
+        for (int i = 0; i < SAVES; ++i)
+            if (best_times_save() != 1)
+                _exit(1);
+        _exit(0);
+    };
+    pid_t pids[2];
+    for (pid_t &pid : pids)
+        if ((pid = fork()) == 0)
+            all_saved();
+    for (const pid_t pid : pids)
+        EXPECT_EQ(exit_code_of(pid), 0);
+    EXPECT_EQ(listing(), "scores");
+}
+
+TEST_F(persist_test, what_a_killed_save_left_goes_with_the_next_claim) {
+    for (const char *name : {"scores.new-123", "scores", "a.new-12b", "b.new-"})
+        write_file(game.data(name), {1});
+    EXPECT_TRUE(platform_claim_folder("..\\data"));
+    EXPECT_EQ(listing(), "a.new-12b b.new- scores");
+}
+
+// --- As somebody else, which only root can be ----------------------------------------------------
+
+constexpr uid_t NOBODY = 65534;
+
+struct as_nobody : persist_test {
+    void SetUp() override {
+        if (geteuid() != 0)
+            GTEST_SKIP() << "only root can be two users";
+        constexpr auto OTHERS = fs::perms::others_all | fs::perms::group_all | fs::perms::owner_all;
+        fs::permissions(game.root, OTHERS);
+        fs::permissions(game.data(""), OTHERS);
+    }
+    // What both saves give to nobody: 2 when both are saved.
+    int save_as_nobody() {
+        const pid_t pid = fork();
+        if (pid == 0) {
+            if (setgid(NOBODY) != 0 || setuid(NOBODY) != 0)
+                _exit(EXIT_FAILURE);
+            static_cast<void>(prefs_load());
+            static_cast<void>(best_times_load());
+            best_times_record(0, "Bob", 1);
+            _exit(2 + save_both());
+        }
+        return exit_code_of(pid) - 2;
+    }
+};
+
+TEST_F(as_nobody, a_file_keeps_its_owner_and_permissions) {
+    constexpr auto PRIVATE = fs::perms::owner_read | fs::perms::owner_write;
+    write_file(game.data("scores"), stored_scores("Ann", 1));
+    fs::permissions(game.data("scores"), PRIVATE);
+    ASSERT_EQ(chown(game.data("scores").c_str(), NOBODY, NOBODY), 0);
+    EXPECT_EQ(best_times_save(), 1) << "by root";
+    struct stat status = {};
+    stat(game.data("scores").c_str(), &status);
+    EXPECT_EQ(status.st_uid, NOBODY);
+    EXPECT_EQ(status.st_gid, NOBODY);
+    EXPECT_EQ(fs::status(game.data("scores")).permissions(), PRIVATE);
+    EXPECT_EQ(save_as_nobody(), 2);
+}
+
+TEST_F(as_nobody, saves_over_others_files_in_a_sticky_folder) {
+    const file_bytes old = stored_scores("Ann", 20);
+    write_file(game.data("scores"), old);
+    fs::permissions(game.data("scores"), fs::perms::others_read | fs::perms::others_write, fs::perm_options::add);
+    fs::permissions(game.data(""), fs::perms::sticky_bit, fs::perm_options::add);
+    EXPECT_EQ(save_as_nobody(), 2);
+    EXPECT_NE(stored("scores"), old);
+    EXPECT_EQ(best_times_load(), 1);
+    EXPECT_EQ(masters(0).substr(0, 6), "Bob 1;");
+    EXPECT_EQ(listing(), "prefs scores");
+}
+
+TEST_F(as_nobody, a_file_that_cannot_be_read_is_opened_for_writing_first) {
+    const file_bytes old = stored_scores("Ann", 1);
+    write_file(game.data("scores"), old);
+    ASSERT_EQ(chown(game.data("scores").c_str(), NOBODY, NOBODY), 0);
+    fs::permissions(game.data("scores"), fs::perms::none);
+    EXPECT_EQ(save_as_nobody(), 0) << "prefs alone";
+    EXPECT_EQ(stored("scores"), old);
+    EXPECT_EQ(listing(), "prefs scores") << "and no copy";
+    fs::permissions(game.data("scores"), fs::perms::owner_write);
+    EXPECT_EQ(save_as_nobody(), 2);
+    EXPECT_EQ(stored("scores.bad"), old);
+    EXPECT_TRUE(names_in_scores(stored("scores")).has_value());
+    EXPECT_EQ(listing(), "prefs scores scores.bad");
 }
 
 } // namespace
