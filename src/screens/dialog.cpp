@@ -58,6 +58,7 @@ struct dialog_state {
     char name_text[NAME_LIMIT + 1];
     i32 name_length;
     ptr_array<effect> *confetti; // owned
+    bool unconfirmed;            // a completed run is not recorded yet
 };
 dialog_state dialog;
 
@@ -83,6 +84,7 @@ void reset(const char *title) {
     std::memset(dialog.name_text, 0, sizeof dialog.name_text);
     dialog.name_length = 0;
     dialog.hovered = nullptr;
+    dialog.unconfirmed = false;
     set_text(&dialog.title, title);
     const text_size size = text_measure(title);
     dialog.title_y = 1 - size.height - size.top; // just above the window
@@ -117,8 +119,7 @@ void name_confirmed(button *, std::intptr_t next, std::intptr_t) {
 }
 
 void completion_confirmed(button *, std::intptr_t, std::intptr_t) {
-    settings |= SETTINGS_COMPLETED;
-    best_times_record(app->board->type, app->player_name, app->board->clock.seconds);
+    dialog_record_completed();
     score_log_show(app->board->type);
     screen_request(SCREEN_SCORE_LOG);
 }
@@ -222,6 +223,7 @@ void dialog_enter_name(bool then_play) {
 void dialog_completed(i32 master_place, const char *message) {
     const bool master = master_place >= 0;
     reset("Congratulations");
+    dialog.unconfirmed = true;
     if (master)
         dialog.dialog_flags |= DIALOG_CELEBRATE;
     const bool empty = message == nullptr || message[0] == '\0';
@@ -230,6 +232,13 @@ void dialog_completed(i32 master_place, const char *message) {
         set_text(&dialog.lines[1], "You have achieved a Master's score!");
     const i32 drop = (empty ? EMPTY_LINE_DROP : LINE_DROP) + (master ? SECOND_LINE_DROP : 0);
     add_ok(COMPLETED_OK_Y + drop, completion_confirmed);
+}
+
+void dialog_record_completed() {
+    if (!std::exchange(dialog.unconfirmed, false))
+        return;
+    settings |= SETTINGS_COMPLETED;
+    best_times_record(app->board->type, app->player_name, app->board->clock.seconds);
 }
 
 i32 dialog_init() {

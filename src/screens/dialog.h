@@ -21,3 +21,6 @@ void dialog_ask_exit();
 void dialog_ask_return_to_title();
 void dialog_enter_name(bool then_play);                       // confirmed: the play screen, else the title
 void dialog_completed(i32 master_place, const char *message); // master_place -1: no master's score
+
+// Records the run that dialog_completed congratulates on, once: when that is confirmed, or the program ends before.
+void dialog_record_completed();

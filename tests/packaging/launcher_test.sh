@@ -22,7 +22,7 @@ error) echo "no display" >&2; exit 1 ;;
 esac
 [ -z "${PLAY:-}" ] || { trap 'kill $! 2>/dev/null' TERM; sleep "$PLAY" 7<&- & touch "$STARTED"; wait; }
 echo "in:$PWD arguments:$#:$* archive:$(cat ../data/data.dar) scores:$(cat ../data/scores 2>/dev/null)"
-echo "of ${WHO:-Ann}" >../data/scores
+[ "${BREAK:-}" = full ] || echo "of ${WHO:-Ann}" >../data/scores
 exit "${END:-0}"
 GAME
 chmod +x "$work/game"
@@ -133,6 +133,8 @@ BREAK=log END=255 starts "damaged archive" 255 "" "*has failed: archive is damag
 told "damaged archive" "notify-send *archive is damaged"
 BREAK=error starts "no display" 1 "" "*no display*"
 told "no display" "notify-send *no display"
+BREAK=full starts "full disk" 0 "in:*" "*could not be saved*"
+told "full disk" "notify-send *could not be saved*"
 
 export END=5
 begin One

@@ -22,6 +22,7 @@
 #include "puzzles/background.h"
 #include "puzzles/board.h"
 #include "resources/archive.h"
+#include "screens/dialog.h"
 #include "screens/screen_table.h"
 #include "sound/sound.h"
 #include "sprites/effect.h"
@@ -242,6 +243,7 @@ void app_run() {
         fail_with_sdl_error();
     two_threads = true;
     main_loop();
+    dialog_record_completed();
     save();
     render_stop(renderer);
     two_threads = false;

@@ -34,6 +34,6 @@ inline bool app_has(u32 flag) {
 }
 
 i32 app_state_set_name(app_state *state, const char *name); // copies it, sets APP_NAME_SET; 1, or -1 (logged)
-void app_state_select_puzzle(app_state *state, i32 index);   // a puzzle type
-void app_request_quit();                                     // the program ends after this frame
-void app_quit_to_web_page();                                 // likewise, and then opens the maker's web page
+void app_state_select_puzzle(app_state *state, i32 index);  // a puzzle type
+void app_request_quit();                                    // the program ends after this frame
+void app_quit_to_web_page();                                // likewise, and then opens the maker's web page
