@@ -39,9 +39,9 @@ static constexpr const char *USAGE =
 
 static constexpr int FIRST = 0, SECOND = 2; // the counting puzzles
 static constexpr int SCALE = 2;             // of the larger display
-static constexpr column_button SCORES = {TITLE_SET, TITLE_SCORES_BUTTON, 5}, NAME = {TITLE_SET, TITLE_NAME_BUTTON, 4};
+static constexpr side_button SCORES = {TITLE_SET, TITLE_SCORES_BUTTON, 5}, NAME = {TITLE_SET, TITLE_NAME_BUTTON, 4};
 
-struct options {
+struct judge_options {
     game_options game;
     std::vector<int> puzzles;
     std::string road = "short", sdl2, depth32;
@@ -50,7 +50,7 @@ struct options {
 
 // --- Roads: whole visits, from the program's start to its end --------------------------------------------------
 
-static pid_t enter(const options &chosen) {
+static pid_t enter(const judge_options &chosen) {
     if (chosen.audio)
         ears_record();
     const pid_t program = game_start();
@@ -66,7 +66,7 @@ static void leave() {
 }
 
 // What was played is there again after the next start.
-static void look_again(const options &chosen, const std::vector<int> &played) {
+static void look_again(const judge_options &chosen, const std::vector<int> &played) {
     enter(chosen);
     for (const int type : played) {
         moments_about(&puzzle_kind_of(type));
@@ -80,7 +80,7 @@ static void look_again(const options &chosen, const std::vector<int> &played) {
 }
 
 // Both counting puzzles and every screen.
-static void short_road(const options &chosen) {
+static void short_road(const judge_options &chosen) {
     enter(chosen);
     title_help();
     title_credits();
@@ -92,7 +92,7 @@ static void short_road(const options &chosen) {
 }
 
 // All puzzles, or some, with all detours.
-static void long_road(const options &chosen) {
+static void long_road(const judge_options &chosen) {
     enter(chosen);
     title_help();
     title_credits();
@@ -106,7 +106,7 @@ static void long_road(const options &chosen) {
 }
 
 // A run, then SIGTERM; the second start knows the run.
-static void signal_road(const options &chosen) {
+static void signal_road(const judge_options &chosen) {
     const pid_t program = enter(chosen);
     visit(puzzle_kind_of(FIRST), {.wander = false});
     kill(program, SIGTERM);
@@ -115,18 +115,18 @@ static void signal_road(const options &chosen) {
     look_again(chosen, {FIRST});
 }
 
-static const std::map<std::string, std::function<void(const options &)>> ROADS = {
+static const std::map<std::string, std::function<void(const judge_options &)>> ROADS = {
     {"short", short_road}, {"long", long_road}, {"signal", signal_road}};
 
 // --- Options and set-ups ---------------------------------------------------------------------------------------
 
-static options parse(int count, char **words) {
+static judge_options parse(int count, char **words) {
     static const option KNOWN[] = {
         {"program", required_argument, nullptr, 'p'}, {"road", required_argument, nullptr, 'r'},
         {"puzzle", required_argument, nullptr, 'z'},  {"failure", required_argument, nullptr, 'f'},
         {"audio", no_argument, nullptr, 'a'},         {"sdl2", required_argument, nullptr, 's'},
         {"depth32", required_argument, nullptr, 'd'}, {nullptr, 0, nullptr, 0}};
-    options chosen;
+    judge_options chosen;
     bool known = true;
     // clang-format off
     for (int c = 0; (c = getopt_long(count, words, "", KNOWN, nullptr)) != -1;) {
@@ -162,7 +162,7 @@ static void start_window_manager() {
 }
 
 int main(int count, char **words) {
-    const options chosen = parse(count, words);
+    const judge_options chosen = parse(count, words);
     const int scale = chosen.sdl2.empty() ? 1 : SCALE;
     display_start(scale * SCREEN_WIDTH, scale * SCREEN_HEIGHT);
     game_prepare(chosen.game);

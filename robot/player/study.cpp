@@ -14,9 +14,9 @@
 
 #include <string>
 
-static constexpr column_button BACK = {STUDY_SET, STUDY_BACK_BUTTON, 1}, PLAY = {STUDY_SET, STUDY_PLAY_BUTTON, 2},
-                               HELP = {STUDY_SET, STUDY_HELP_BUTTON, 3}, CLEAR = {STUDY_SET, STUDY_CLEAR_BUTTON, 4},
-                               FILL = {STUDY_SET, STUDY_FILL_BUTTON, 5};
+static constexpr side_button BACK = {STUDY_SET, STUDY_BACK_BUTTON, 1}, PLAY = {STUDY_SET, STUDY_PLAY_BUTTON, 2},
+                             HELP = {STUDY_SET, STUDY_HELP_BUTTON, 3}, CLEAR = {STUDY_SET, STUDY_CLEAR_BUTTON, 4},
+                             FILL = {STUDY_SET, STUDY_FILL_BUTTON, 5};
 static constexpr point BUTTON_INSIDE = {15, 15}; // from a button's corner
 static constexpr int HELP_BELOW_BOARD = 30;
 

@@ -16,9 +16,8 @@
 #include <array>
 #include <string>
 
-static constexpr column_button EXIT = {TITLE_SET, TITLE_EXIT_BUTTON, 1}, HELP = {TITLE_SET, TITLE_HELP_BUTTON, 2},
-                               CREDITS = {TITLE_SET, TITLE_CREDITS_BUTTON, 3},
-                               STUDY = {TITLE_SET, TITLE_STUDY_BUTTON, 6};
+static constexpr side_button EXIT = {TITLE_SET, TITLE_EXIT_BUTTON, 1}, HELP = {TITLE_SET, TITLE_HELP_BUTTON, 2},
+                             CREDITS = {TITLE_SET, TITLE_CREDITS_BUTTON, 3}, STUDY = {TITLE_SET, TITLE_STUDY_BUTTON, 6};
 
 static constexpr int ROW_TEXT_X = 70, ROW_TEXT_Y = 148, MARK_X = 22;
 static constexpr point HEADING_AT = {30, 14}, SPLASH_BUTTON = {659, 480};
@@ -36,16 +35,16 @@ void button_click(const picture &normal, point at) {
     hands_click(at + picture_middle(normal));
 }
 
-const picture &column_picture(const column_button &button) {
+const picture &column_picture(const side_button &button) {
     return library_picture(button.set, button.looks[BUTTON_LOOK_NORMAL]);
 }
 
-point column_place(const column_button &button) {
+point column_place(const side_button &button) {
     const picture &p = column_picture(button);
     return {COLUMN_RIGHT - p.width, column_top(button.rise, p.height)};
 }
 
-void column_click(const column_button &button) {
+void column_click(const side_button &button) {
     button_click(column_picture(button), column_place(button));
 }
 

@@ -17,14 +17,14 @@
 void button_click(const picture &normal, point at); // waits for the button's own picture first
 
 // A button of the column at the right edge of title and study screen; `rise` is counted from the lowest, which is 1.
-struct column_button {
+struct side_button {
     const picture_set &set;
     set_part looks;
     int rise;
 };
-const picture &column_picture(const column_button &button); // when it is left alone
-point column_place(const column_button &button);
-void column_click(const column_button &button);
+const picture &column_picture(const side_button &button); // when it is left alone
+point column_place(const side_button &button);
+void column_click(const side_button &button);
 
 // A sequence of help bubbles of which this is the first: waits for it and clicks until it is gone, on something that
 // would answer if the bubbles did not take the clicks. The last of them is `seen`.

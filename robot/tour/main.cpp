@@ -28,18 +28,18 @@ static constexpr const char *USAGE =
 static constexpr double WATCH_SECONDS = 2;          // for each picture that somebody watches
 static constexpr std::array PLAYED = {0, 10, 9, 1}; // a puzzle of each kind; the others are studied only
 
-struct options {
+struct tour_options {
     game_options game;
     std::string pictures;
 };
 
-static options parse(int count, char **words) {
+static tour_options parse(int count, char **words) {
     static const option KNOWN[] = {{"program", required_argument, nullptr, 'p'},
                                    {"pictures", required_argument, nullptr, 'i'},
                                    {"failure", required_argument, nullptr, 'f'},
                                    {"visitors", no_argument, nullptr, 'v'},
                                    {nullptr, 0, nullptr, 0}};
-    options chosen;
+    tour_options chosen;
     bool known = true;
     // clang-format off
     for (int c = 0; (c = getopt_long(count, words, "", KNOWN, nullptr)) != -1;) {
@@ -74,7 +74,7 @@ static void take_tour() {
 }
 
 int main(int count, char **words) {
-    const options chosen = parse(count, words);
+    const tour_options chosen = parse(count, words);
     const bool watched = chosen.game.visitors;
     if (watched) {
         display_open();
