@@ -170,7 +170,6 @@ int main(int count, char **words) {
         setenv("LD_PRELOAD", chosen.depth32.c_str(), 1);
     if (!chosen.sdl2.empty()) {
         start_window_manager();
-        hands_push();
         setenv("LD_LIBRARY_PATH", chosen.sdl2.c_str(), 1);
     }
     judge_begin();

@@ -114,10 +114,13 @@ void display_move_pointer(point to) {
     XFlush(connection);
 }
 
-void display_push_pointer(point by) {
-    XTestFakeRelativeMotionEvent(connection, by.x * shown_in.w / SCREEN_WIDTH, by.y * shown_in.h / SCREEN_HEIGHT,
-                                 CurrentTime);
-    XFlush(connection);
+void display_touch_corners() {
+    constexpr useconds_t STAY = 100'000; // long enough for several frames
+    for (const point corner : {point{0, 0}, {whole.w - 1, 0}, {whole.w - 1, whole.h - 1}, {0, whole.h - 1}, {0, 0}}) {
+        XTestFakeMotionEvent(connection, -1, corner.x, corner.y, CurrentTime);
+        XFlush(connection);
+        usleep(STAY);
+    }
 }
 
 void display_button(bool down) {

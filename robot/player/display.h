@@ -29,6 +29,6 @@ std::span<const std::uint32_t> display_grab(); // what it shows now: 0x00RRGGBB 
 void display_save(const std::string &path);    // what was grabbed last, as PNG; ends the robot when it cannot
 
 void display_move_pointer(point to);
-void display_push_pointer(point by); // by so much, wherever it is
-void display_button(bool down);      // the left one
+void display_touch_corners();   // of the whole display, all four with the edges between them
+void display_button(bool down); // the left one
 void display_key(unsigned long keysym, bool down);

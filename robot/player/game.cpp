@@ -5,7 +5,6 @@
 #include "game.h"
 #include "display.h"
 #include "eyes.h"
-#include "hands.h"
 #include "library.h"
 #include "process.h"
 #include "robot.h"
@@ -89,7 +88,6 @@ void game_prepare(const game_options &options) {
 pid_t game_start() {
     running = process_start({"./tavimo"}, folder / "said.txt", folder / "bin");
     eyes_set_alarm(ended_early);
-    hands_begin();
     return running;
 }
 

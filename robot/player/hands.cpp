@@ -15,23 +15,17 @@
 #include <chrono>
 #include <cstdlib>
 #include <functional>
-#include <optional>
 #include <string>
 #include <thread>
 
 static constexpr const cursor_shape &HOLDING = CURSOR_SHAPES[CURSOR_CLOSED_HAND];
 static constexpr point AWAY = {785, 200};
-static constexpr double LOST_SECONDS = 0.5; // without the cursor where it should be before looking for it elsewhere
-static constexpr double LATE_SECONDS = 4;   // likewise, when the game is known to hear of the pointer
-static constexpr double TAKE_SECONDS = 4;   // after which a piece that was not held is pressed again
-static constexpr int GLIDE_STEP = 12;       // pixels
+static constexpr double TAKE_SECONDS = 4; // after which a piece that was not held is pressed again
+static constexpr int GLIDE_STEP = 12;     // pixels
 static constexpr auto GLIDE_TIME = std::chrono::milliseconds(8);   // a step
 static constexpr auto CLICK_TIME = std::chrono::milliseconds(300); // of a click that nothing answers
 
-static point here;  // where the robot's cursor is
-static point shift; // from there to the place where the pointer has to be put
-static bool pushes; // the pointer is moved by so much, not to a place: some games hear only of that
-static bool way_known, place_known;
+static point here; // where the pointer is, and the cursor must be
 static bool glides;
 
 static bool cursor_at(const cursor_shape &c, point at) {
@@ -40,13 +34,6 @@ static bool cursor_at(const cursor_shape &c, point at) {
 
 static bool any_cursor_at(point at) {
     return std::ranges::any_of(CURSOR_SHAPES, [at](const cursor_shape &c) { return cursor_at(c, at); });
-}
-
-static std::optional<point> find_cursor() {
-    for (const cursor_shape &c : CURSOR_SHAPES)
-        if (const auto corners = eyes_find(library_picture(c.pictures, 0)); !corners.empty())
-            return corners[0] + c.hot;
-    return std::nullopt;
 }
 
 static void overlook_cursor() {
@@ -65,19 +52,10 @@ void hands_glide() {
     glides = true;
 }
 
-void hands_push() {
-    pushes = way_known = true;
-}
-
-void hands_begin() {
-    place_known = false;
-}
-
 // Waits until the cursor shows what was done; when it has not for so many seconds, does it `again`. On a busy machine
-// the first time may just be late and both may show; so after a second time it counts only when it lasts. Whether there
-// was a second time.
-static bool insist(const std::string &what, double seconds, const std::function<bool()> &shows,
-                   const std::function<bool()> &again) {
+// the first time may just be late and both may show; so after a second time it counts only when it lasts.
+static void insist(const std::string &what, double seconds, const std::function<bool()> &shows,
+                   const std::function<void()> &again) {
     using steady = std::chrono::steady_clock;
     bool repeated = false;
     auto done = steady::now(), missing = done;
@@ -89,24 +67,12 @@ static bool insist(const std::string &what, double seconds, const std::function<
         missing = now;
         if (now - done < patience)
             return false;
-        if (again()) {
-            patience *= 2;
-            repeated = true;
-        }
+        again();
+        patience *= 2;
+        repeated = true;
         done = missing = steady::now();
         return false;
     });
-    return repeated;
-}
-
-// Moves the pointer so that the cursor should go from where it was seen to the goal.
-static void aim(point seen, point goal) {
-    if (pushes) {
-        display_push_pointer(goal - seen);
-        return;
-    }
-    shift = shift + here - seen;
-    display_move_pointer(goal + shift);
 }
 
 static void glide_towards(point goal) {
@@ -114,33 +80,26 @@ static void glide_towards(point goal) {
     const int steps = std::max(std::abs(way.x), std::abs(way.y)) / GLIDE_STEP;
     for (int step = 1; step < steps; ++step) {
         const point next = from + point{way.x * step / steps, way.y * step / steps};
-        aim(here, next);
-        here = next;
+        display_move_pointer(next);
         std::this_thread::sleep_for(GLIDE_TIME);
     }
 }
 
-// Some games hear of the pointer's place, some of its movements only. When the cursor has not come to the goal, the
-// robot looks where it came to rest and tries again, as long as it does not know the game's way the other way too.
+// The pointer is put to a place, as fingers, pens and remote desktops do it; nothing corrects where the cursor goes.
 static void move_to(point goal) {
     eyes_overlook({});
     if (glides)
         glide_towards(goal);
-    aim(here, goal);
+    display_move_pointer(goal);
     here = goal;
-    const auto aim_again = [goal] {
-        const auto seen = find_cursor();
-        if (!seen)
-            return false;
-        pushes ^= !way_known;
-        aim(*seen, goal);
-        return true;
-    };
-    const bool repeated = insist(
-        "the mouse cursor at " + eyes_place(goal), place_known ? LATE_SECONDS : LOST_SECONDS,
-        [goal] { return any_cursor_at(goal); }, aim_again);
-    way_known = place_known = way_known || !repeated;
+    eyes_until("the mouse cursor exactly at " + eyes_place(goal) + ", where the pointer is",
+               [goal] { return any_cursor_at(goal); });
     overlook_cursor();
+}
+
+void hands_touch_edges() {
+    display_touch_corners();
+    move_to(AWAY);
 }
 
 // A pixel to the side: when the cursor is there, the game has noticed all that came before.
@@ -203,7 +162,6 @@ void hands_take(point at) {
         display_button(false);
         std::this_thread::sleep_for(CLICK_TIME);
         display_button(true);
-        return true;
     };
     insist(
         "the holding cursor over the piece at " + eyes_place(at), TAKE_SECONDS, [] { return cursor_at(HOLDING, here); },

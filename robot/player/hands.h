@@ -1,8 +1,8 @@
 // hands.h: the robot's mouse and keyboard.
 //
 // One thread. The game draws its own mouse cursor; every movement is over only when the cursor is seen at the new
-// place. That is also how the robot knows that a click or a key has been noticed: after it the mouse moves by a
-// pixel, and the game sees both in order.
+// place, to the pixel. That is also how the robot knows that a click or a key has been noticed: after it the mouse
+// moves by a pixel, and the game sees both in order.
 //
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: The Tavimo developers
@@ -14,9 +14,8 @@
 
 #include <string>
 
-void hands_glide(); // from now on the pointer travels where it goes, at a pace that an eye can follow
-void hands_push();  // the game is known to hear of the pointer's movements, not of its place
-void hands_begin(); // a game has started: where its cursor is has to be found out
+void hands_glide();       // from now on the pointer travels where it goes, at a pace that an eye can follow
+void hands_touch_edges(); // and back into the game's picture: the cursor must still be where the pointer is
 void hands_move(point to);
 void hands_move_away(); // over nothing on any screen, and under no help bubble
 void hands_nudge();     // moves by a pixel

@@ -120,7 +120,9 @@ static const picture &until_splash(const set_part &button, moment seen) {
 }
 
 void splash_leave() {
-    button_click(until_splash(SPLASH_GO_BUTTON, moment::SPLASH), SPLASH_BUTTON);
+    const picture &go = until_splash(SPLASH_GO_BUTTON, moment::SPLASH);
+    hands_touch_edges();
+    button_click(go, SPLASH_BUTTON);
     title_await();
 }
 
