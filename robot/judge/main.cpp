@@ -28,14 +28,15 @@
 
 static constexpr const char *USAGE =
     "usage: tavimo-robot --program PATH [--road short|long|signal] [--puzzle N]... [--failure PNG]\n"
-    "                    [--audio] [--sdl2 FOLDER] [--depth32 LIBRARY]\n"
+    "                    [--audio] [--sdl2 FOLDER] [--depth32 LIBRARY] [--vnc]\n"
     "  --program   the game, with its archive in ../data beside it\n"
     "  --road      short: two puzzles; long: all eleven; signal: ended by SIGTERM\n"
     "  --puzzle    one puzzle of the long road by its number, several times for more; default: all\n"
     "  --failure   where the screenshot goes when something expected is not seen\n"
     "  --audio     records the sound and checks it\n"
     "  --sdl2      folder of the SDL 1.2 library that stands on SDL 2; plays in full screen, scaled\n"
-    "  --depth32   library that refuses 16-bit modes\n";
+    "  --depth32   library that refuses 16-bit modes\n"
+    "  --vnc       on the display of a VNC server, which must be installed\n";
 
 static constexpr int FIRST = 0, SECOND = 2; // the counting puzzles
 static constexpr int SCALE = 2;             // of the larger display
@@ -45,7 +46,7 @@ struct judge_options {
     game_options game;
     std::vector<int> puzzles;
     std::string road = "short", sdl2, depth32;
-    bool audio = false;
+    bool audio = false, vnc = false;
 };
 
 // --- Roads: whole visits, from the program's start to its end --------------------------------------------------
@@ -121,11 +122,15 @@ static const std::map<std::string, std::function<void(const judge_options &)>> R
 // --- Options and set-ups ---------------------------------------------------------------------------------------
 
 static judge_options parse(int count, char **words) {
-    static const option KNOWN[] = {
-        {"program", required_argument, nullptr, 'p'}, {"road", required_argument, nullptr, 'r'},
-        {"puzzle", required_argument, nullptr, 'z'},  {"failure", required_argument, nullptr, 'f'},
-        {"audio", no_argument, nullptr, 'a'},         {"sdl2", required_argument, nullptr, 's'},
-        {"depth32", required_argument, nullptr, 'd'}, {nullptr, 0, nullptr, 0}};
+    static const option KNOWN[] = {{"program", required_argument, nullptr, 'p'},
+                                   {"road", required_argument, nullptr, 'r'},
+                                   {"puzzle", required_argument, nullptr, 'z'},
+                                   {"failure", required_argument, nullptr, 'f'},
+                                   {"audio", no_argument, nullptr, 'a'},
+                                   {"sdl2", required_argument, nullptr, 's'},
+                                   {"depth32", required_argument, nullptr, 'd'},
+                                   {"vnc", no_argument, nullptr, 'v'},
+                                   {nullptr, 0, nullptr, 0}};
     judge_options chosen;
     bool known = true;
     // clang-format off
@@ -138,6 +143,7 @@ static judge_options parse(int count, char **words) {
         case 'a': chosen.audio = true; break;
         case 's': chosen.sdl2 = optarg; break;
         case 'd': chosen.depth32 = std::filesystem::absolute(optarg); break;
+        case 'v': chosen.vnc = true; break;
         default: known = false;
         }
     }
@@ -163,15 +169,16 @@ static void start_window_manager() {
 
 int main(int count, char **words) {
     const judge_options chosen = parse(count, words);
-    const int scale = chosen.sdl2.empty() ? 1 : SCALE;
-    display_start(scale * SCREEN_WIDTH, scale * SCREEN_HEIGHT);
+    const bool desktop = chosen.vnc || !chosen.sdl2.empty();
+    const int scale = desktop ? SCALE : 1;
+    display_start(scale * SCREEN_WIDTH, scale * SCREEN_HEIGHT, chosen.vnc);
     game_prepare(chosen.game);
     if (!chosen.depth32.empty())
         setenv("LD_PRELOAD", chosen.depth32.c_str(), 1);
-    if (!chosen.sdl2.empty()) {
+    if (desktop)
         start_window_manager();
+    if (!chosen.sdl2.empty())
         setenv("LD_LIBRARY_PATH", chosen.sdl2.c_str(), 1);
-    }
     judge_begin();
     ROADS.at(chosen.road)(chosen);
     if (chosen.audio)

@@ -22,19 +22,21 @@ static cairo_surface_t *screen;  // all that the display shows
 static cairo_surface_t *grabbed; // in the game's pixels
 
 // The server picks a free display number and writes it to the pipe.
-static std::string start_server(int width, int height) {
+static std::string start_server(int width, int height, bool remote) {
     int ends[2];
     robot_expect(pipe(ends) == 0, "a pipe can be made");
-    const std::string size = std::to_string(width) + "x" + std::to_string(height) + "x24";
-    const pid_t server = process_start(
-        {"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", size, "-nolisten", "tcp", "-noreset"});
+    const std::string size = std::to_string(width) + "x" + std::to_string(height), number_to = std::to_string(ends[1]);
+    const pid_t server = remote ? process_start({"Xvnc", "-displayfd", number_to, "-geometry", size, "-depth", "24",
+                                                 "-SecurityTypes", "None", "-localhost", "-rfbport", "-1", "-noreset"})
+                                : process_start({"Xvfb", "-displayfd", number_to, "-screen", "0", size + "x24",
+                                                 "-nolisten", "tcp", "-noreset"});
     close(ends[1]);
     robot_at_end([server](bool) { process_stop(server); });
     std::string number;
     for (char c = 0; read(ends[0], &c, 1) == 1 && c != '\n';)
         number += c;
     close(ends[0]);
-    robot_expect(!number.empty(), "Xvfb starts");
+    robot_expect(!number.empty(), "the X server starts");
     return ":" + number;
 }
 
@@ -51,8 +53,8 @@ void display_open() {
     grabbed = cairo_image_surface_create(CAIRO_FORMAT_RGB24, SCREEN_WIDTH, SCREEN_HEIGHT);
 }
 
-void display_start(int width, int height) {
-    setenv("DISPLAY", start_server(width, height).c_str(), 1);
+void display_start(int width, int height, bool remote) {
+    setenv("DISPLAY", start_server(width, height, remote).c_str(), 1);
     display_open();
     XChangePointerControl(connection, True, True, 1, 1, 0); // no acceleration
 }

@@ -20,7 +20,8 @@ constexpr int window_centre(int width) {
     return (SCREEN_WIDTH - width) >> 1;
 }
 
-void display_start(int width, int height); // a virtual one; where it is larger, it may show the game scaled
+// A virtual one; where it is larger, it may show the game scaled. Remote: a remote desktop's, of a VNC server.
+void display_start(int width, int height, bool remote = false);
 void display_open();                       // the one that $DISPLAY names, as it is
 std::vector<rect> display_frames();        // where the game's picture may be: each window, as far as it fits
 void display_set_frame(const rect &frame); // where it is; at first, the whole display
