@@ -12,6 +12,7 @@
 #include "persist/best_times.h"
 #include "persist/best_times_file.h"
 #include "persist/prefs.h"
+#include "platform/platform.h"
 
 #include <SDL.h>
 #include <sys/ptrace.h>
@@ -67,10 +68,11 @@ bool kill_copy(pid_t pid, int stop) {
     return true;
 }
 
-// The next start in that folder, and its exit.
+// The next start in that folder, and its exit, which also clears away what was in the making.
 bool start_again(const fs::path &root) {
     return run_in_child([&] {
                fs::current_path(root / "bin");
+               static_cast<void>(platform_claim_folder("..\\data"));
                prefs_load();
                best_times_load();
                _exit(prefs_save() == 1 && best_times_save() == 1 ? 0 : 1);
@@ -99,6 +101,9 @@ bool copy_and_kill(int kind, int stop) {
     if (new_files[kind][1].size() < 2 * PIECE)
         monkey_fail("the program does not save by itself");
     const bool saves_again = start_again(root);
+    for (const auto &entry : fs::directory_iterator(root / "data"))
+        if (entry.path().string().find(".new") != std::string::npos)
+            monkey_fail("a killed save leaves " + entry.path().string());
     for (int i = 0; i < 2; ++i) {
         const bool whole = found[i] == old_files[kind][i] || found[i] == new_files[kind][i];
         const bool kept = read_file(root / "data" / (SAVED_FILES[i] + std::string(".bad"))) == found[i];
