@@ -148,6 +148,9 @@ SEAM(int, unlink, const char *path) {
 SEAM(int, SDL_Init, Uint32) {
     return strikes(SDL_START_FAILS) ? sdl_failed(-1) : __real_SDL_Init(SDL_INIT_VIDEO | SDL_INIT_NOPARACHUTE);
 }
+SEAM(int, SDL_InitSubSystem, Uint32) {
+    return 0;
+}
 SEAM(int, SDL_mutexP, SDL_mutex *) { // a child could not release what was taken before the fork
     return 0;
 }

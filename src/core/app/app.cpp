@@ -174,10 +174,12 @@ void refuse_second_game() {
     std::exit(EXIT_RUNNING);
 }
 
-// Sound can be done without.
+// Sound can be done without; sound_init says so.
 bool start_sdl() {
-    constexpr u32 NEEDED = SDL_INIT_TIMER | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE;
-    return SDL_Init(NEEDED | SDL_INIT_AUDIO) == 0 || SDL_Init(NEEDED) == 0;
+    if (SDL_Init(SDL_INIT_TIMER | SDL_INIT_VIDEO | SDL_INIT_JOYSTICK | SDL_INIT_NOPARACHUTE) < 0)
+        return false;
+    SDL_InitSubSystem(SDL_INIT_AUDIO);
+    return true;
 }
 
 void start_up() {
