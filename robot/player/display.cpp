@@ -27,7 +27,7 @@ static std::string start_server(int width, int height, bool remote) {
     robot_expect(pipe(ends) == 0, "a pipe can be made");
     const std::string size = std::to_string(width) + "x" + std::to_string(height), number_to = std::to_string(ends[1]);
     const pid_t server = remote ? process_start({"Xvnc", "-displayfd", number_to, "-geometry", size, "-depth", "24",
-                                                 "-SecurityTypes", "None", "-localhost", "-rfbport", "-1", "-noreset"})
+                                                 "-SecurityTypes", "None", "-localhost", "-noreset"})
                                 : process_start({"Xvfb", "-displayfd", number_to, "-screen", "0", size + "x24",
                                                  "-nolisten", "tcp", "-noreset"});
     close(ends[1]);
