@@ -209,7 +209,10 @@ int platform_may_write(const char *path) {
         platform_close(fd);
     if (fd >= 0 || errno != ENOENT || !find_target(&paths, path))
         return fd >= 0 ? 0 : -1;
-    *std::strrchr(paths.target, '/') = '\0'; // the folder
+    char *end = std::strrchr(paths.target, '/');
+    if (end == nullptr)
+        return access(".", W_OK | X_OK);
+    end[1] = '\0';
     return access(paths.target, W_OK | X_OK);
 }
 
@@ -243,8 +246,14 @@ int platform_copy_file(const char *from, const char *to) {
     if (old < 0)
         return put_in_place(paths, errno == EACCES && link(source, paths.beside) == 0);
     const int fresh = open(paths.beside, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, NEW_FILE_MODE);
-    const bool whole = fresh >= 0 && copy_descriptor(old, fresh) == 0;
-    platform_close(fresh);
+    bool whole = false;
+    if (fresh >= 0) {
+        struct stat status = {};
+        if (fstat(old, &status) == 0)
+            take_over(fresh, status);
+        whole = copy_descriptor(old, fresh) == 0;
+        platform_close(fresh);
+    }
     platform_close(old);
     return put_in_place(paths, whole);
 }
